@@ -1,0 +1,99 @@
+#include "common/sql/Sentencia.h"
+
+#include "common/Valores.h"
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+Sentencia Sentencia::deConsola(const QString &texto)
+{
+    Sentencia sentencia;
+    sentencia.m_texto = texto;
+    return sentencia;
+}
+
+Sentencia &Sentencia::operator<<(Fragmento fragmento)
+{
+    m_texto += fragmento.texto();
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(ComoEscrito valor)
+{
+    if (valor.texto.contains(u'\'') || valor.texto.contains(QChar::Null))
+        rechazar(valor.texto);
+    m_texto += valor.texto;
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(Doblado valor)
+{
+    if (valor.texto.contains(QChar::Null))
+        rechazar(valor.texto);
+    for (const QChar c : valor.texto) {
+        m_texto += c;
+        if (c == u'\'')
+            m_texto += c;
+    }
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(NumeroEscrito valor)
+{
+    QStringView cifras = valor.texto;
+    if (cifras.startsWith(u'-') || cifras.startsWith(u'+'))
+        cifras = cifras.sliced(1);
+    bool punto = false;
+    bool cifra = false;
+    bool bien = true;
+    for (const QChar c : cifras) {
+        if (esDigito(c))
+            cifra = true;
+        else if (c == u'.' && !punto)
+            punto = true;
+        else
+            bien = false;
+    }
+    if (!bien || !cifra)
+        m_defecto = u"«%1» no es un número."_s.arg(valor.texto.left(60));
+    m_texto += valor.texto;
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(Moneda importe)
+{
+    m_texto += importe.textoSql();
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(QDate fecha)
+{
+    m_texto += fechaCorta(fecha);
+    return *this;
+}
+
+Sentencia &Sentencia::operator<<(const Sentencia &otra)
+{
+    m_texto += otra.m_texto;
+    if (m_defecto.isEmpty())
+        m_defecto = otra.m_defecto;
+    return *this;
+}
+
+Sentencia Sentencia::desdeFrom() const
+{
+    Sentencia resto;
+    const qsizetype inicio = m_texto.indexOf(u"FROM"_s, 0, Qt::CaseSensitive);
+    if (inicio >= 0)
+        resto.m_texto = m_texto.sliced(inicio);
+    resto.m_defecto = m_defecto;
+    return resto;
+}
+
+void Sentencia::rechazar(QStringView valor)
+{
+    m_defecto = u"Comilla sin cerrar en el texto «%1»."_s.arg(valor.left(60));
+}
+
+} // namespace nv

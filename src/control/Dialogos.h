@@ -1,0 +1,35 @@
+#pragma once
+
+#include "common/ContratoBusqueda.h"
+#include "platform/widgets/DialogoPropio.h"
+
+#include <memory>
+
+class cEmpresa;
+
+namespace nv {
+
+class Conexion;
+
+/// What the component asks of the forms. It includes none of them: the one implementation stands above both.
+/// `padre` is the box's window; results are item codes (> 0), 0 none, -1 cancelled.
+class Dialogos
+{
+public:
+    virtual ~Dialogos() = default;
+
+    /// The search dialog of a model, not yet shown. Throws Error for a model without a dialog.
+    virtual DialogoPropio<ContratoBusqueda> crearBusqueda(qint16 modelo, QWidget *padre) = 0;
+
+    /// Reference matches list. `refProveedor` True: supplier references, of `proveedor` unless 0.
+    virtual qint32 elegirReferencia(QWidget *padre, ::cEmpresa &empresa, const QString &referencia, qint32 proveedor,
+                                    bool refProveedor) = 0;
+
+    /// PLU choice list.
+    virtual qint32 elegirPlu(QWidget *padre, ::cEmpresa &empresa, qint32 plu) = 0;
+};
+
+/// Defined by the wiring layer.
+std::unique_ptr<Dialogos> crearDialogos();
+
+} // namespace nv

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "common/sql/Sentencia.h"
+
+#include <QWidget>
+
+class cEmpresa;
+class QLabel;
+class nvTextBox;
+
+namespace nv {
+
+class Conexion;
+
+/// A code box with the name of its code beside it: base of the suite's pickers. F3 lists what can be chosen; an unknown
+/// code says so beside the box. Keys 0 or empty mean none: setting code 0 leaves the box empty.
+/// The name is loaded by `Cargar`, by Enter and on leaving the box.
+class SelectorCodigo : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QString Texto READ Texto WRITE setTexto)
+
+public:
+    explicit SelectorCodigo(QWidget *padre = nullptr);
+
+    void setConexion(Conexion *conexion) { m_conexion = conexion; }
+    void setcEmpresa(::cEmpresa *empresa) { m_empresa = empresa; }
+
+    /// Numeric value of the box; 0 when empty, no number or out of 32 bits.
+    qint32 Codigo() const;
+    void setCodigo(qint32 codigo);
+    /// Text of the box, trimmed.
+    QString Texto() const;
+    void setTexto(const QString &texto);
+    /// Name shown; empty while nothing known is chosen.
+    QString Nombre() const;
+    /// Whether the code in the box was found the last time it was loaded.
+    bool Existe() const { return m_existe; }
+    /// Loads the name of the code in the box; true when it exists. An empty box is no error. Throws nv::Error.
+    bool Cargar();
+    void Limpiar() { setTexto(QString()); }
+
+    nvTextBox *caja() const { return m_caja; }
+
+Q_SIGNALS:
+    void Cambio();             ///< the text of the box changed
+    void Entrada();            ///< the box received the focus
+    void Salida();             ///< the box lost the focus, its name loaded
+    void Intro(bool &tratada); ///< Enter, the name already loaded; set `tratada` to keep the focus here
+
+protected:
+    ::cEmpresa *empresa() const { return m_empresa; }
+
+    /// Statement that gives column `Nombre` of the code, and the one that lists `Codigo`, `Nombre`.
+    virtual Sentencia consultaNombre(const QString &codigo) const = 0;
+    virtual Sentencia consultaLista() const = 0;
+    /// Title of the F3 list and of its error messages.
+    virtual QString titulo() const = 0;
+    /// Whether codes are numbers (the box then takes digits only) or texts.
+    virtual bool codigosNumericos() const { return true; }
+
+private:
+    Conexion *m_conexion = nullptr;
+    ::cEmpresa *m_empresa = nullptr;
+    nvTextBox *m_caja;
+    QLabel *m_nombre;
+    bool m_existe = false;
+};
+
+} // namespace nv

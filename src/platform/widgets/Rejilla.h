@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QColor>
+#include <QTableView>
+#include <functional>
+#include <vector>
+
+namespace nv {
+
+class ModeloRejilla;
+
+/// A column of a grid as a dialog's table gives it.
+struct ColumnaRejilla
+{
+    QString titulo;
+    int twips = 0; ///< 0: the grid's default width
+    Qt::Alignment alineacion = Qt::AlignLeft;
+    bool oculta = false;
+};
+
+using FilaRejilla = std::vector<QString>;
+
+/// Result grid: one fixed heading row (row 0) and one row per item (1 and up). Rows are in the model, appended in
+/// blocks; nothing is sorted or fetched by itself. Column positions are the dialog's own enums.
+///
+/// Keys are offered to the dialog before the view moves (`alPulsar`); Enter gives `Intro` and presses no button; Space
+/// gives `Espacio`; the view's own keyboard search is off; Home and End go to the first and the last row.
+class Rejilla : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit Rejilla(QWidget *padre = nullptr);
+
+    void setColumnas(const std::vector<ColumnaRejilla> &columnas);
+    void setTitulo(int columna, const QString &titulo);
+    void setColumnaOculta(int columna, bool oculta);
+    /// Cells "1"/"0" drawn as ticked and empty boxes.
+    void setColumnaCasilla(int columna);
+    /// The last visible column takes the width that is left (its twips are its minimum). On by default.
+    void setEstirarUltima(bool estirar);
+
+    /// Rows including the heading: 1 when there are no data.
+    int filas() const;
+    int filasDatos() const { return filas() - 1; }
+    /// 0 = the heading.
+    int filaActual() const;
+    void setFilaActual(int fila);
+    /// Top visible data row (1 and up); 0 when empty.
+    int filaSuperior() const;
+
+    /// Cell text; row 0 gives the heading.
+    QString texto(int fila, int columna) const;
+    void setTexto(int fila, int columna, const QString &texto);
+    /// Sets a whole column of the data rows in one go.
+    void setTextoColumna(int columna, const QString &texto);
+    void setColorTexto(int fila, int columna, const QColor &color);
+    void setColorFondo(int fila, int columna, const QColor &color);
+
+    /// Down to the heading.
+    void vaciar();
+    void anadir(FilaRejilla fila);
+    void anadir(std::vector<FilaRejilla> filas);
+    /// Redrawing off and on around a block. Calls nest.
+    void setRedibujo(bool activo);
+    /// Stable reorder of the data rows; the current row stays the current item.
+    void ordenar(const std::function<bool(int filaA, int filaB)> &menor);
+
+    /// Offered every key before the view acts on it; true when it was dealt with.
+    std::function<bool(QKeyEvent *)> alPulsar;
+
+Q_SIGNALS:
+    void FilaCambiada(int fila);
+    /// The top row changed by scrolling, in rows.
+    void Desplazada(int antes, int ahora);
+    void Intro();
+    void Espacio();
+    /// A printable character with no meaning for the grid.
+    void Caracter(const QString &texto);
+    void Clic(int fila, int columna);
+    void DobleClic(int fila, int columna);
+    void TituloPulsado(int columna);
+
+protected:
+    void keyPressEvent(QKeyEvent *evento) override;
+    void keyboardSearch(const QString &) override {}
+    void mousePressEvent(QMouseEvent *evento) override;
+    void mouseDoubleClickEvent(QMouseEvent *evento) override;
+    void focusInEvent(QFocusEvent *evento) override;
+    void resizeEvent(QResizeEvent *evento) override;
+    void currentChanged(const QModelIndex &actual, const QModelIndex &anterior) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    ModeloRejilla *m_modelo;
+    std::vector<ColumnaRejilla> m_columnas;
+    int m_superior = 0;
+    int m_sinRedibujo = 0;
+};
+
+} // namespace nv

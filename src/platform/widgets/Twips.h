@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+/// One place that converts twips (1/1440 inch) through the widget's logical resolution.
+namespace nv::twips {
+
+/// To the nearest pixel. 1380 twips are 92 pixels at 96 dpi, and back.
+int aPixeles(int twips, const QWidget *widget);
+int dePixeles(int pixeles, const QWidget *widget);
+
+} // namespace nv::twips
