@@ -110,8 +110,7 @@ Transaccion::~Transaccion()
         return;
     try {
         m_conexion.Deshacer();
-    } catch (const Error &) {
-    }
+    } catch (const Error &) {}
 }
 
 void Transaccion::confirmar()

@@ -10,10 +10,10 @@ namespace nv {
 /// One statement as it went out.
 struct SucesoSentencia
 {
-    QString texto;        ///< as written, before any adaptation by the engine
-    qint64 nanosegundos;  ///< until the engine answered
-    qint64 filas;         ///< rows changed; -1 for a result or an error
-    QString error;        ///< description; empty when it went well
+    QString texto;       ///< as written, before any adaptation by the engine
+    qint64 nanosegundos; ///< until the engine answered
+    qint64 filas;        ///< rows changed; -1 for a result or an error
+    QString error;       ///< description; empty when it went well
 };
 
 class OyenteSentencias
@@ -69,7 +69,11 @@ private:
 class Transaccion
 {
 public:
-    explicit Transaccion(Conexion &conexion) : m_conexion(conexion) { m_conexion.Comenzar(); }
+    explicit Transaccion(Conexion &conexion)
+        : m_conexion(conexion)
+    {
+        m_conexion.Comenzar();
+    }
     Transaccion(const Transaccion &) = delete;
     Transaccion &operator=(const Transaccion &) = delete;
     ~Transaccion();

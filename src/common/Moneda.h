@@ -41,7 +41,9 @@ public:
     constexpr auto operator<=>(const Moneda &) const = default;
 
 private:
-    constexpr explicit Moneda(qint64 valor) : m_valor(valor) {}
+    constexpr explicit Moneda(qint64 valor)
+        : m_valor(valor)
+    {}
 
     qint64 m_valor = 0;
 };

@@ -29,7 +29,9 @@ class Registros
 {
 public:
     Registros() = default;
-    explicit Registros(std::unique_ptr<FuenteRegistros> fuente) : m_fuente(std::move(fuente)) {}
+    explicit Registros(std::unique_ptr<FuenteRegistros> fuente)
+        : m_fuente(std::move(fuente))
+    {}
 
     bool abierto() const { return m_fuente != nullptr; }
     /// Once past the end the result is closed.

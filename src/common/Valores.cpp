@@ -116,7 +116,8 @@ double Val(QStringView texto)
     const Numero numero = numeroInicial(texto);
     if (numero.cifras.isEmpty())
         return 0;
-    const QString normal = (numero.negativo ? u"-0."_s : u"0."_s) + numero.cifras + u'e' + QString::number(numero.enteras);
+    const QString normal =
+        (numero.negativo ? u"-0."_s : u"0."_s) + numero.cifras + u'e' + QString::number(numero.enteras);
     bool bien = false;
     const double valor = normal.toDouble(&bien);
     if (!std::isfinite(valor))

@@ -13,9 +13,9 @@ class Fragmento
 {
 public:
     template <std::size_t N>
-    consteval Fragmento(const char16_t (&literal)[N]) : m_texto(literal, N - 1)
-    {
-    }
+    consteval Fragmento(const char16_t (&literal)[N])
+        : m_texto(literal, N - 1)
+    {}
     constexpr QStringView texto() const { return m_texto; }
 
 private:
@@ -26,14 +26,18 @@ private:
 /// it is sent.
 struct ComoEscrito
 {
-    explicit ComoEscrito(QStringView t) : texto(t) {}
+    explicit ComoEscrito(QStringView t)
+        : texto(t)
+    {}
     QStringView texto;
 };
 
 /// Text that goes between quotes with its embedded quotes doubled.
 struct Doblado
 {
-    explicit Doblado(QStringView t) : texto(t) {}
+    explicit Doblado(QStringView t)
+        : texto(t)
+    {}
     QStringView texto;
 };
 
@@ -41,7 +45,9 @@ struct Doblado
 /// most one decimal point.
 struct NumeroEscrito
 {
-    explicit NumeroEscrito(QStringView t) : texto(t) {}
+    explicit NumeroEscrito(QStringView t)
+        : texto(t)
+    {}
     QStringView texto;
 };
 
@@ -57,9 +63,9 @@ public:
     static Sentencia deConsola(const QString &texto);
 
     Sentencia &operator<<(Fragmento fragmento);
-    Sentencia &operator<<(std::integral auto entero)
-        requires(!std::same_as<decltype(entero), bool> && !std::same_as<decltype(entero), char> &&
-                 !std::same_as<decltype(entero), char16_t>)
+    Sentencia &operator<<(std::integral auto entero) requires(!std::same_as<decltype(entero), bool> &&
+                                                              !std::same_as<decltype(entero), char> &&
+                                                              !std::same_as<decltype(entero), char16_t>)
     {
         m_texto += QString::number(entero);
         return *this;

@@ -1,0 +1,93 @@
+#include "dialogs/ListaEleccion.h"
+
+#include "common/Valores.h"
+#include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Twips.h"
+#include "platform/widgets/nvTextBox.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std::vector<ColumnaRejilla> &columnas,
+                             int columnaCodigo)
+    : QDialog(padre)
+    , m_buscado(new nvTextBox(this))
+    , m_rejilla(new Rejilla(this))
+    , m_columnaCodigo(columnaCodigo)
+{
+    setWindowTitle(u"Artículos"_s);
+    m_buscado->setObjectName(u"txtRef"_s);
+    m_buscado->setReadOnly(true);
+    m_buscado->setFocusPolicy(Qt::NoFocus);
+    m_buscado->setAccessibleName(etiqueta.chopped(1));
+    m_rejilla->setObjectName(u"vsLineas"_s);
+    m_rejilla->setAccessibleName(u"Artículos que coinciden"_s);
+    m_rejilla->setColumnas(columnas);
+
+    auto *aceptarBoton = new QPushButton(u"&Aceptar"_s, this);
+    aceptarBoton->setObjectName(u"cmdAceptar"_s);
+    auto *cancelar = new QPushButton(u"&Cancelar"_s, this);
+    cancelar->setObjectName(u"cmdCancelar"_s);
+    for (QPushButton *boton : {aceptarBoton, cancelar})
+        boton->setAutoDefault(false);
+
+    auto *arriba = new QHBoxLayout;
+    arriba->addWidget(new QLabel(etiqueta, this));
+    arriba->addWidget(m_buscado, 1);
+    arriba->addStretch(1);
+    auto *abajo = new QHBoxLayout;
+    abajo->addStretch();
+    abajo->addWidget(aceptarBoton);
+    abajo->addWidget(cancelar);
+    auto *todo = new QVBoxLayout(this);
+    todo->addLayout(arriba);
+    todo->addWidget(m_rejilla, 1);
+    todo->addLayout(abajo);
+    resize(twips::aPixeles(9000, this), twips::aPixeles(4500, this));
+
+    connect(m_rejilla, &Rejilla::Intro, this, &ListaEleccion::aceptar);
+    connect(m_rejilla, &Rejilla::DobleClic, this, [this](int fila, int) {
+        if (fila > 0)
+            aceptar();
+    });
+    connect(aceptarBoton, &QPushButton::clicked, this, &ListaEleccion::aceptar);
+    connect(cancelar, &QPushButton::clicked, this, &ListaEleccion::reject);
+}
+
+void ListaEleccion::MostrarModal()
+{
+    m_buscado->setText(textoBuscado());
+    try {
+        cargar();
+    } catch (const Error &error) {
+        const QString numero = error.numero > 0 ? u"[%1] "_s.arg(error.numero) : QString();
+        mensajes::mostrar(parentWidget(), numero + nombreCarga(), error.descripcion, mensajes::Icono::Critico);
+    }
+    if (m_rejilla->filasDatos() > 0)
+        m_rejilla->setFilaActual(1);
+    m_rejilla->setFocus();
+    exec();
+}
+
+void ListaEleccion::aceptar()
+{
+    const int fila = m_rejilla->filaActual();
+    if (fila < 1)
+        return;
+    Codigo = ValEntero32(m_rejilla->texto(fila, m_columnaCodigo));
+    hide();
+}
+
+void ListaEleccion::reject()
+{
+    Codigo = -1;
+    QDialog::reject();
+}
+
+} // namespace nv

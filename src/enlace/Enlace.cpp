@@ -1,0 +1,50 @@
+#include "common/cEmpresa.h"
+#include "control/Dialogos.h"
+#include "dialogs/frmPLUs.h"
+#include "dialogs/frmReferencia_Articulos.h"
+#include "search/Fabrica.h"
+
+namespace nv {
+
+namespace {
+
+/// The forms behind the component. Every form is made for the call and gone when it returns.
+class DialogosDelSistema final : public Dialogos
+{
+public:
+    DialogoPropio<ContratoBusqueda> crearBusqueda(qint16 modelo, QWidget *padre) override
+    {
+        return crearDialogoBusqueda(modelo, padre);
+    }
+
+    qint32 elegirReferencia(QWidget *padre, ::cEmpresa &empresa, const QString &referencia, qint32 proveedor,
+                            bool refProveedor) override
+    {
+        const DialogoPropio<frmReferencia_Articulos> lista(new frmReferencia_Articulos(padre));
+        lista->EmpresaArticulos = empresa.CodigoArticulos();
+        lista->EmpresaProveedores = empresa.CodigoProveedores();
+        lista->Referencia = referencia;
+        lista->Proveedor = proveedor;
+        lista->RefProveedor = refProveedor;
+        lista->MostrarModal();
+        return lista.vivo() ? lista->Codigo : -1;
+    }
+
+    qint32 elegirPlu(QWidget *padre, ::cEmpresa &empresa, qint32 plu) override
+    {
+        const DialogoPropio<frmPLUs> lista(new frmPLUs(padre));
+        lista->cEmpresa = &empresa;
+        lista->Plu = plu;
+        lista->MostrarModal();
+        return lista.vivo() ? lista->Codigo : -1;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Dialogos> crearDialogos()
+{
+    return std::make_unique<DialogosDelSistema>();
+}
+
+} // namespace nv
