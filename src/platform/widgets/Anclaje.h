@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QRect>
 #include <QWidget>
 #include <vector>
@@ -20,13 +21,15 @@ protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
 private:
+    void colocar();
+
     struct Anclado
     {
-        QWidget *widget;
+        QPointer<QWidget> widget;
         Qt::Edges bordes;
         QRect lugar;
+        QSize formulario; ///< the form's size at that time
     };
     QWidget *m_formulario;
-    QSize m_tamano;
     std::vector<Anclado> m_anclados;
 };

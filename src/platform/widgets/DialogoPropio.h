@@ -14,13 +14,14 @@ class DialogoPropio
 public:
     DialogoPropio() = default;
     template <class Concreto>
-    explicit DialogoPropio(Concreto *formulario) : m_objeto(formulario), m_formulario(formulario)
-    {
-    }
+    explicit DialogoPropio(Concreto *formulario)
+        : m_objeto(formulario)
+        , m_formulario(formulario)
+    {}
     DialogoPropio(DialogoPropio &&otro) noexcept
-        : m_objeto(std::exchange(otro.m_objeto, {})), m_formulario(std::exchange(otro.m_formulario, nullptr))
-    {
-    }
+        : m_objeto(std::exchange(otro.m_objeto, {}))
+        , m_formulario(std::exchange(otro.m_formulario, nullptr))
+    {}
     DialogoPropio &operator=(DialogoPropio &&) = delete;
     ~DialogoPropio() { delete m_objeto.data(); }
 

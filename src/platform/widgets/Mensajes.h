@@ -19,8 +19,7 @@ enum class Respuesta { Si, No };
 void mostrar(QWidget *padre, const QString &titulo, const QString &texto, Icono icono);
 
 /// Yes/No with the question icon. Esc and closing the box answer No.
-Respuesta preguntar(QWidget *padre, const QString &titulo, const QString &texto,
-                    Respuesta porDefecto = Respuesta::Si);
+Respuesta preguntar(QWidget *padre, const QString &titulo, const QString &texto, Respuesta porDefecto = Respuesta::Si);
 
 /// The guard of a user-facing procedure: runs `operacion`; an Error is shown with the critical icon under `titulo`.
 /// False when one was shown.

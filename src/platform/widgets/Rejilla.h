@@ -45,6 +45,7 @@ public:
     int filasDatos() const { return filas() - 1; }
     /// 0 = the heading.
     int filaActual() const;
+    /// Shows the row; beyond the last is the last, 0 makes the heading current.
     void setFilaActual(int fila);
     /// Top visible data row (1 and up); 0 when empty.
     int filaSuperior() const;
@@ -54,6 +55,7 @@ public:
     void setTexto(int fila, int columna, const QString &texto);
     /// Sets a whole column of the data rows in one go.
     void setTextoColumna(int columna, const QString &texto);
+    /// Of data rows; an invalid colour gives the cell its own back.
     void setColorTexto(int fila, int columna, const QColor &color);
     void setColorFondo(int fila, int columna, const QColor &color);
 
@@ -92,10 +94,18 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    int anchoPrevisto(int columna) const;
+    int primeraVisible() const;
+    void ajustarUltima();
+    void olvidarFilas(int actual);
+
     ModeloRejilla *m_modelo;
-    std::vector<ColumnaRejilla> m_columnas;
     int m_superior = 0;
     int m_sinRedibujo = 0;
+    int m_estirada = -1;
+    bool m_estirarUltima = true;
+    bool m_ajustando = false;
+    bool m_sinAvisos = false;
 };
 
 } // namespace nv

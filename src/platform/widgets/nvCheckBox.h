@@ -14,6 +14,7 @@ public:
     using QCheckBox::QCheckBox;
 
     int Value() const;
+    /// Any other number is ignored.
     void setValue(int valor);
     /// The value that a form's reset gives back; invalid for none.
     QVariant InitValue() const { return m_inicial; }
@@ -22,6 +23,7 @@ public:
     void setSoloLectura(bool valor) { m_soloLectura = valor; }
 
 protected:
+    void nextCheckState() override;
     void keyPressEvent(QKeyEvent *evento) override;
     void mousePressEvent(QMouseEvent *evento) override;
     void mouseReleaseEvent(QMouseEvent *evento) override;

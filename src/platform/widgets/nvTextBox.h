@@ -21,6 +21,9 @@ public:
     /// Takes only a sign, digits and, with `decimales` > 0, one decimal comma (a typed point becomes the comma).
     bool numerico() const { return m_numerico; }
     void setNumerico(bool valor);
+    /// Whether a numeric box takes a sign in front.
+    bool conSigno() const { return m_conSigno; }
+    void setConSigno(bool valor) { m_conSigno = valor; }
     int decimales() const { return m_decimales; }
     void setDecimales(int valor);
     bool seleccionarAlEntrar() const { return m_seleccionarAlEntrar; }
@@ -40,6 +43,7 @@ protected:
 private:
     bool m_mayusculas = false;
     bool m_numerico = false;
+    bool m_conSigno = true;
     int m_decimales = 0;
     bool m_seleccionarAlEntrar = true;
 };

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace nv {
+
+/// Paints a grid's cells: no cell focus look, ticks in the middle of their column, line breaks as blanks, and a tool
+/// tip with the whole text where the column cuts it.
+class DelegadoRejilla : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *pintor, const QStyleOptionViewItem &opcion, const QModelIndex &indice) const override;
+    bool helpEvent(QHelpEvent *evento, QAbstractItemView *vista, const QStyleOptionViewItem &opcion,
+                   const QModelIndex &indice) override;
+    QString displayText(const QVariant &valor, const QLocale &configuracion) const override;
+};
+
+} // namespace nv

@@ -1,0 +1,90 @@
+#include "platform/widgets/Rejilla.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace nv {
+
+namespace {
+
+/// What a person types as text: no control keys, but AltGr (Ctrl+Alt to some window systems) counts as typing.
+bool esTexto(const QKeyEvent &evento)
+{
+    const QString texto = evento.text();
+    if (texto.isEmpty() || !(texto.front().isPrint() || texto.front().isSurrogate()))
+        return false;
+    const Qt::KeyboardModifiers m = evento.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return m == Qt::NoModifier || m == Qt::GroupSwitchModifier || m == (Qt::ControlModifier | Qt::AltModifier);
+}
+
+} // namespace
+
+void Rejilla::keyPressEvent(QKeyEvent *evento)
+{
+    if (alPulsar && alPulsar(evento)) {
+        evento->accept();
+        return;
+    }
+    evento->accept();
+    const int paso = horizontalScrollBar()->singleStep();
+    switch (evento->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // A held Enter repeats into a list that it has filled itself.
+        if (!evento->isAutoRepeat())
+            Q_EMIT Intro();
+        return;
+    case Qt::Key_Home:
+        setFilaActual(1);
+        return;
+    case Qt::Key_End:
+        setFilaActual(filasDatos());
+        return;
+    case Qt::Key_Left:
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - paso);
+        return;
+    case Qt::Key_Right:
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() + paso);
+        return;
+    default:
+        break;
+    }
+    if (esTexto(*evento)) {
+        if (evento->key() == Qt::Key_Space)
+            Q_EMIT Espacio();
+        else
+            Q_EMIT Caracter(evento->text());
+        return;
+    }
+    QTableView::keyPressEvent(evento);
+}
+
+void Rejilla::mousePressEvent(QMouseEvent *evento)
+{
+    const QModelIndex celda = indexAt(evento->pos());
+    if (!celda.isValid())
+        return;
+    const int fila = celda.row() + 1;
+    const int columna = celda.column();
+    QTableView::mousePressEvent(evento);
+    if (evento->button() == Qt::LeftButton)
+        Q_EMIT Clic(fila, columna);
+}
+
+void Rejilla::mouseDoubleClickEvent(QMouseEvent *evento)
+{
+    const QModelIndex celda = indexAt(evento->pos());
+    if (!celda.isValid() || evento->button() != Qt::LeftButton)
+        return;
+    setFilaActual(celda.row() + 1);
+    Q_EMIT DobleClic(celda.row() + 1, celda.column());
+}
+
+void Rejilla::focusInEvent(QFocusEvent *evento)
+{
+    // The item view's own handler makes row 1 current when none is.
+    QAbstractScrollArea::focusInEvent(evento);
+    viewport()->update();
+}
+
+} // namespace nv

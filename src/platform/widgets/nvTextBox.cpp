@@ -1,0 +1,189 @@
+#include "platform/widgets/nvTextBox.h"
+
+#include "common/Valores.h"
+#include "platform/widgets/Foco.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QValidator>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString enMayusculas(QString texto)
+{
+    // Character by character: a whole-text conversion turns ß into SS and moves the caret.
+    for (QChar &c : texto)
+        c = c.toUpper();
+    return texto;
+}
+
+bool esNumeroParcial(QStringView texto, bool signo, int decimales)
+{
+    if (!texto.isEmpty() && (texto.front() == u'-' || texto.front() == u'+')) {
+        if (!signo)
+            return false;
+        texto = texto.mid(1);
+    }
+    const qsizetype coma = texto.indexOf(u',');
+    const QStringView enteros = coma < 0 ? texto : texto.left(coma);
+    const QStringView resto = coma < 0 ? QStringView() : texto.mid(coma + 1);
+    return (coma < 0 || decimales > 0) && resto.size() <= decimales &&
+           std::all_of(enteros.begin(), enteros.end(), nv::esDigito) &&
+           std::all_of(resto.begin(), resto.end(), nv::esDigito);
+}
+
+/// A typed point is the decimal comma; in a pasted amount that has both signs the points only group.
+QString numeroPegado(const QString &insertado)
+{
+    QString limpio = insertado.trimmed();
+    if (limpio.contains(u','))
+        limpio.remove(u'.');
+    else if (limpio.count(u'.') == 1)
+        limpio.replace(u'.', u',');
+    return limpio;
+}
+
+} // namespace
+
+/// Filters what the user types, pastes or drops; texts set by the program pass unchanged.
+class FiltroTexto : public QValidator
+{
+public:
+    explicit FiltroTexto(nvTextBox *caja)
+        : QValidator(caja)
+        , m_caja(caja)
+    {}
+
+    State validate(QString &texto, int &cursor) const override
+    {
+        const QString anterior = std::exchange(m_anterior, texto);
+        // setText leaves the box unmodified: that is how a program's text is told from the user's.
+        if (!m_caja->isModified() || (!m_caja->mayusculas() && !m_caja->numerico()))
+            return Acceptable;
+        const State estado = filtrar(anterior, texto, cursor);
+        m_anterior = estado == Invalid ? anterior : texto;
+        return estado;
+    }
+
+private:
+    State filtrar(const QString &anterior, QString &texto, int &cursor) const
+    {
+        const qsizetype comun = std::min(anterior.size(), texto.size());
+        qsizetype inicio = 0;
+        while (inicio < comun && anterior[inicio] == texto[inicio])
+            ++inicio;
+        qsizetype final = 0;
+        while (final < comun - inicio && anterior[anterior.size() - 1 - final] == texto[texto.size() - 1 - final])
+            ++final;
+        const qsizetype longitud = texto.size() - inicio - final;
+        QString insertado = texto.mid(inicio, longitud);
+        if (m_caja->numerico())
+            insertado = numeroPegado(insertado);
+        if (m_caja->mayusculas())
+            insertado = enMayusculas(insertado);
+        texto.replace(inicio, longitud, insertado);
+        cursor = static_cast<int>(std::clamp<qsizetype>(cursor + insertado.size() - longitud, 0, texto.size()));
+        // What the program put there may be no number: the user must be able to correct it.
+        const auto vale = [this](const QString &t) {
+            return esNumeroParcial(t, m_caja->conSigno(), m_caja->decimales());
+        };
+        return !m_caja->numerico() || vale(texto) || !vale(anterior) ? Acceptable : Invalid;
+    }
+
+    nvTextBox *m_caja;
+    mutable QString m_anterior;
+};
+
+nvTextBox::nvTextBox(QWidget *padre)
+    : QLineEdit(padre)
+{
+    setValidator(new FiltroTexto(this));
+}
+
+void nvTextBox::setNumerico(bool valor)
+{
+    m_numerico = valor;
+    setAlignment((valor ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+void nvTextBox::setDecimales(int valor)
+{
+    m_decimales = std::max(0, valor);
+}
+
+void nvTextBox::keyPressEvent(QKeyEvent *evento)
+{
+    const bool sinModificar = (evento->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
+        evento->accept();
+        const QPointer<nvTextBox> vivo(this);
+        bool tratada = false;
+        Q_EMIT Intro(tratada);
+        if (vivo && !tratada)
+            nv::foco::adelante(this);
+        return;
+    }
+    if (evento->key() == Qt::Key_Up && sinModificar) {
+        evento->accept();
+        nv::foco::atras(this);
+        return;
+    }
+    const QString texto = m_mayusculas ? enMayusculas(evento->text()) : evento->text();
+    if (texto == evento->text()) {
+        QLineEdit::keyPressEvent(evento);
+        return;
+    }
+    // Already in capitals when it arrives, so that the box keeps its undo history.
+    QKeyEvent mayuscula(evento->type(), evento->key(), evento->modifiers(), texto, evento->isAutoRepeat(),
+                        static_cast<quint16>(evento->count()));
+    QLineEdit::keyPressEvent(&mayuscula);
+    evento->setAccepted(mayuscula.isAccepted());
+}
+
+namespace {
+
+/// Whether the focus goes between two widgets of one window.
+bool entreCampos(const QFocusEvent &evento)
+{
+    switch (evento.reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+    case Qt::NoFocusReason:
+        return false;
+    case Qt::MouseFocusReason:
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+    case Qt::OtherFocusReason:
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void nvTextBox::focusInEvent(QFocusEvent *evento)
+{
+    const int cursor = cursorPosition();
+    QLineEdit::focusInEvent(evento);
+    if (!entreCampos(*evento))
+        return;
+    if (m_seleccionarAlEntrar) {
+        selectAll();
+    } else {
+        deselect();
+        setCursorPosition(cursor);
+    }
+    Q_EMIT Entrada();
+}
+
+void nvTextBox::focusOutEvent(QFocusEvent *evento)
+{
+    QLineEdit::focusOutEvent(evento);
+    if (entreCampos(*evento) && isVisible() && isEnabled())
+        Q_EMIT Salida();
+}
