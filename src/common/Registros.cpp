@@ -135,6 +135,16 @@ Moneda Registros::moneda(int columna) const
     return importe(sinNulo(valor(columna)));
 }
 
+QDate Registros::fechaO(int columna) const
+{
+    const QVariant leido = valor(columna);
+    if (leido.typeId() != QMetaType::QString)
+        return leido.toDate();
+    const QString texto = leido.toString().trimmed().left(10);
+    const QDate espanola = QDate::fromString(texto, u"dd/MM/yyyy"_s);
+    return espanola.isValid() ? espanola : QDate::fromString(texto, Qt::ISODate);
+}
+
 QString Registros::textoNumero(int columna) const
 {
     return moneda(columna).textoCorto();

@@ -52,6 +52,8 @@ public:
     qint64 entero64(int columna) const;
     bool booleano(int columna) const;
     Moneda moneda(int columna) const;
+    /// An invalid date for NULL and for a text that is no date.
+    QDate fechaO(int columna) const;
     /// A number as users read it: shortest text with a decimal comma whatever the engine returns ("12,5").
     QString textoNumero(int columna) const;
 
@@ -64,6 +66,7 @@ public:
     qint64 entero64(QStringView nombre) const { return entero64(columna(nombre)); }
     bool booleano(QStringView nombre) const { return booleano(columna(nombre)); }
     Moneda moneda(QStringView nombre) const { return moneda(columna(nombre)); }
+    QDate fechaO(QStringView nombre) const { return fechaO(columna(nombre)); }
     QString textoNumero(QStringView nombre) const { return textoNumero(columna(nombre)); }
 
 private:

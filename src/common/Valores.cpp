@@ -93,7 +93,7 @@ bool esNumerico(QStringView texto)
             cifra = true;
         else if (sinBlancos[i] == u',' && !coma)
             coma = true;
-        else if (sinBlancos[i] != u'.' || coma)
+        else if (sinBlancos[i] != u'.' || coma || sinBlancos.mid(i + 1).startsWith(u'.'))
             break;
     }
     if (!cifra)

@@ -15,8 +15,8 @@ constexpr bool esDigito(QChar c)
 /// Without the blanks (U+0020 only) at both ends.
 QString recortado(QStringView texto);
 
-/// Whether the text reads as a number with Spanish signs: blanks around, one sign in front, ASCII digits, "." as group
-/// separator anywhere before the one decimal ",", an exponent E or D. Nothing else: no hexadecimal, no currency sign.
+/// Whether the text reads as a number with Spanish signs: blanks around, one sign in front, ASCII digits, single "." as
+/// group separator anywhere before the one decimal ",", an exponent E or D. Nothing else: no hexadecimal, no currency sign.
 bool esNumerico(QStringView texto);
 
 /// The number that the text begins with, blanks inside skipped, "." as decimal point, exponent E or D; 0 without one.

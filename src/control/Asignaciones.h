@@ -1,14 +1,45 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
+#include <QWidget>
 
-class QWidget;
+class cEmpresa;
 
 namespace nv {
 
+class Conexion;
+class Dialogos;
+
 /// Attach what was not found to an item, after the user agreed. True when an item now carries it; the arguments then
-/// hold the item code and what was attached. Errors are shown.
-bool asignarReferencia(QWidget *padre, qint32 &articulo, qint32 &proveedor, QString &referencia);
-bool asignarCodigoBarras(QWidget *padre, qint32 &articulo, QString &codigoBarras);
+/// hold the item code and what was attached. Errors are shown. No transaction: the delete and the insert of a transfer
+/// are statements of their own, and a failure between them says what is already gone.
+class Asignaciones
+{
+public:
+    Asignaciones(Conexion &conexion, ::cEmpresa &empresa, Dialogos &dialogos, QWidget *padre)
+        : m_conexion(conexion)
+        , m_empresa(empresa)
+        , m_dialogos(dialogos)
+        , m_padre(padre)
+    {}
+
+    /// `Articulos_Ref`. `proveedor` receives the supplier chosen in the dialog once it was accepted.
+    bool referencia(qint32 &articulo, qint32 &proveedor, QString &referencia);
+    /// `Articulos_CBarras`.
+    bool codigoBarras(qint32 &articulo, QString &codigoBarras);
+
+private:
+    bool atacharReferencia(qint32 articulo, qint32 proveedor, const QString &referencia);
+    bool atacharCodigoBarras(qint32 articulo, const QString &codigoBarras);
+    template <class Operacion>
+    bool guardada(Operacion &&operacion);
+
+    Conexion &m_conexion;
+    ::cEmpresa &m_empresa;
+    Dialogos &m_dialogos;
+    QPointer<QWidget> m_padre;
+    QString m_yaBorrado; ///< what a transfer has removed so far, in words
+};
 
 } // namespace nv

@@ -11,6 +11,21 @@ namespace nv {
 
 class Conexion;
 
+/// What the user confirmed about a barcode to attach.
+struct DatosCodigoBarras
+{
+    QString Articulo; ///< as text, as the dialog's box holds it
+    QString CodBarras;
+};
+
+/// What the user confirmed about a supplier reference to attach.
+struct DatosReferencia
+{
+    QString Articulo;
+    qint32 Proveedor = 0;
+    QString Referencia;
+};
+
 /// What the component asks of the forms. It includes none of them: the one implementation stands above both.
 /// `padre` is the box's window; results are item codes (> 0), 0 none, -1 cancelled.
 class Dialogos
@@ -27,6 +42,10 @@ public:
 
     /// PLU choice list.
     virtual qint32 elegirPlu(QWidget *padre, ::cEmpresa &empresa, qint32 plu) = 0;
+
+    /// Barcode data dialog, and supplier reference edit: `datos` go in and come out; false when not accepted.
+    virtual bool pedirCodigoBarras(QWidget *padre, ::cEmpresa &empresa, DatosCodigoBarras &datos) = 0;
+    virtual bool pedirReferencia(QWidget *padre, ::cEmpresa &empresa, DatosReferencia &datos) = 0;
 };
 
 /// Defined by the wiring layer.

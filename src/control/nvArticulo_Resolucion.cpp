@@ -103,7 +103,8 @@ nvArticulo::Paso nvArticulo::porReferenciaProveedor(nv::Consultas &consultas, co
             return rechazada(ascii, true);
         qint32 proveedor = m_proveedor;
         QString asignada = referencia;
-        const bool hecho = nv::asignarReferencia(window(), articulo, proveedor, asignada);
+        nv::Asignaciones asignaciones(nv::ranura::exigida(), empresaExigida(), dialogos(), window());
+        const bool hecho = asignaciones.referencia(articulo, proveedor, asignada);
         if (!vivo)
             return Paso::Muerta;
         m_proveedor = proveedor;
@@ -137,7 +138,8 @@ nvArticulo::Paso nvArticulo::porCodigoBarras(nv::Consultas &consultas, const QSt
         if (!crear)
             return rechazada(ascii, true);
         QString asignado = codigoBarras;
-        const bool hecho = nv::asignarCodigoBarras(window(), articulo, asignado);
+        nv::Asignaciones asignaciones(nv::ranura::exigida(), empresaExigida(), dialogos(), window());
+        const bool hecho = asignaciones.codigoBarras(articulo, asignado);
         if (!vivo)
             return Paso::Muerta;
         if (!hecho)

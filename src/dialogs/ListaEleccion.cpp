@@ -1,13 +1,13 @@
 #include "dialogs/ListaEleccion.h"
 
 #include "common/Valores.h"
+#include "platform/widgets/Botonera.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -30,25 +30,15 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
     m_rejilla->setAccessibleName(u"Artículos que coinciden"_s);
     m_rejilla->setColumnas(columnas);
 
-    auto *aceptarBoton = new QPushButton(u"&Aceptar"_s, this);
-    aceptarBoton->setObjectName(u"cmdAceptar"_s);
-    auto *cancelar = new QPushButton(u"&Cancelar"_s, this);
-    cancelar->setObjectName(u"cmdCancelar"_s);
-    for (QPushButton *boton : {aceptarBoton, cancelar})
-        boton->setAutoDefault(false);
-
     auto *arriba = new QHBoxLayout;
     arriba->addWidget(new QLabel(etiqueta, this));
     arriba->addWidget(m_buscado, 1);
     arriba->addStretch(1);
-    auto *abajo = new QHBoxLayout;
-    abajo->addStretch();
-    abajo->addWidget(aceptarBoton);
-    abajo->addWidget(cancelar);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(arriba);
     todo->addWidget(m_rejilla, 1);
-    todo->addLayout(abajo);
+    todo->addLayout(botonera(
+        this, [this] { aceptar(); }, [this] { reject(); }));
     resize(twips::aPixeles(9000, this), twips::aPixeles(4500, this));
 
     connect(m_rejilla, &Rejilla::Intro, this, &ListaEleccion::aceptar);
@@ -56,8 +46,6 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
         if (fila > 0)
             aceptar();
     });
-    connect(aceptarBoton, &QPushButton::clicked, this, &ListaEleccion::aceptar);
-    connect(cancelar, &QPushButton::clicked, this, &ListaEleccion::reject);
 }
 
 void ListaEleccion::MostrarModal()

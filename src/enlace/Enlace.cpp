@@ -1,7 +1,9 @@
+#include "barcodes/frmCodBarra_Datos.h"
 #include "common/cEmpresa.h"
 #include "control/Dialogos.h"
 #include "dialogs/frmPLUs.h"
 #include "dialogs/frmReferencia_Articulos.h"
+#include "dialogs/frmReferencias_Modificar.h"
 #include "search/Fabrica.h"
 
 namespace nv {
@@ -37,6 +39,33 @@ public:
         lista->Plu = plu;
         lista->MostrarModal();
         return lista.vivo() ? lista->Codigo : -1;
+    }
+
+    bool pedirCodigoBarras(QWidget *padre, ::cEmpresa &empresa, DatosCodigoBarras &datos) override
+    {
+        const DialogoPropio<frmCodBarra_Datos> forma(new frmCodBarra_Datos(padre));
+        forma->cEmpresa = &empresa;
+        forma->Articulo = datos.Articulo;
+        forma->CodBarras = datos.CodBarras;
+        forma->MostrarModal();
+        if (!forma.vivo() || !forma->Aceptado)
+            return false;
+        datos = {forma->Articulo, forma->CodBarras};
+        return true;
+    }
+
+    bool pedirReferencia(QWidget *padre, ::cEmpresa &empresa, DatosReferencia &datos) override
+    {
+        const DialogoPropio<frmReferencias_Modificar> forma(new frmReferencias_Modificar(padre));
+        forma->cEmpresa = &empresa;
+        forma->Articulo = datos.Articulo;
+        forma->Proveedor = datos.Proveedor;
+        forma->Referencia = datos.Referencia;
+        forma->MostrarModal();
+        if (!forma.vivo() || !forma->Aceptado)
+            return false;
+        datos = {forma->Articulo, forma->Proveedor, forma->Referencia};
+        return true;
     }
 };
 

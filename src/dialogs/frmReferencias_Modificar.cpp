@@ -1,0 +1,172 @@
+#include "dialogs/frmReferencias_Modificar.h"
+
+#include "common/Conexion.h"
+#include "common/Error.h"
+#include "common/Valores.h"
+#include "common/cEmpresa.h"
+#include "control/nvArticulo.h"
+#include "platform/pickers/nvProveedor.h"
+#include "platform/widgets/Botonera.h"
+#include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Twips.h"
+#include "platform/widgets/nvTextBox.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+
+using namespace Qt::StringLiterals;
+using nv::mensajes::Icono;
+using nv::mensajes::Respuesta;
+
+namespace {
+
+QString atencion()
+{
+    return u"¡ Atención !"_s;
+}
+
+} // namespace
+
+frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
+    : QDialog(padre)
+    , m_articulo(new nvArticulo(this))
+    , m_proveedor(new nvProveedor(this))
+    , m_referencia(new nvTextBox(this))
+    , m_comprobador(std::make_unique<nv::ComprobadorSencillo>())
+{
+    setWindowTitle(u"Referencias"_s);
+    m_articulo->setObjectName(u"txtArticulo"_s);
+    m_articulo->setAccessibleName(u"Artículo"_s);
+    m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
+    m_proveedor->setObjectName(u"txtProv"_s);
+    m_proveedor->setAccessibleName(u"Proveedor"_s);
+    m_referencia->setObjectName(u"txtReferencia"_s);
+    m_referencia->setAccessibleName(u"Referencia"_s);
+    m_referencia->setMaximumWidth(nv::twips::aPixeles(3500, this));
+
+    auto *campos = new QFormLayout;
+    campos->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    campos->addRow(u"Artículo:"_s, m_articulo);
+    campos->addRow(u"Proveedor:"_s, m_proveedor);
+    campos->addRow(u"Referencia:"_s, m_referencia);
+    auto *todo = new QVBoxLayout(this);
+    todo->addLayout(campos);
+    todo->addLayout(nv::botonera(
+        this, [this] { aceptar(); }, [this] { reject(); }));
+    todo->setSizeConstraint(QLayout::SetFixedSize);
+    nv::atajosAceptarCancelar(
+        this, [this] { aceptar(); }, [this] { reject(); });
+}
+
+frmReferencias_Modificar::~frmReferencias_Modificar() = default;
+
+void frmReferencias_Modificar::setComprobador(std::unique_ptr<nv::ComprobadorReferencias> comprobador)
+{
+    m_comprobador = std::move(comprobador);
+}
+
+void frmReferencias_Modificar::MostrarModal()
+{
+    m_proveedor->setConexion(nv::ranura::actual());
+    m_proveedor->setcEmpresa(cEmpresa);
+    if (Proveedor != 0) {
+        m_proveedor->setCodigo(Proveedor);
+        nv::mensajes::guardar(parentWidget(), atencion(), [this] { m_proveedor->Cargar(); });
+    }
+    m_referencia->setText(Referencia);
+    m_articulo->setcEmpresa(cEmpresa);
+    m_articulo->setConexion(nv::ranura::actual());
+    if (nv::Val(Articulo) != 0) {
+        m_articulo->setText(Articulo);
+        m_articulo->Refrescar_Datos();
+    }
+    m_articulo->setFocus();
+    exec();
+}
+
+bool frmReferencias_Modificar::Validar_Datos()
+{
+    bool valido = false;
+    nv::mensajes::guardar(this, atencion(), [&] { valido = validar(); });
+    return valido;
+}
+
+bool frmReferencias_Modificar::validar()
+{
+    Falta falta = campoQueFalta();
+    if (falta.mensaje.isEmpty() && !m_proveedor->Cargar())
+        falta = {u"El proveedor especificado no existe."_s, m_proveedor};
+    if (falta.mensaje.isEmpty() && !m_articulo->Refrescar_Datos())
+        falta = {u"El artículo especificado no existe."_s, m_articulo};
+    if (!admiteDuplicada()) {
+        m_referencia->setFocus();
+        return false;
+    }
+    if (falta.mensaje.isEmpty())
+        return true;
+    nv::mensajes::mostrar(this, atencion(), falta.mensaje, Icono::Exclamacion);
+    falta.campo->setFocus();
+    return false;
+}
+
+/// The last field that is missing is the one that is named.
+frmReferencias_Modificar::Falta frmReferencias_Modificar::campoQueFalta()
+{
+    Falta falta;
+    if (nv::recortado(m_referencia->text()).isEmpty())
+        falta = {u"Debe especificar la referencia del artículo"_s, m_referencia};
+    if (m_articulo->Text().isEmpty())
+        falta = {u"Debe especificar el código del artículo"_s, m_articulo};
+    if (m_proveedor->Codigo() == 0)
+        falta = {u"Debe especificar el proveedor del artículo"_s, m_proveedor};
+    return falta;
+}
+
+/// The company's rule on duplicate references. False when it forbids this one or the user steps back.
+bool frmReferencias_Modificar::admiteDuplicada()
+{
+    const qint32 proveedor = m_proveedor->Codigo();
+    const QString referencia = m_referencia->text();
+    if (proveedor <= 0 || referencia.isEmpty())
+        return true;
+    const auto similar = m_comprobador->buscar(nv::ranura::exigida(), *cEmpresa, nv::ValEntero32(m_articulo->Codigo()),
+                                               proveedor, referencia);
+    if (!similar)
+        return true;
+    const auto texto = [&](const QString &cierre) {
+        return u"Se ha encontrado una referencia de proveedor similar en:\r\n\r\n"_s + u"Artículo: "_s +
+               QString::number(similar->articulo) + u" - "_s + similar->nombreArticulo + u"\r\n"_s + u"Proveedor: "_s +
+               QString::number(similar->proveedor) + u" - "_s + similar->nombreProveedor + u"\r\n"_s +
+               u"Referencia: "_s + referencia + u"\r\n\r\n"_s + cierre;
+    };
+    switch (cEmpresa->ValorEntero32(u"Articulos_CheckRefProv"_s)) {
+    case 1:
+    case 3:
+        return nv::mensajes::preguntar(this, u"Confirmar operación..."_s, texto(u"¿Desea continuar?"_s),
+                                       Respuesta::No) == Respuesta::Si;
+    case 2:
+    case 4:
+        nv::mensajes::mostrar(this, atencion(), texto(u"NO SE PERMITE DUPLICAR UNA REFERENCIA DE PROVEEDOR."_s),
+                              Icono::Exclamacion);
+        return false;
+    default:
+        return true;
+    }
+}
+
+void frmReferencias_Modificar::aceptar()
+{
+    if (!Validar_Datos())
+        return;
+    Proveedor = m_proveedor->Codigo();
+    Referencia = m_referencia->text();
+    Articulo = m_articulo->Value();
+    Aceptado = true;
+    hide();
+}
+
+void frmReferencias_Modificar::reject()
+{
+    Aceptado = false;
+    QDialog::reject();
+}
