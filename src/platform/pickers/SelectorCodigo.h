@@ -33,7 +33,7 @@ public:
     QString Texto() const;
     void setTexto(const QString &texto);
     /// Name shown; empty while nothing known is chosen.
-    QString Nombre() const;
+    QString Nombre() const { return m_nombre; }
     /// Whether the code in the box was found the last time it was loaded.
     bool Existe() const { return m_existe; }
     /// Loads the name of the code in the box; true when it exists. An empty box is no error. Throws nv::Error.
@@ -50,6 +50,12 @@ Q_SIGNALS:
 
 protected:
     ::cEmpresa *empresa() const { return m_empresa; }
+    /// Throws Error (91) while there is no company.
+    const ::cEmpresa &empresaExigida() const;
+    /// The name on screen is no longer that of the code, as when what it depends on has changed.
+    void olvidarNombre();
+    bool event(QEvent *evento) override;
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
 
     /// Statement that gives column `Nombre` of the code, and the one that lists `Codigo`, `Nombre`.
     virtual Sentencia consultaNombre(const QString &codigo) const = 0;
@@ -60,11 +66,20 @@ protected:
     virtual bool codigosNumericos() const { return true; }
 
 private:
+    Conexion &conexion() const;
+    bool cargarAvisando();
+    void alPulsarIntro(bool &tratada);
+    void alSalir();
+    void elegirEnLista();
+    void mostrarNombre(const QString &nombre, bool existe);
+
     Conexion *m_conexion = nullptr;
     ::cEmpresa *m_empresa = nullptr;
     nvTextBox *m_caja;
-    QLabel *m_nombre;
+    QLabel *m_etiqueta;
+    QString m_nombre;
     bool m_existe = false;
+    bool m_pendiente = false; ///< the code has not been looked up yet
 };
 
 } // namespace nv

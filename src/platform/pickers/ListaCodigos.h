@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/widgets/Rejilla.h"
+
+#include <QDialog>
+#include <vector>
+
+class nvTextBox;
+
+namespace nv {
+
+class Registros;
+
+/// The list that a picker offers: codes and names, narrowed by what is typed on top. Enter or a double click takes the
+/// current row, Esc none.
+class ListaCodigos : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ListaCodigos(const QString &titulo, bool numericos, QWidget *padre);
+
+    /// Reads columns `Codigo` and `Nombre` to the end; the row of `actual` becomes current. Throws Error.
+    void llenar(Registros &registros, const QString &actual);
+    /// The code taken; empty for none.
+    QString elegido() const { return m_elegido; }
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+    enum Columna { Codigo, Nombre };
+    struct Entrada
+    {
+        FilaRejilla celdas;
+        QString buscable;
+    };
+    void filtrar();
+    void mover(QKeyEvent *evento);
+    void aceptar();
+
+    nvTextBox *m_filtro;
+    Rejilla *m_lista;
+    std::vector<Entrada> m_entradas;
+    QString m_actual;
+    QString m_elegido;
+};
+
+} // namespace nv

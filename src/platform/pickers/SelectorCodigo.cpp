@@ -1,0 +1,193 @@
+#include "platform/pickers/SelectorCodigo.h"
+
+#include "common/Conexion.h"
+#include "platform/pickers/ListaCodigos.h"
+#include "platform/widgets/DialogoPropio.h"
+#include "platform/widgets/EtiquetaElidida.h"
+#include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Twips.h"
+#include "platform/widgets/nvTextBox.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+namespace {
+
+constexpr int AnchoCaja = 900; // twips
+constexpr QColor Aviso(176, 0, 32);
+
+} // namespace
+
+SelectorCodigo::SelectorCodigo(QWidget *padre)
+    : QWidget(padre)
+    , m_caja(new nvTextBox(this))
+    , m_etiqueta(new EtiquetaElidida(this))
+{
+    m_caja->setObjectName(u"caja"_s);
+    m_caja->setFixedWidth(twips::aPixeles(AnchoCaja, this));
+    m_caja->setMaxLength(20);
+    m_caja->installEventFilter(this);
+    m_etiqueta->setObjectName(u"nombre"_s);
+    m_etiqueta->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    auto *fila = new QHBoxLayout(this);
+    fila->setContentsMargins(0, 0, 0, 0);
+    fila->setSpacing(twips::aPixeles(90, this));
+    fila->addWidget(m_caja);
+    fila->addWidget(m_etiqueta);
+    setFocusProxy(m_caja);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(m_caja, &QLineEdit::textChanged, this, [this] {
+        olvidarNombre();
+        Q_EMIT Cambio();
+    });
+    connect(m_caja, &nvTextBox::Intro, this, &SelectorCodigo::alPulsarIntro);
+    connect(m_caja, &nvTextBox::Entrada, this, &SelectorCodigo::Entrada);
+    connect(m_caja, &nvTextBox::Salida, this, &SelectorCodigo::alSalir);
+}
+
+const ::cEmpresa &SelectorCodigo::empresaExigida() const
+{
+    if (!m_empresa)
+        throw Error{errores::SinObjeto, u"No se ha indicado la empresa."_s, titulo()};
+    return *m_empresa;
+}
+
+Conexion &SelectorCodigo::conexion() const
+{
+    return m_conexion ? *m_conexion : ranura::exigida();
+}
+
+qint32 SelectorCodigo::Codigo() const
+{
+    return Texto().toInt();
+}
+
+void SelectorCodigo::setCodigo(qint32 codigo)
+{
+    setTexto(codigo == 0 ? QString() : QString::number(codigo));
+}
+
+QString SelectorCodigo::Texto() const
+{
+    return m_caja->text().trimmed();
+}
+
+void SelectorCodigo::setTexto(const QString &texto)
+{
+    m_caja->setText(texto);
+}
+
+void SelectorCodigo::olvidarNombre()
+{
+    m_pendiente = true;
+    m_existe = false;
+    m_nombre.clear();
+    m_etiqueta->clear();
+}
+
+void SelectorCodigo::mostrarNombre(const QString &nombre, bool existe)
+{
+    m_pendiente = false;
+    m_existe = existe;
+    m_nombre = existe ? nombre : QString();
+    QPalette colores;
+    if (!existe)
+        colores.setColor(QPalette::WindowText, Aviso);
+    m_etiqueta->setPalette(colores);
+    m_etiqueta->setText(nombre);
+    m_caja->setAccessibleDescription(nombre);
+}
+
+bool SelectorCodigo::Cargar()
+{
+    olvidarNombre();
+    // Whatever comes of it, leaving the box does not ask the same again.
+    m_pendiente = false;
+    QString codigo = Texto();
+    if (codigosNumericos() && !codigo.isEmpty()) {
+        bool numero = false;
+        const qint32 valor = codigo.toInt(&numero);
+        if (!numero) {
+            mostrarNombre(u"No existe"_s, false);
+            return false;
+        }
+        codigo = valor == 0 ? QString() : QString::number(valor);
+    }
+    if (codigo.isEmpty()) {
+        mostrarNombre({}, false);
+        return false;
+    }
+    Registros registros = conexion().Abrir(consultaNombre(codigo));
+    if (registros.siguiente())
+        mostrarNombre(registros.textoO(u"Nombre").trimmed(), true);
+    else
+        mostrarNombre(u"No existe"_s, false);
+    return m_existe;
+}
+
+bool SelectorCodigo::cargarAvisando()
+{
+    return !m_pendiente || mensajes::guardar(this, titulo(), [this] { Cargar(); });
+}
+
+void SelectorCodigo::alPulsarIntro(bool &tratada)
+{
+    const QPointer<SelectorCodigo> vivo(this);
+    if (cargarAvisando() && vivo)
+        Q_EMIT Intro(tratada);
+    else
+        tratada = true;
+}
+
+void SelectorCodigo::alSalir()
+{
+    const QPointer<SelectorCodigo> vivo(this);
+    cargarAvisando();
+    if (vivo)
+        Q_EMIT Salida();
+}
+
+bool SelectorCodigo::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::Polish) {
+        m_caja->setNumerico(codigosNumericos());
+        m_caja->setConSigno(false);
+        m_caja->setAccessibleName(accessibleName().isEmpty() ? titulo() : accessibleName());
+    }
+    return QWidget::event(evento);
+}
+
+bool SelectorCodigo::eventFilter(QObject *objeto, QEvent *evento)
+{
+    const bool deTecla = evento->type() == QEvent::ShortcutOverride || evento->type() == QEvent::KeyPress;
+    if (objeto != m_caja || !deTecla || static_cast<QKeyEvent *>(evento)->key() != Qt::Key_F3)
+        return QWidget::eventFilter(objeto, evento);
+    evento->accept();
+    if (evento->type() == QEvent::KeyPress && !static_cast<QKeyEvent *>(evento)->isAutoRepeat())
+        elegirEnLista();
+    return true;
+}
+
+void SelectorCodigo::elegirEnLista()
+{
+    const QPointer<SelectorCodigo> vivo(this);
+    mensajes::guardar(this, titulo(), [&] {
+        const DialogoPropio<ListaCodigos> lista(new ListaCodigos(titulo(), codigosNumericos(), this));
+        Registros registros = conexion().Abrir(consultaLista());
+        lista->llenar(registros, Texto());
+        lista->exec();
+        if (!vivo || !lista.vivo() || lista->elegido().isEmpty())
+            return;
+        setTexto(lista->elegido());
+        if (m_pendiente)
+            Cargar();
+        m_caja->selectAll();
+    });
+}
+
+} // namespace nv

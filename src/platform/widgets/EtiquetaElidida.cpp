@@ -1,0 +1,47 @@
+#include "platform/widgets/EtiquetaElidida.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+EtiquetaElidida::EtiquetaElidida(QWidget *padre)
+    : QLabel(padre)
+{
+    setTextFormat(Qt::PlainText);
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QSize EtiquetaElidida::minimumSizeHint() const
+{
+    return {0, QLabel::minimumSizeHint().height()};
+}
+
+void EtiquetaElidida::paintEvent(QPaintEvent *)
+{
+    QPainter pintor(this);
+    drawFrame(&pintor);
+    const QRect lugar = contentsRect().adjusted(margin(), 0, -margin(), 0);
+    const QString visible =
+        fontMetrics().elidedText(QString(text()).replace(u'\n', u' '), Qt::ElideRight, lugar.width());
+    style()->drawItemText(&pintor, lugar, static_cast<int>(alignment() | Qt::TextSingleLine), palette(), isEnabled(),
+                          visible, foregroundRole());
+}
+
+bool EtiquetaElidida::event(QEvent *evento)
+{
+    if (evento->type() != QEvent::ToolTip)
+        return QLabel::event(evento);
+    if (fontMetrics().horizontalAdvance(text()) > contentsRect().width() - 2 * margin())
+        QToolTip::showText(static_cast<QHelpEvent *>(evento)->globalPos(), u"<p>%1</p>"_s.arg(text().toHtmlEscaped()),
+                           this);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+} // namespace nv

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+namespace nv {
+
+/// A one-line plain text that ends in an ellipsis where its place is too narrow; the tool tip then has the whole.
+class EtiquetaElidida : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit EtiquetaElidida(QWidget *padre = nullptr);
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *evento) override;
+    bool event(QEvent *evento) override;
+};
+
+} // namespace nv
