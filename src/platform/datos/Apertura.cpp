@@ -1,0 +1,169 @@
+#include "platform/datos/Apertura.h"
+
+#include "platform/datos/Catalogo.h"
+#include "platform/datos/Cotejo.h"
+#include "platform/datos/Dialecto.h"
+#include "platform/datos/ErroresSqlite.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <chrono>
+#include <sqlite3.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace nv::datos {
+
+namespace {
+
+constexpr int BitsCotejo = 16;
+constexpr int VersionArchivo = (VersionFormato << BitsCotejo) | VersionCotejo;
+
+void directa(sqlite3 *base, const QString &sql)
+{
+    if (sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw errorDe(base);
+}
+
+QString leer(sqlite3 *base, const char *sql)
+{
+    sqlite3_stmt *cruda = nullptr;
+    if (sqlite3_prepare_v2(base, sql, -1, &cruda, nullptr) != SQLITE_OK)
+        throw errorDe(base);
+    const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> sentencia(cruda, &sqlite3_finalize);
+    const int codigo = sqlite3_step(cruda);
+    if (codigo != SQLITE_ROW && codigo != SQLITE_DONE)
+        throw errorDe(base);
+    return codigo == SQLITE_ROW ? QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(cruda, 0)))
+                                : QString();
+}
+
+/// Changing the journal needs the file for itself and does not wait by itself.
+void diarioAdelantado(sqlite3 *base)
+{
+    constexpr int Intentos = 100;
+    for (int i = 0; leer(base, "PRAGMA journal_mode") == u"delete"; ++i) {
+        try {
+            leer(base, "PRAGMA journal_mode = WAL");
+            return;
+        } catch (const Error &error) {
+            if (error.numero % 256 != SQLITE_BUSY || i == Intentos)
+                throw;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+}
+
+void ajustar(sqlite3 *base)
+{
+    directa(base, u"PRAGMA temp_store = MEMORY"_s);
+    directa(base, u"PRAGMA cache_size = -16384"_s);
+    directa(base, u"PRAGMA mmap_size = 2147483648"_s);
+    // A counter is issued from here: the last commits must outlive a power cut.
+    directa(base, u"PRAGMA synchronous = FULL"_s);
+}
+
+bool estaVacia(sqlite3 *base)
+{
+    return leer(base, "SELECT COUNT(*) FROM sqlite_master") == u"0";
+}
+
+void anotarVersiones(sqlite3 *base)
+{
+    directa(base, u"PRAGMA application_id = %1"_s.arg(MarcaCatalogo));
+    directa(base, u"PRAGMA user_version = %1"_s.arg(VersionArchivo));
+}
+
+class Cambio
+{
+public:
+    explicit Cambio(sqlite3 *base)
+        : m_base(base)
+    {
+        directa(base, u"BEGIN IMMEDIATE"_s);
+    }
+    Cambio(const Cambio &) = delete;
+    Cambio &operator=(const Cambio &) = delete;
+    ~Cambio()
+    {
+        if (!sqlite3_get_autocommit(m_base))
+            sqlite3_exec(m_base, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    void confirmar() { directa(m_base, u"COMMIT"_s); }
+
+private:
+    sqlite3 *m_base;
+};
+
+void crearEsquema(sqlite3 *base)
+{
+    Cambio cambio(base);
+    // Another program may have made it while this one waited.
+    if (!estaVacia(base))
+        return;
+    const QStringList sentencias = sentenciasDe(Catalogo::unico().esquema());
+    for (const QString &sentencia : sentencias)
+        directa(base, adaptar(sentencia).sql);
+    anotarVersiones(base);
+    cambio.confirmar();
+}
+
+void comprobarVersiones(sqlite3 *base)
+{
+    if (leer(base, "PRAGMA application_id").toInt() != MarcaCatalogo)
+        throw Error{SQLITE_NOTADB, u"El archivo es una base de datos, pero no un catálogo de artículos."_s, {}};
+    const int version = leer(base, "PRAGMA user_version").toInt();
+    if (version >> BitsCotejo > VersionFormato)
+        throw Error{SQLITE_MISMATCH, u"El catálogo es de una versión posterior a la de este programa."_s, {}};
+    if (version == VersionArchivo)
+        return;
+    Cambio cambio(base);
+    directa(base, u"REINDEX"_s);
+    anotarVersiones(base);
+    cambio.confirmar();
+}
+
+} // namespace
+
+sqlite3 *abrirArchivo(const QString &ruta)
+{
+    const QFileInfo archivo(ruta);
+    if (ruta != u":memory:") {
+        if (ruta.trimmed().isEmpty() || archivo.isDir())
+            throw Error{SQLITE_CANTOPEN, u"«%1» no es un archivo."_s.arg(QDir::toNativeSeparators(ruta)), {}};
+        if (!archivo.absoluteDir().exists())
+            throw Error{SQLITE_CANTOPEN,
+                        u"No existe la carpeta «%1»."_s.arg(QDir::toNativeSeparators(archivo.absolutePath())),
+                        {}};
+    }
+    sqlite3 *base = nullptr;
+    constexpr int Opciones = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+    const int codigo = sqlite3_open_v2(ruta.toUtf8().constData(), &base, Opciones, nullptr);
+    if (codigo != SQLITE_OK) {
+        const Error error = errorDe(base);
+        sqlite3_close_v2(base);
+        throw Error{error.numero, error.descripcion + u" («%1»)"_s.arg(QDir::toNativeSeparators(ruta)), {}};
+    }
+    sqlite3_extended_result_codes(base, 1);
+    return base;
+}
+
+void prepararCatalogo(sqlite3 *base, const QString &ruta)
+{
+    try {
+        ajustar(base);
+        if (ruta != u":memory:" && sqlite3_db_readonly(base, "main") == 0)
+            diarioAdelantado(base);
+        if (estaVacia(base))
+            crearEsquema(base);
+        comprobarVersiones(base);
+    } catch (const Error &error) {
+        if (ruta == u":memory:")
+            throw;
+        throw Error{error.numero, error.descripcion + u" («%1»)"_s.arg(QDir::toNativeSeparators(ruta)), {}};
+    }
+}
+
+} // namespace nv::datos

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/datos/Aparcadero.h"
+#include "platform/datos/Preparada.h"
+
+#include <random>
+
+struct sqlite3;
+
+namespace nv::datos {
+
+/// The embedded engine over one catalogue file. Uses the engine's own interface: its prepared statements are kept and
+/// filled without a layer between.
+class ConexionEmbebida final : public ConexionAparcadora
+{
+public:
+    /// Throws Error; see abrirEmbebida.
+    explicit ConexionEmbebida(const QString &ruta);
+    ~ConexionEmbebida() override;
+
+private:
+    std::unique_ptr<Cursor> abrirCursor(const QString &texto) override;
+    qint64 ejecutarSolo(const QString &texto) override;
+    void comenzarSolo() override;
+    void confirmarSolo() override;
+    void deshacerSolo() override;
+
+    qint64 ejecutar(Preparada &preparada, const Plantilla &plantilla);
+    /// SELECT … INTO: the table takes the types and orders of the columns that it is made from.
+    qint64 crearDesde(Preparada &preparada, const Plantilla &plantilla);
+    void directa(const char *sql);
+    static int esperar(void *conexion, int veces);
+
+    struct Cierre
+    {
+        void operator()(sqlite3 *base) const;
+    };
+
+    std::unique_ptr<sqlite3, Cierre> m_base;
+    CachePreparadas m_cache;
+    std::minstd_rand m_azar;
+    qint64 m_esperado = 0; // microseconds in the current wait for a lock
+};
+
+} // namespace nv::datos

@@ -1,0 +1,340 @@
+#include "platform/datos/Dialecto.h"
+
+#include "platform/datos/Catalogo.h"
+#include "platform/datos/DialectoEsquema.h"
+#include "platform/datos/Lexico.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace nv::datos {
+
+namespace {
+
+using Tipo = Lexema::Tipo;
+
+/// Rewrites a statement token by token. Ranges are [desde, hasta) over the token list.
+class Adaptador
+{
+public:
+    explicit Adaptador(const QString &forma)
+        : m_lexemas(lexemas(forma))
+    {
+        for (std::size_t i = 0; i < m_lexemas.size(); ++i) {
+            m_numero.push_back(m_marcas);
+            m_marcas += m_lexemas[i].tipo == Tipo::Marca ? 1 : 0;
+        }
+    }
+
+    Adaptada adaptar()
+    {
+        std::size_t fin = m_lexemas.size();
+        while (fin > 0 && (m_lexemas[fin - 1].tipo == Tipo::Blanco || m_lexemas[fin - 1].esSigno(u';')))
+            --fin;
+        const std::size_t primera = salto(0);
+        m_esConsulta = primera < fin && m_lexemas[primera].es(u"SELECT");
+        buscarEmpresaFija(fin);
+        m_salida.sql = bloque(0, fin, 0);
+        return std::move(m_salida);
+    }
+
+private:
+    struct Columna
+    {
+        qsizetype inicio = -1; // in the output
+        QStringView nombre;
+    };
+
+    std::size_t salto(std::size_t i) const
+    {
+        while (i < m_lexemas.size() && m_lexemas[i].tipo == Tipo::Blanco)
+            ++i;
+        return i;
+    }
+
+    bool abre(std::size_t i) const { return i < m_lexemas.size() && m_lexemas[i].esSigno(u'('); }
+
+    /// The bracket that closes the one at `i`, or `hasta`.
+    std::size_t cierre(std::size_t i, std::size_t hasta) const
+    {
+        int nivel = 0;
+        for (; i < hasta; ++i) {
+            if (m_lexemas[i].esSigno(u'('))
+                ++nivel;
+            else if (m_lexemas[i].esSigno(u')') && --nivel == 0)
+                return i;
+        }
+        return hasta;
+    }
+
+    /// The arguments between two brackets.
+    std::vector<std::pair<std::size_t, std::size_t>> argumentos(std::size_t abierto, std::size_t cerrado) const
+    {
+        std::vector<std::pair<std::size_t, std::size_t>> lista;
+        std::size_t inicio = abierto + 1;
+        for (std::size_t i = inicio; i < cerrado; ++i) {
+            if (m_lexemas[i].esSigno(u'('))
+                i = cierre(i, cerrado);
+            else if (m_lexemas[i].esSigno(u','))
+                lista.emplace_back(std::exchange(inicio, i + 1), i);
+        }
+        lista.emplace_back(inicio, cerrado);
+        return lista;
+    }
+
+    /// Class of the first known column named in a range.
+    ClaseColumna::Tipo clase(std::size_t desde, std::size_t hasta) const
+    {
+        for (std::size_t i = desde; i < hasta; ++i) {
+            if (m_lexemas[i].tipo != Tipo::Palabra || abre(salto(i + 1)))
+                continue;
+            const ClaseColumna::Tipo tipo = Catalogo::unico().columna(m_lexemas[i].texto).tipo;
+            if (tipo != ClaseColumna::Tipo::Otro)
+                return tipo;
+        }
+        return ClaseColumna::Tipo::Otro;
+    }
+
+    /// A function of a column would lose the column's order in comparisons.
+    QString cotejo(std::size_t desde, std::size_t hasta) const
+    {
+        switch (clase(desde, hasta)) {
+        case ClaseColumna::Tipo::Texto:
+            return u" COLLATE NV_TEXTO"_s;
+        case ClaseColumna::Tipo::Fecha:
+            return u" COLLATE NV_FECHA"_s;
+        case ClaseColumna::Tipo::Importe:
+        case ClaseColumna::Tipo::Otro:
+            break;
+        }
+        return {};
+    }
+
+    QString parametro(std::size_t i) const { return u'?' + QString::number(m_numero[i] + 1); }
+
+    QString identificador(QStringView nombre) const
+    {
+        return nombre.startsWith(u'#') ? u'[' + nombre.toString() + u']' : nombre.toString();
+    }
+
+    /// "x.Cod_Empresa = number" as a condition of the whole statement. Inside a subquery that names it again the number
+    /// takes its place: the subquery then stands for itself and is run once, not once per row.
+    void buscarEmpresaFija(std::size_t fin)
+    {
+        int nivel = 0;
+        bool enCondicion = false;
+        for (std::size_t i = 0; i < fin; ++i) {
+            const Lexema &lexema = m_lexemas[i];
+            nivel += lexema.esSigno(u'(') ? 1 : (lexema.esSigno(u')') ? -1 : 0);
+            if (nivel != 0)
+                continue;
+            if (lexema.es(u"OR") || lexema.es(u"NOT") || lexema.es(u"UNION")) {
+                m_empresaFija.reset();
+                return;
+            }
+            enCondicion = enCondicion || lexema.es(u"WHERE");
+            if (!enCondicion || m_empresaFija || !esEmpresa(i))
+                continue;
+            const std::size_t igual = salto(i + 3);
+            const std::size_t valor = igual < fin && m_lexemas[igual].esSigno(u'=') ? salto(igual + 1) : fin;
+            if (valor < fin && m_lexemas[valor].texto == QChar(marca::Numero))
+                m_empresaFija = EmpresaFija{lexema.texto, parametro(valor)};
+        }
+    }
+
+    bool esEmpresa(std::size_t i) const
+    {
+        return i + 2 < m_lexemas.size() && m_lexemas[i].tipo == Tipo::Palabra && m_lexemas[i + 1].esSigno(u'.') &&
+               m_lexemas[i + 2].es(u"Cod_Empresa");
+    }
+
+    /// One bracket's inside, or the whole statement; a TOP inside becomes a LIMIT at its end.
+    QString bloque(std::size_t desde, std::size_t hasta, int nivel)
+    {
+        const QString limiteExterior = std::exchange(m_limite, QString());
+        QString salida;
+        Columna columna;
+        for (std::size_t i = desde; i < hasta;)
+            i = paso(i, hasta, nivel, salida, columna);
+        if (!m_limite.isEmpty())
+            salida += u" LIMIT "_s + m_limite;
+        m_limite = limiteExterior;
+        return salida;
+    }
+
+    /// Writes what stands at `i`; returns where to go on.
+    std::size_t paso(std::size_t i, std::size_t hasta, int nivel, QString &salida, Columna &columna)
+    {
+        const Lexema &lexema = m_lexemas[i];
+        if (lexema.tipo == Tipo::Blanco) {
+            salida += lexema.texto;
+            return i + 1;
+        }
+        if (lexema.tipo == Tipo::Marca) {
+            salida += parametro(i);
+            columna = {};
+            return i + 1;
+        }
+        if (lexema.esSigno(u'(')) {
+            const std::size_t fin = cierre(i, hasta);
+            salida += u'(' + bloque(i + 1, fin, nivel + 1);
+            if (fin < hasta)
+                salida += u')';
+            columna = {};
+            return std::min(fin + 1, hasta);
+        }
+        if (lexema.tipo == Tipo::Palabra)
+            return palabra(i, hasta, nivel, salida, columna);
+        // The point of "a.Descripcion" belongs to the operand that is being read.
+        if (!lexema.esSigno(u'.'))
+            columna = {};
+        salida += lexema.texto;
+        return i + 1;
+    }
+
+    std::size_t palabra(std::size_t i, std::size_t hasta, int nivel, QString &salida, Columna &columna)
+    {
+        const Lexema &lexema = m_lexemas[i];
+        if (abre(salto(i + 1))) {
+            const std::size_t despues = funcion(i, hasta, nivel, salida);
+            if (despues != i) {
+                columna = {};
+                return despues;
+            }
+        }
+        if (lexema.es(u"SELECT"))
+            return seleccion(i, hasta, salida);
+        if (lexema.es(u"INTO") && m_esConsulta && nivel == 0) {
+            const std::size_t nombre = salto(i + 1);
+            m_salida.tablaNueva = nombre < hasta ? m_lexemas[nombre].texto.toString() : QString();
+            return std::min(nombre + 1, hasta);
+        }
+        if (lexema.es(u"LIKE") && columna.inicio >= 0)
+            return like(i, salida, columna);
+        if (lexema.es(u"N") && i + 1 < hasta &&
+            (m_lexemas[i + 1].tipo == Tipo::Marca || m_lexemas[i + 1].tipo == Tipo::Texto))
+            return i + 1;
+        if (nivel > 0 && m_empresaFija && esEmpresa(i) && lexema.es(m_empresaFija->alias)) {
+            salida += m_empresaFija->parametro;
+            columna = {};
+            return i + 3;
+        }
+        const bool calificada = !salida.isEmpty() && salida.back() == u'.';
+        columna = {calificada ? columna.inicio : salida.size(), lexema.texto};
+        salida += identificador(lexema.texto);
+        return i + 1;
+    }
+
+    /// SELECT, its DISTINCT, and a TOP taken away.
+    std::size_t seleccion(std::size_t i, std::size_t hasta, QString &salida)
+    {
+        salida += m_lexemas[i].texto;
+        std::size_t j = salto(i + 1);
+        if (j < hasta && (m_lexemas[j].es(u"DISTINCT") || m_lexemas[j].es(u"ALL"))) {
+            salida += u' ' + m_lexemas[j].texto.toString();
+            j = salto(j + 1);
+        }
+        if (j >= hasta || !m_lexemas[j].es(u"TOP")) {
+            salida += u' ';
+            return std::min(j, hasta);
+        }
+        std::size_t numero = salto(j + 1);
+        const bool conParentesis = abre(numero);
+        if (conParentesis)
+            numero = salto(numero + 1);
+        if (numero >= hasta)
+            return j;
+        m_limite = m_lexemas[numero].tipo == Tipo::Marca ? parametro(numero) : m_lexemas[numero].texto.toString();
+        const std::size_t ultimo = conParentesis ? salto(numero + 1) : numero;
+        return std::min(ultimo + 1, hasta);
+    }
+
+    /// `column LIKE 'ABC%'` loses the engine's own index range because LIKE is ours: the range is spelt out beside it.
+    std::size_t like(std::size_t i, QString &salida, const Columna &columna)
+    {
+        const std::size_t patron = salto(i + 1);
+        const ClaseColumna clase = Catalogo::unico().columna(columna.nombre);
+        if (patron >= m_lexemas.size() || m_lexemas[patron].texto != QChar(marca::PatronConPrefijo) ||
+            clase.tipo != ClaseColumna::Tipo::Texto || !clase.indexada) {
+            salida += m_lexemas[i].texto;
+            return i + 1;
+        }
+        const QString operando = salida.sliced(columna.inicio).trimmed();
+        salida.truncate(columna.inicio);
+        const std::size_t desde = m_marcas + 2 * m_salida.rangos.size() + 1;
+        salida +=
+            u"(%1 LIKE %2 AND %1 >= ?%3 AND %1 < ?%4)"_s.arg(operando, parametro(patron)).arg(desde).arg(desde + 1);
+        m_salida.rangos.push_back(m_numero[patron]);
+        return patron + 1;
+    }
+
+    /// A function that the engine lacks or that would lose its column's order; `i` when it is none of these.
+    std::size_t funcion(std::size_t i, std::size_t hasta, int nivel, QString &salida)
+    {
+        const std::size_t abierto = salto(i + 1);
+        const std::size_t cerrado = cierre(abierto, hasta);
+        if (cerrado >= hasta)
+            return i;
+        const auto partes = argumentos(abierto, cerrado);
+        const auto parte = [&](std::size_t n) { return bloque(partes[n].first, partes[n].second, nivel + 1); };
+        const Lexema &nombre = m_lexemas[i];
+        if (nombre.es(u"ISNULL") && partes.size() == 2) {
+            salida += u"ifnull("_s + parte(0) + u',' + parte(1) + u')' + cotejo(partes[0].first, partes[0].second);
+        } else if (nombre.es(u"CONVERT") && partes.size() >= 2) {
+            if (!conversion(partes, nivel, salida))
+                return i;
+        } else if (nombre.es(u"LTRIM") || nombre.es(u"RTRIM") || nombre.es(u"REPLACE") || nombre.es(u"UPPER") ||
+                   nombre.es(u"LOWER") || nombre.es(u"SUBSTRING")) {
+            salida += nombre.texto.toString() + u'(' + bloque(abierto + 1, cerrado, nivel + 1) + u')' +
+                      cotejo(partes[0].first, partes[0].second);
+        } else {
+            return i;
+        }
+        return cerrado + 1;
+    }
+
+    bool conversion(const std::vector<std::pair<std::size_t, std::size_t>> &partes, int nivel, QString &salida)
+    {
+        const Lexema &tipo = m_lexemas[salto(partes[0].first)];
+        const QString valor = bloque(partes[1].first, partes[1].second, nivel + 1);
+        if (claseDeTipo(tipo.texto) == ClaseColumna::Tipo::Texto) {
+            const bool importe = clase(partes[1].first, partes[1].second) == ClaseColumna::Tipo::Importe;
+            salida += (importe ? u"NV_IMPORTE_TEXTO("_s : u"NV_VALOR_TEXTO("_s) + valor + u')' +
+                      cotejo(partes[1].first, partes[1].second);
+            return true;
+        }
+        if (tipo.es(u"INT") || tipo.es(u"SMALLINT") || tipo.es(u"BIGINT")) {
+            salida += u"CAST("_s + valor + u" AS INTEGER)"_s;
+            return true;
+        }
+        return false;
+    }
+
+    struct EmpresaFija
+    {
+        QStringView alias;
+        QString parametro;
+    };
+
+    std::vector<Lexema> m_lexemas;
+    std::vector<std::size_t> m_numero; // literals before each token
+    std::size_t m_marcas = 0;
+    bool m_esConsulta = false;
+    std::optional<EmpresaFija> m_empresaFija;
+    QString m_limite;
+    Adaptada m_salida;
+};
+
+} // namespace
+
+Adaptada adaptar(const QString &forma)
+{
+    if (esDefinicionDeTabla(forma))
+        return {adaptarTabla(forma), {}, {}};
+    return Adaptador(forma).adaptar();
+}
+
+} // namespace nv::datos
