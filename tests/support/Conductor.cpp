@@ -8,9 +8,23 @@
 
 using namespace Qt::StringLiterals;
 
+/// The window system's door, declared here because its header is not among the public ones. QTest's own keys are
+/// delivered at once, which is just what a scanner's are not.
+class QWindowSystemInterface
+{
+public:
+    struct AsynchronousDelivery
+    {};
+    template <typename Entrega>
+    static bool handleKeyEvent(QWindow *ventana, QEvent::Type tipo, int tecla, Qt::KeyboardModifiers modificadores,
+                               const QString &texto, bool repetida, ushort veces);
+};
+
 namespace nv::pruebas {
 
 namespace {
+
+using Interfaz = QWindowSystemInterface;
 
 QString sinNemonico(QString rotulo)
 {
@@ -123,8 +137,8 @@ void Conductor::fallar(const QString &motivo)
 void encolarTecla(QWidget *ventana, Qt::Key tecla, const QString &texto)
 {
     QWindow *nativa = ventana->window()->windowHandle();
-    qt_handleKeyEvent(nativa, QEvent::KeyPress, tecla, Qt::NoModifier, texto);
-    qt_handleKeyEvent(nativa, QEvent::KeyRelease, tecla, Qt::NoModifier, texto);
+    for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease})
+        Interfaz::handleKeyEvent<Interfaz::AsynchronousDelivery>(nativa, tipo, tecla, Qt::NoModifier, texto, false, 1);
 }
 
 void encolarLectura(QWidget *ventana, const QString &codigo)
@@ -132,6 +146,13 @@ void encolarLectura(QWidget *ventana, const QString &codigo)
     for (const QChar c : codigo)
         encolarTecla(ventana, static_cast<Qt::Key>(c.toUpper().unicode()), QString(c));
     encolarTecla(ventana, Qt::Key_Return, u"\r"_s);
+}
+
+void teclear(QWidget *widget, const QString &texto)
+{
+    for (const QChar c : texto)
+        QTest::sendKeyEvent(QTest::Click, widget, static_cast<Qt::Key>(c.toUpper().unicode()), QString(c),
+                            Qt::NoModifier);
 }
 
 } // namespace nv::pruebas

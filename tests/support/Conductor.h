@@ -82,5 +82,7 @@ private:
 void encolarTecla(QWidget *ventana, Qt::Key tecla, const QString &texto = {});
 /// The characters of a scanner and its Enter, queued in one go.
 void encolarLectura(QWidget *ventana, const QString &codigo);
+/// Types any characters into the widget at once (QTest::keyClicks takes only ASCII).
+void teclear(QWidget *widget, const QString &texto);
 
 } // namespace nv::pruebas
