@@ -21,6 +21,21 @@ namespace {
 constexpr int AnchoCaja = 900; // twips
 constexpr QColor Aviso(176, 0, 32);
 
+/// A locked picker still says what it is locked to: its name stays easier to read than other disabled texts.
+QPalette coloresNombre(const QPalette &propia, bool existe)
+{
+    const QColor texto = existe ? propia.color(QPalette::Active, QPalette::WindowText) : Aviso;
+    const QColor fondo = propia.color(QPalette::Active, QPalette::Window);
+    const auto mezcla = [](int a, int b) { return (2 * a + b) / 3; };
+    QPalette colores;
+    if (!existe)
+        colores.setColor(QPalette::WindowText, texto);
+    colores.setColor(QPalette::Disabled, QPalette::WindowText,
+                     QColor(mezcla(texto.red(), fondo.red()), mezcla(texto.green(), fondo.green()),
+                            mezcla(texto.blue(), fondo.blue())));
+    return colores;
+}
+
 } // namespace
 
 SelectorCodigo::SelectorCodigo(QWidget *padre)
@@ -95,10 +110,7 @@ void SelectorCodigo::mostrarNombre(const QString &nombre, bool existe)
     m_pendiente = false;
     m_existe = existe;
     m_nombre = existe ? nombre : QString();
-    QPalette colores;
-    if (!existe)
-        colores.setColor(QPalette::WindowText, Aviso);
-    m_etiqueta->setPalette(colores);
+    m_etiqueta->setPalette(coloresNombre(palette(), existe));
     m_etiqueta->setText(nombre);
     m_caja->setAccessibleDescription(nombre);
 }
