@@ -10,7 +10,10 @@ using nv::Moneda;
 using nv::Sentencia;
 
 template <class T>
-concept EntraEnSentencia = requires(Sentencia s, T valor) { s << valor; };
+concept EntraEnSentencia = requires(Sentencia s, T valor)
+{
+    s << valor;
+};
 static_assert(EntraEnSentencia<int> && EntraEnSentencia<qint16>);
 static_assert(!EntraEnSentencia<QString> && !EntraEnSentencia<const char16_t *> && !EntraEnSentencia<bool>,
               "typed text must not slip into a statement");

@@ -15,14 +15,13 @@ namespace nv::pruebas {
 /// A host form with a box before and a box after the item box, over a small catalogue in memory.
 class Formulario : public QWidget, public OyenteSentencias
 {
-    Q_OBJECT
-
 public:
-    Formulario() : conexion(datos::abrirEmbebida(QStringLiteral(":memory:")))
+    Formulario()
+        : conexion(datos::abrirEmbebida(QStringLiteral(":memory:")))
     {
         auto *columna = new QVBoxLayout(this);
-        for (QWidget *widget : {static_cast<QWidget *>(antes), static_cast<QWidget *>(articulo),
-                                static_cast<QWidget *>(despues)})
+        for (QWidget *widget :
+             {static_cast<QWidget *>(antes), static_cast<QWidget *>(articulo), static_cast<QWidget *>(despues)})
             columna->addWidget(widget);
         articulo->setMinimumHeight(24);
         resize(600, 200);
@@ -66,7 +65,8 @@ public:
 private:
     void llenar()
     {
-        ejecuta(QStringLiteral("INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)"));
+        ejecuta(
+            QStringLiteral("INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)"));
         const auto inserta = [this](int codigo, const QString &nombre) {
             ejecuta(QStringLiteral("INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, FAlta, Mod_Ficha) "
                                    "VALUES (2, %1, '%2', '01/01/2026', 1)")
@@ -78,10 +78,13 @@ private:
         inserta(1234, QStringLiteral("CAMISA"));
         inserta(77, QStringLiteral("DE OTRO"));
         ejecuta(QStringLiteral("UPDATE Articulos SET CualidadX = 1, CualidadY = 2 WHERE Codigo = 1234"));
-        ejecuta(QStringLiteral("INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL')"));
-        ejecuta(QStringLiteral("INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 2, 5, 'ROJO')"));
-        ejecuta(QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
-                               "VALUES (2, 12, '8412345678905', 1, '01/01/2026')"));
+        ejecuta(QStringLiteral(
+            "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL')"));
+        ejecuta(QStringLiteral(
+            "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 2, 5, 'ROJO')"));
+        ejecuta(
+            QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
+                           "VALUES (2, 12, '8412345678905', 1, '01/01/2026')"));
         ejecuta(QStringLiteral("INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS')"));
         ejecuta(QStringLiteral("INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 8, 'ACEROS')"));
         const auto referencia = [this](int codigo, int proveedor, const QString &texto) {
@@ -94,9 +97,12 @@ private:
         referencia(12, 7, QStringLiteral("ABC"));
         referencia(77, 7, QStringLiteral("COMUN"));
         referencia(12, 8, QStringLiteral("COMUN"));
-        ejecuta(QStringLiteral("INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1')"));
-        ejecuta(QStringLiteral("INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 77, 6, 'SU-1')"));
-        ejecuta(QStringLiteral("INSERT INTO Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1)"));
+        ejecuta(QStringLiteral(
+            "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1')"));
+        ejecuta(QStringLiteral(
+            "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 77, 6, 'SU-1')"));
+        ejecuta(QStringLiteral(
+            "INSERT INTO Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1)"));
     }
 };
 

@@ -1,13 +1,54 @@
 #include "platform/widgets/Botonera.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
+
+namespace {
+
+/// Sees the keys of a form before its fields do. Popups are windows of their own and keep theirs.
+class TeclasDelFormulario : public QObject
+{
+public:
+    TeclasDelFormulario(QDialog *formulario, std::function<void()> aceptar, std::function<void()> cancelar)
+        : QObject(formulario)
+        , m_formulario(formulario)
+        , m_aceptar(std::move(aceptar))
+        , m_cancelar(std::move(cancelar))
+    {
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override
+    {
+        if (evento->type() != QEvent::KeyPress && evento->type() != QEvent::ShortcutOverride)
+            return false;
+        const auto *widget = qobject_cast<QWidget *>(objeto);
+        const auto *tecla = static_cast<QKeyEvent *>(evento);
+        const bool nuestra =
+            (tecla->key() == Qt::Key_F9 || tecla->key() == Qt::Key_F12) && widget && widget->window() == m_formulario;
+        if (!nuestra)
+            return false;
+        evento->accept();
+        if (evento->type() == QEvent::KeyPress && !tecla->isAutoRepeat())
+            (tecla->key() == Qt::Key_F9 ? m_aceptar : m_cancelar)();
+        return true;
+    }
+
+private:
+    QDialog *m_formulario;
+    std::function<void()> m_aceptar;
+    std::function<void()> m_cancelar;
+};
+
+} // namespace
 
 QHBoxLayout *botonera(QDialog *formulario, std::function<void()> aceptar, std::function<void()> cancelar)
 {
@@ -28,10 +69,7 @@ QHBoxLayout *botonera(QDialog *formulario, std::function<void()> aceptar, std::f
 
 void atajosAceptarCancelar(QDialog *formulario, std::function<void()> aceptar, std::function<void()> cancelar)
 {
-    auto *f9 = new QShortcut(Qt::Key_F9, formulario);
-    QObject::connect(f9, &QShortcut::activated, formulario, std::move(aceptar));
-    auto *f12 = new QShortcut(Qt::Key_F12, formulario);
-    QObject::connect(f12, &QShortcut::activated, formulario, std::move(cancelar));
+    new TeclasDelFormulario(formulario, std::move(aceptar), std::move(cancelar));
 }
 
 } // namespace nv
