@@ -6,6 +6,10 @@
 
 namespace nv {
 
+/// When the form hides itself while it is active, its opener's window becomes active again, also where there is no
+/// window manager to do it.
+void devolverActivacion(QWidget *formulario);
+
 /// A modal form for one use: child of its opener's window, destroyed with this handle unless the window took it along
 /// while it was up. `vivo()` says whether its members may still be read.
 template <class Formulario>
@@ -17,7 +21,9 @@ public:
     explicit DialogoPropio(Concreto *formulario)
         : m_objeto(formulario)
         , m_formulario(formulario)
-    {}
+    {
+        devolverActivacion(formulario);
+    }
     DialogoPropio(DialogoPropio &&otro) noexcept
         : m_objeto(std::exchange(otro.m_objeto, {}))
         , m_formulario(std::exchange(otro.m_formulario, nullptr))
