@@ -5,6 +5,7 @@
 #include "platform/datos/Dialecto.h"
 #include "platform/datos/ErroresSqlite.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 
@@ -43,13 +44,14 @@ QString leer(sqlite3 *base, const char *sql)
 /// Changing the journal needs the file for itself and does not wait by itself.
 void diarioAdelantado(sqlite3 *base)
 {
-    constexpr int Intentos = 100;
-    for (int i = 0; leer(base, "PRAGMA journal_mode") == u"delete"; ++i) {
+    constexpr int Paciencia = 2000;
+    const QDeadlineTimer plazo(Paciencia);
+    while (leer(base, "PRAGMA journal_mode") == u"delete") {
         try {
             leer(base, "PRAGMA journal_mode = WAL");
             return;
         } catch (const Error &error) {
-            if (error.numero % 256 != SQLITE_BUSY || i == Intentos)
+            if ((error.numero & 0xFF) != SQLITE_BUSY || plazo.hasExpired())
                 throw;
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }

@@ -143,6 +143,8 @@ ConexionEmbebida::ConexionEmbebida(const QString &ruta)
     if (registrarFunciones(m_base.get()) != SQLITE_OK)
         throw errorDe(m_base.get());
     prepararCatalogo(m_base.get(), ruta);
+    constexpr qint64 PacienciaAlTrabajar = 5'000'000;
+    m_paciencia = PacienciaAlTrabajar;
 }
 
 ConexionEmbebida::~ConexionEmbebida()
@@ -154,12 +156,11 @@ ConexionEmbebida::~ConexionEmbebida()
 /// The engine's own handler waits ever longer and starves a process; short waits of random length do not.
 int ConexionEmbebida::esperar(void *conexion, int veces)
 {
-    constexpr qint64 Maximo = 5'000'000;
     auto *esta = static_cast<ConexionEmbebida *>(conexion);
     if (veces == 0)
         esta->m_esperado = 0;
     const qint64 pausa = std::uniform_int_distribution<qint64>(100, 1200)(esta->m_azar);
-    if (esta->m_esperado + pausa > Maximo)
+    if (esta->m_esperado + pausa > esta->m_paciencia)
         return 0;
     esta->m_esperado += pausa;
     std::this_thread::sleep_for(std::chrono::microseconds(pausa));

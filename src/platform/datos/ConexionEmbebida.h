@@ -39,7 +39,8 @@ private:
     std::unique_ptr<sqlite3, Cierre> m_base;
     CachePreparadas m_cache;
     std::minstd_rand m_azar;
-    qint64 m_esperado = 0; // microseconds in the current wait for a lock
+    qint64 m_esperado = 0;          // microseconds in the current wait for a lock
+    qint64 m_paciencia = 2'000'000; // microseconds; less while opening, when nothing is on screen yet
 };
 
 } // namespace nv::datos

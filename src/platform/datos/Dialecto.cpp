@@ -125,6 +125,7 @@ private:
     void buscarEmpresaFija(std::size_t fin)
     {
         int nivel = 0;
+        int apariciones = 0;
         bool enCondicion = false;
         for (std::size_t i = 0; i < fin; ++i) {
             const Lexema &lexema = m_lexemas[i];
@@ -140,8 +141,15 @@ private:
                 continue;
             const std::size_t igual = salto(i + 3);
             const std::size_t valor = igual < fin && m_lexemas[igual].esSigno(u'=') ? salto(igual + 1) : fin;
-            if (valor < fin && m_lexemas[valor].texto == QChar(marca::Numero))
+            const std::size_t despues = valor < fin ? salto(valor + 1) : fin;
+            const bool entero = despues >= fin || m_lexemas[despues].tipo == Tipo::Palabra;
+            if (valor < fin && m_lexemas[valor].texto == QChar(marca::Numero) && entero)
                 m_empresaFija = EmpresaFija{lexema.texto, parametro(valor)};
+        }
+        // A subquery that gives the name to a table of its own means that one.
+        for (std::size_t i = 0; i + 1 < fin && m_empresaFija; ++i) {
+            if (m_lexemas[i].es(m_empresaFija->alias) && !m_lexemas[i + 1].esSigno(u'.'))
+                m_empresaFija = ++apariciones > 1 ? std::nullopt : m_empresaFija;
         }
     }
 

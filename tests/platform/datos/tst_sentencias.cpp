@@ -18,6 +18,7 @@ private Q_SLOTS:
     void write_changes_data();
     void write_changes();
     void ranking_runs_twice_over_its_temporary_table();
+    void company_of_a_subquery_stays_its_own();
     void search_copy_takes_the_order_of_the_search();
 };
 
@@ -429,6 +430,11 @@ void PruebaSentencias::ranking_runs_twice_over_its_temporary_table()
     QVERIFY(abierto.siguiente());
     QCOMPARE(abierto.texto(u"Codigo"), u"1"_s);
     QVERIFY_EXCEPTION_THROWN(base.ejecutar(ranking), nv::Error); // it stands already
+    base.ejecutar(
+        u"INSERT INTO Articulos_Buscar(Terminal, Cod_Empresa, Cod_Articulo, Descripcion) SELECT DISTINCT 'CAJA1', 1, "
+        u"a.Codigo, a.Descripcion "_s +
+        lista.sliced(lista.indexOf(u"FROM"_s)));
+    QCOMPARE(base.filas(u"SELECT Cod_Articulo FROM Articulos_Buscar"_s), (QStringList{u"4"_s, u"1"_s}));
     // Copies keep how their texts compare and what kind their values are.
     base.ejecutar(
         u"SELECT a.Descripcion, a.Codigo, b.Fecha, c.Pvp INTO #Copia FROM Articulos a LEFT JOIN Articulos_CBarras b ON "
@@ -437,6 +443,25 @@ void PruebaSentencias::ranking_runs_twice_over_its_temporary_table()
         base.filas(
             u"SELECT DISTINCT Codigo, CONVERT(VARCHAR, Pvp) FROM #Copia WHERE Descripcion = 'bañera BLANCA' AND Fecha = '2026-02-01'"_s),
         QStringList{u"4|100.00"_s});
+}
+
+void PruebaSentencias::company_of_a_subquery_stays_its_own()
+{
+    nv::pruebas::BaseDatos base;
+    base.ejecutar(catalogoMinimo());
+    const QString desde = u"SELECT a.Codigo FROM Articulos a WHERE a.Cod_Empresa =1"_s;
+    QCOMPARE(
+        base.filas(
+            desde +
+            u" AND a.Codigo IN (SELECT a.Cod_Articulo FROM Almacen_Articulos a WHERE a.Cod_Empresa =2 AND a.Cod_Almacen =1) ORDER BY a.Codigo"_s),
+        (QStringList{u"1"_s, u"2"_s, u"4"_s}));
+    QCOMPARE(base.filas(desde + u" + 1 AND EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s), QStringList());
+    QCOMPARE(
+        base.filas(
+            u"SELECT a.Codigo FROM Almacenes a WHERE (a.Codigo =2) AND a.Cod_Empresa =2 AND EXISTS (SELECT 1 FROM Almacen_Tarifas b WHERE b.Cod_Empresa =a.Cod_Empresa)"_s),
+        QStringList{u"2"_s});
+    QCOMPARE(base.filas(desde + u" AND a.Codigo =1 OR EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s),
+             QStringList{u"1"_s});
 }
 
 void PruebaSentencias::search_copy_takes_the_order_of_the_search()
