@@ -1,0 +1,200 @@
+#include "guion/Reproductor.h"
+
+#include "guion/Teclado.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QMessageBox>
+#include <QSocketNotifier>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+namespace {
+
+constexpr int Latido = 4;       // ms
+constexpr int Paciencia = 2000; // ms that a command waits for its target
+
+QString nombreIcono(QMessageBox::Icon icono)
+{
+    switch (icono) {
+    case QMessageBox::Critical:
+        return u"critico"_s;
+    case QMessageBox::Warning:
+        return u"exclamacion"_s;
+    case QMessageBox::Information:
+        return u"informacion"_s;
+    case QMessageBox::Question:
+        return u"pregunta"_s;
+    case QMessageBox::NoIcon:
+        break;
+    }
+    return u"sin icono"_s;
+}
+
+} // namespace
+
+Reproductor::Reproductor(Entorno entorno, QTextStream &salida)
+    : m_entorno(std::move(entorno))
+    , m_salida(salida)
+{
+    m_entorno.conexion->escuchar(this);
+    m_latido.setInterval(Latido);
+    connect(&m_latido, &QTimer::timeout, this, &Reproductor::latir);
+}
+
+Reproductor::~Reproductor()
+{
+    m_entorno.conexion->dejarDeEscuchar(this);
+}
+
+int Reproductor::ejecutar(const QString &fichero)
+{
+    if (fichero == u"-") {
+        m_aviso = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
+        connect(m_aviso.get(), &QSocketNotifier::activated, this, &Reproductor::leerEntrada);
+    } else {
+        QFile guion(fichero);
+        if (!guion.open(QIODevice::ReadOnly | QIODevice::Text)) {
+            decir(u"no se puede leer el guion %1"_s.arg(fichero));
+            return 2;
+        }
+        while (!guion.atEnd()) {
+            if (const auto orden = guion::leida(QString::fromUtf8(guion.readLine()), ++m_linea))
+                m_ordenes.push_back(*orden);
+        }
+        m_finEntrada = true;
+    }
+    m_latido.start();
+    m_bucle.exec();
+    m_latido.stop();
+    return m_estado;
+}
+
+void Reproductor::leerEntrada()
+{
+    char trozo[4096];
+    const auto leidos = ::read(STDIN_FILENO, trozo, sizeof trozo);
+    if (leidos > 0)
+        m_resto.append(trozo, leidos);
+    else
+        m_finEntrada = true;
+    if (m_finEntrada && !m_resto.isEmpty())
+        m_resto.append('\n');
+    for (qsizetype fin = m_resto.indexOf('\n'); fin >= 0; fin = m_resto.indexOf('\n')) {
+        if (const auto orden = guion::leida(QString::fromUtf8(m_resto.first(fin)), ++m_linea))
+            m_ordenes.push_back(*orden);
+        m_resto.remove(0, fin + 1);
+    }
+    if (m_finEntrada)
+        m_aviso->setEnabled(false);
+}
+
+/// A command that has opened a modal window still runs in its nested loop: it counts as done once that window is up.
+bool Reproductor::reposada() const
+{
+    return m_enCurso.empty() || QApplication::activeModalWidget() != m_enCurso.back().modalAlEmpezar;
+}
+
+void Reproductor::latir()
+{
+    if (!m_acabando)
+        anunciarVentana();
+    if (m_acabando) {
+        cerrarModales();
+        if (m_enCurso.empty() && !QApplication::activeModalWidget())
+            m_bucle.quit();
+        return;
+    }
+    if (!reposada())
+        return;
+    if (m_pendiente) {
+        empezar(*m_pendiente);
+    } else if (!m_ordenes.empty()) {
+        const Orden orden = m_ordenes.front();
+        m_ordenes.pop_front();
+        decir(u"> "_s + orden.nombre + (orden.resto.isEmpty() ? QString() : u' ' + orden.resto));
+        m_espera.start();
+        empezar(orden);
+    } else if (m_finEntrada) {
+        acabar();
+    }
+}
+
+void Reproductor::empezar(const Orden &orden)
+{
+    m_pendiente.reset();
+    m_enCurso.push_back({QApplication::activeModalWidget()});
+    const Efecto efecto = hacer(orden);
+    m_enCurso.pop_back();
+    if (efecto == Efecto::Hecho || m_acabando)
+        return;
+    if (m_espera.hasExpired(Paciencia))
+        fallar(u"línea %1: %2"_s.arg(orden.linea).arg(m_motivo));
+    else
+        m_pendiente = orden;
+}
+
+void Reproductor::acabar()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        fallar(u"el guion acaba con una ventana abierta: %1"_s.arg(modal->windowTitle()));
+    m_acabando = true;
+}
+
+void Reproductor::cerrarModales()
+{
+    if (auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+        modal->reject();
+}
+
+void Reproductor::anunciarVentana()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    if (modal == m_anunciada)
+        return;
+    m_anunciada = modal;
+    if (const auto *caja = qobject_cast<QMessageBox *>(modal)) {
+        QStringList botones;
+        const QList<QAbstractButton *> todos = caja->buttons();
+        for (const QAbstractButton *boton : todos)
+            botones << boton->text().remove(u'&');
+        decir(u"mensaje \"%1\" \"%2\" %3 [%4]"_s.arg(caja->windowTitle(), guion::enUnaLinea(caja->text()),
+                                                     nombreIcono(caja->icon()), botones.join(u", "_s)));
+    } else if (modal) {
+        decir(u"ventana \"%1\""_s.arg(modal->windowTitle()));
+    }
+}
+
+void Reproductor::fallar(const QString &motivo)
+{
+    decir(u"FALLO: "_s + motivo);
+    if (m_estado == 0)
+        m_estado = 1;
+}
+
+void Reproductor::malGuion(const Orden &orden, const QString &motivo)
+{
+    decir(u"GUION MALO: línea %1: %2"_s.arg(orden.linea).arg(motivo));
+    m_estado = 2;
+    m_acabando = true;
+}
+
+void Reproductor::sentencia(const SucesoSentencia &suceso)
+{
+    if (!m_traza)
+        return;
+    decir(u"  sql "_s + suceso.texto);
+    if (!suceso.error.isEmpty())
+        decir(u"  error "_s + guion::enUnaLinea(suceso.error));
+}
+
+void Reproductor::decir(const QString &texto)
+{
+    m_salida << texto << Qt::endl;
+}
+
+} // namespace nv
