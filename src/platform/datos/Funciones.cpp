@@ -103,12 +103,15 @@ void funcionTexto(sqlite3_context *contexto, int, sqlite3_value **argumentos)
 
 __extension__ using Entero128 = __int128;
 
-/// Amounts are stored as floating point; their sum is formed in whole ten-thousandths.
+/// Amounts are stored as floating point; their sum is formed in whole ten-thousandths. The engine gives the memory,
+/// aligned for 64 bits.
 struct Suma
 {
-    Entero128 diezmilesimas;
+    qint64 enteros;
+    qint64 diezmilesimas;
     bool conDecimales;
     bool conFilas;
+    bool desbordada;
 };
 
 void pasoSuma(sqlite3_context *contexto, int, sqlite3_value **argumentos)
@@ -118,15 +121,18 @@ void pasoSuma(sqlite3_context *contexto, int, sqlite3_value **argumentos)
     if (!suma || tipo == SQLITE_NULL)
         return;
     suma->conFilas = true;
+    bool desborda = false;
     if (tipo == SQLITE_INTEGER) {
-        suma->diezmilesimas += static_cast<Entero128>(sqlite3_value_int64(argumentos[0])) * Moneda::Escala;
-        return;
+        const auto valor = static_cast<qint64>(sqlite3_value_int64(argumentos[0]));
+        desborda = __builtin_add_overflow(suma->enteros, valor, &suma->enteros);
+    } else {
+        constexpr double Limite = 9.2e18;
+        const double escalado = std::round(sqlite3_value_double(argumentos[0]) * static_cast<double>(Moneda::Escala));
+        suma->conDecimales = true;
+        desborda = !(std::abs(escalado) < Limite) ||
+                   __builtin_add_overflow(suma->diezmilesimas, static_cast<qint64>(escalado), &suma->diezmilesimas);
     }
-    constexpr double Limite = 1e30;
-    const double escalado = std::round(sqlite3_value_double(argumentos[0]) * static_cast<double>(Moneda::Escala));
-    suma->conDecimales = true;
-    if (std::abs(escalado) < Limite)
-        suma->diezmilesimas += static_cast<Entero128>(escalado);
+    suma->desbordada = suma->desbordada || desborda;
 }
 
 void finSuma(sqlite3_context *contexto)
@@ -134,10 +140,17 @@ void finSuma(sqlite3_context *contexto)
     const auto *suma = static_cast<const Suma *>(sqlite3_aggregate_context(contexto, 0));
     if (!suma || !suma->conFilas)
         return;
-    if (suma->conDecimales)
-        sqlite3_result_double(contexto, static_cast<double>(suma->diezmilesimas) / static_cast<double>(Moneda::Escala));
+    qint64 total = suma->diezmilesimas;
+    qint64 enteros = 0;
+    if (suma->desbordada)
+        sqlite3_result_error(contexto, "Desbordamiento.", -1);
+    else if (!suma->conDecimales)
+        sqlite3_result_int64(contexto, suma->enteros);
+    else if (__builtin_mul_overflow(suma->enteros, Moneda::Escala, &enteros) ||
+             __builtin_add_overflow(total, enteros, &total))
+        sqlite3_result_error(contexto, "Desbordamiento.", -1);
     else
-        sqlite3_result_int64(contexto, static_cast<sqlite3_int64>(suma->diezmilesimas / Moneda::Escala));
+        sqlite3_result_double(contexto, static_cast<double>(total) / static_cast<double>(Moneda::Escala));
 }
 
 } // namespace
