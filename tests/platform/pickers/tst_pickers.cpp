@@ -79,6 +79,7 @@ private Q_SLOTS:
         m_siguiente = new nvTextBox;
         columna->addWidget(m_siguiente);
         m_ventana->show();
+        m_ventana->activateWindow(); // without a window manager nobody else does
         QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
         m_proveedor->setFocus();
     }

@@ -37,6 +37,7 @@ private Q_SLOTS:
         QWidget::setTabOrder(m_cajas[0], m_cajas[2]);
         QWidget::setTabOrder(m_cajas[2], m_cajas[1]);
         m_ventana->show();
+        m_ventana->activateWindow(); // without a window manager nobody else does
         QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
         m_cajas[0]->setFocus();
     }

@@ -30,6 +30,7 @@ private Q_SLOTS:
     {
         m_ventana = std::make_unique<QWidget>();
         m_ventana->show();
+        m_ventana->activateWindow(); // without a window manager nobody else does
         QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
     }
 

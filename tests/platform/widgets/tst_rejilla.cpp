@@ -45,6 +45,7 @@ private Q_SLOTS:
         m_rejilla->setColumnas({{u"Código"_s, 900, Qt::AlignRight}, {u"Descripción"_s, 3000}});
         m_ventana->resize(500, 300);
         m_ventana->show();
+        m_ventana->activateWindow(); // without a window manager nobody else does
         QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
     }
 
