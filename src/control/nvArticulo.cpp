@@ -44,6 +44,7 @@ nvArticulo::nvArticulo(QWidget *padre)
     m_caja->setAccessibleName(u"Código de artículo"_s);
     m_nombre->setObjectName(u"lblNombre"_s);
     m_nombre->setTextFormat(Qt::PlainText);
+    m_nombre->setIndent(nv::twips::aPixeles(90, this));
     m_nombre->setAccessibleName(u"Descripción del artículo"_s);
     setFocusProxy(m_caja);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
