@@ -9,6 +9,7 @@
 #include "search/sql/CopiaBusqueda.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -29,8 +30,10 @@ void BusquedaBase::MostrarModal()
 {
     if (!cEmpresa)
         throw Error{errores::SinObjeto, u"No se ha establecido la empresa."_s, {}};
+    const QPointer<BusquedaBase> vivo(this);
     cargar();
-    exec();
+    if (vivo)
+        exec();
 }
 
 void BusquedaBase::Aceptar()

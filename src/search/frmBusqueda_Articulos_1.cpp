@@ -13,6 +13,7 @@
 #include "search/sql/Modelo0.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <limits>
 
@@ -45,17 +46,19 @@ void frmBusqueda_Articulos_1::cargar()
         buscar = ponerRecordados();
         m_panel->preparar(*cEmpresa, Cliente);
     });
-    m_nombre->selectAll();
     if (!cargado || !buscar)
         return;
+    const QPointer<frmBusqueda_Articulos_1> vivo(this);
     EjecutarBusqueda();
-    mostrarCriterios(true);
+    if (vivo)
+        mostrarCriterios(true);
 }
 
 /// Fills the criteria with what the component remembers; whether there is any.
 bool frmBusqueda_Articulos_1::ponerRecordados()
 {
     m_nombre->setText(Busqueda_Descripcion);
+    m_nombre->selectAll();
     // "0" is what the component's "start from blank" leaves.
     m_codigo->setText(Busqueda_Codigo == u"0" ? QString() : Busqueda_Codigo);
     m_referencia->setText(Busqueda_Referencia);
@@ -100,25 +103,27 @@ nv::Sentencia frmBusqueda_Articulos_1::consulta(const nv::sql::CriteriosArticulo
 
 void frmBusqueda_Articulos_1::EjecutarBusqueda()
 {
-    {
+    const QPointer<frmBusqueda_Articulos_1> vivo(this);
+    const bool hecha = buscar([this] {
         const QScopedValueRollback<bool> llenando(m_llenando, true);
-        const bool hecha = buscar([this] {
-            const nv::sql::CriteriosArticulo criterios = criteriosEscritos();
-            const nv::Sentencia sentencia = consulta(criterios);
-            m_carga->mostrar(nv::ranura::exigida().Abrir(sentencia));
-            recordar(sentencia);
-            recordarCriterios(criterios);
-        });
-        if (!hecha)
-            return;
+        const nv::sql::CriteriosArticulo criterios = criteriosEscritos();
+        const nv::Sentencia sentencia = consulta(criterios);
+        m_carga->mostrar(nv::ranura::exigida().Abrir(sentencia));
+        recordar(sentencia);
+        recordarCriterios(criterios);
         rejilla()->setFilaActual(1);
-    }
+    });
+    if (!hecha)
+        return;
     if (rejilla()->filasDatos() == 0) {
         m_panel->limpiar();
         return;
     }
     ordenarTabulacion(true);
     refrescarDetalles();
+    // A box may have been up, and the window gone with it.
+    if (!vivo)
+        return;
     rejilla()->setFocus();
     mostrarCriterios(false);
 }

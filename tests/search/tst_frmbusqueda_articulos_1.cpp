@@ -92,6 +92,7 @@ private Q_SLOTS:
     void criteria_are_remembered_as_typed();
     void five_hundred_rows_then_one_for_a_step_and_fifty_for_a_page();
     void end_then_page_down_brings_more();
+    void several_results_lift_the_row_limit();
     void fixed_family_is_locked_and_reference_searches_on_enter();
     void enter_walks_the_family_levels_and_searches_on_the_last();
     void changing_a_level_empties_those_below();
@@ -107,6 +108,8 @@ private Q_SLOTS:
     void failing_copy_leaves_the_dialog_open();
     void failing_search_leaves_the_grid_as_it_was();
     void failing_first_search_leaves_a_usable_dialog();
+    void failing_details_name_themselves();
+    void window_may_go_while_an_error_is_up();
     void models_without_a_dialog_say_so_data();
     void models_without_a_dialog_say_so();
 
@@ -374,6 +377,18 @@ void tst_frmBusqueda_Articulos_1::end_then_page_down_brings_more()
               QCOMPARE(rejilla->filasDatos(), 1200);
               QCOMPARE(rejilla->texto(1200, 1), u"ZZ 1200"_s);
           });
+}
+
+void tst_frmBusqueda_Articulos_1::several_results_lift_the_row_limit()
+{
+    m_empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"2"_s;
+    for (const bool varios : {false, true}) {
+        abrir([&](frmBusqueda_Articulos_1 &d) { d.MultiResultado = varios; },
+              [&](QWidget &d) {
+                  pulsa(d, Qt::Key_F9);
+                  QCOMPARE(listado(d)->filasDatos(), varios ? 4 : 2);
+              });
+    }
 }
 
 void tst_frmBusqueda_Articulos_1::fixed_family_is_locked_and_reference_searches_on_enter()
@@ -649,6 +664,51 @@ void tst_frmBusqueda_Articulos_1::failing_first_search_leaves_a_usable_dialog()
     });
     dialogo.MostrarModal();
     QVERIFY(conductor.terminado());
+}
+
+void tst_frmBusqueda_Articulos_1::failing_details_name_themselves()
+{
+    m_base->ejecutar(u"DROP TABLE Almacen_Articulos"_s);
+    frmBusqueda_Articulos_1 dialogo(nullptr);
+    dialogo.cEmpresa = &m_empresa;
+    Conductor conductor;
+    conductor
+        .con<frmBusqueda_Articulos_1>([](QWidget &d) {
+            pulsa(d, Qt::Key_F9);
+            pulsa(d, Qt::Key_F6);
+        })
+        .responde(u"Aceptar"_s)
+        .con<frmBusqueda_Articulos_1>([](QWidget &d) {
+            pulsa(d, Qt::Key_F6);
+            pulsa(d, Qt::Key_Return);
+        });
+    dialogo.MostrarModal();
+    QVERIFY(conductor.terminado());
+    QCOMPARE(conductor.cajas().size(), std::size_t{1});
+    QCOMPARE(conductor.cajas()[0].titulo, u"::DevPropiedades"_s);
+    QCOMPARE(dialogo.Codigo, u"3"_s);
+}
+
+void tst_frmBusqueda_Articulos_1::window_may_go_while_an_error_is_up()
+{
+    for (const bool alAbrir : {true, false}) {
+        auto *ventana = new QWidget;
+        ventana->show();
+        const nv::DialogoPropio<nv::ContratoBusqueda> dialogo = nv::crearDialogoBusqueda(0, ventana);
+        dialogo->cEmpresa = &m_empresa;
+        dialogo->Busqueda_Descripcion = alAbrir ? u"d'un cop"_s : QString();
+        Conductor conductor;
+        if (!alAbrir) {
+            conductor.con<frmBusqueda_Articulos_1>([](QWidget &d) {
+                nv::pruebas::teclear(d.focusWidget(), u"d'un cop"_s);
+                pulsa(d, Qt::Key_F9);
+            });
+        }
+        conductor.con<QMessageBox>([ventana](QMessageBox &) { delete ventana; });
+        dialogo->MostrarModal();
+        QVERIFY(conductor.terminado());
+        QVERIFY(!dialogo.vivo());
+    }
 }
 
 void tst_frmBusqueda_Articulos_1::models_without_a_dialog_say_so_data()
