@@ -1,13 +1,17 @@
 #include "guion/Reproductor.h"
 
+#include "guion/Objetos.h"
 #include "guion/Teclado.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QMessageBox>
 #include <QSocketNotifier>
+#include <algorithm>
 #include <unistd.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,23 +21,6 @@ namespace {
 
 constexpr int Latido = 4;       // ms
 constexpr int Paciencia = 2000; // ms that a command waits for its target
-
-QString nombreIcono(QMessageBox::Icon icono)
-{
-    switch (icono) {
-    case QMessageBox::Critical:
-        return u"critico"_s;
-    case QMessageBox::Warning:
-        return u"exclamacion"_s;
-    case QMessageBox::Information:
-        return u"informacion"_s;
-    case QMessageBox::Question:
-        return u"pregunta"_s;
-    case QMessageBox::NoIcon:
-        break;
-    }
-    return u"sin icono"_s;
-}
 
 } // namespace
 
@@ -62,16 +49,20 @@ int Reproductor::ejecutar(const QString &fichero)
             decir(u"no se puede leer el guion %1"_s.arg(fichero));
             return 2;
         }
-        while (!guion.atEnd()) {
-            if (const auto orden = guion::leida(QString::fromUtf8(guion.readLine()), ++m_linea))
-                m_ordenes.push_back(*orden);
-        }
+        while (!guion.atEnd())
+            leerLinea(guion.readLine());
         m_finEntrada = true;
     }
     m_latido.start();
     m_bucle.exec();
     m_latido.stop();
     return m_estado;
+}
+
+void Reproductor::leerLinea(const QByteArray &linea)
+{
+    if (const auto orden = guion::leida(QString::fromUtf8(linea), ++m_linea))
+        m_ordenes.push_back(*orden);
 }
 
 void Reproductor::leerEntrada()
@@ -85,34 +76,45 @@ void Reproductor::leerEntrada()
     if (m_finEntrada && !m_resto.isEmpty())
         m_resto.append('\n');
     for (qsizetype fin = m_resto.indexOf('\n'); fin >= 0; fin = m_resto.indexOf('\n')) {
-        if (const auto orden = guion::leida(QString::fromUtf8(m_resto.first(fin)), ++m_linea))
-            m_ordenes.push_back(*orden);
+        leerLinea(m_resto.first(fin));
         m_resto.remove(0, fin + 1);
     }
     if (m_finEntrada)
         m_aviso->setEnabled(false);
 }
 
-/// A command that has opened a modal window still runs in its nested loop: it counts as done once that window is up.
+/// A command that has opened a modal window still runs in that window's loop: it counts as done once the window is up.
+/// A window that paints itself before its rows are in lets timers through meanwhile, under the hourglass.
 bool Reproductor::reposada() const
 {
-    return m_enCurso.empty() || QApplication::activeModalWidget() != m_enCurso.back().modalAlEmpezar;
+    if (QApplication::overrideCursor())
+        return false;
+    return m_enCurso.empty() || QApplication::activeModalWidget() != m_enCurso.back();
 }
 
+/// A timer does not fire again while its own slot runs, so the work is never done in it.
 void Reproductor::latir()
 {
-    if (!m_acabando)
-        anunciarVentana();
+    if (m_programada || !(m_acabando || reposada()))
+        return;
+    m_programada = true;
+    QTimer::singleShot(0, this, &Reproductor::turno);
+}
+
+void Reproductor::turno()
+{
+    m_programada = false;
     if (m_acabando) {
-        cerrarModales();
+        cerrarModal();
         if (m_enCurso.empty() && !QApplication::activeModalWidget())
             m_bucle.quit();
         return;
     }
     if (!reposada())
         return;
+    anunciarVentana();
     if (m_pendiente) {
-        empezar(*m_pendiente);
+        empezar(*std::exchange(m_pendiente, std::nullopt));
     } else if (!m_ordenes.empty()) {
         const Orden orden = m_ordenes.front();
         m_ordenes.pop_front();
@@ -126,8 +128,7 @@ void Reproductor::latir()
 
 void Reproductor::empezar(const Orden &orden)
 {
-    m_pendiente.reset();
-    m_enCurso.push_back({QApplication::activeModalWidget()});
+    m_enCurso.emplace_back(QApplication::activeModalWidget());
     const Efecto efecto = hacer(orden);
     m_enCurso.pop_back();
     if (efecto == Efecto::Hecho || m_acabando)
@@ -145,28 +146,40 @@ void Reproductor::acabar()
     m_acabando = true;
 }
 
-void Reproductor::cerrarModales()
+void Reproductor::cerrarModal()
 {
-    if (auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
-        modal->reject();
+    QWidget *modal = QApplication::activeModalWidget();
+    if (auto *dialogo = qobject_cast<QDialog *>(modal))
+        dialogo->reject();
+    else if (modal)
+        modal->close();
 }
 
+/// A window is announced when it comes up, not again when one above it closes.
 void Reproductor::anunciarVentana()
 {
     QWidget *modal = QApplication::activeModalWidget();
-    if (modal == m_anunciada)
+    if (!modal) {
+        m_anunciadas.clear();
         return;
-    m_anunciada = modal;
-    if (const auto *caja = qobject_cast<QMessageBox *>(modal)) {
-        QStringList botones;
-        const QList<QAbstractButton *> todos = caja->buttons();
-        for (const QAbstractButton *boton : todos)
-            botones << boton->text().remove(u'&');
-        decir(u"mensaje \"%1\" \"%2\" %3 [%4]"_s.arg(caja->windowTitle(), guion::enUnaLinea(caja->text()),
-                                                     nombreIcono(caja->icon()), botones.join(u", "_s)));
-    } else if (modal) {
-        decir(u"ventana \"%1\""_s.arg(modal->windowTitle()));
     }
+    const auto vista = std::find(m_anunciadas.begin(), m_anunciadas.end(), modal);
+    if (vista != m_anunciadas.end()) {
+        m_anunciadas.erase(vista + 1, m_anunciadas.end());
+        return;
+    }
+    m_anunciadas.emplace_back(modal);
+    const auto *caja = qobject_cast<QMessageBox *>(modal);
+    if (!caja) {
+        decir(u"ventana \"%1\""_s.arg(modal->windowTitle()));
+        return;
+    }
+    QStringList botones;
+    const QList<QAbstractButton *> todos = caja->buttons();
+    for (const QAbstractButton *boton : todos)
+        botones << boton->text().remove(u'&');
+    decir(u"mensaje \"%1\" \"%2\" %3 [%4]"_s.arg(caja->windowTitle(), guion::enUnaLinea(caja->text()),
+                                                 guion::nombreIcono(caja->icon()), botones.join(u", "_s)));
 }
 
 void Reproductor::fallar(const QString &motivo)
@@ -176,11 +189,12 @@ void Reproductor::fallar(const QString &motivo)
         m_estado = 1;
 }
 
-void Reproductor::malGuion(const Orden &orden, const QString &motivo)
+Reproductor::Efecto Reproductor::malGuion(const QString &motivo)
 {
-    decir(u"GUION MALO: línea %1: %2"_s.arg(orden.linea).arg(motivo));
+    decir(u"GUION MALO: "_s + motivo);
     m_estado = 2;
     m_acabando = true;
+    return Efecto::Hecho;
 }
 
 void Reproductor::sentencia(const SucesoSentencia &suceso)

@@ -36,9 +36,8 @@ struct Entorno
 };
 
 /// Drives the program by keystrokes from a script, one command per line (see docs/guiones.md). Each command runs from a
-/// turn of the event loop of its own; a modal window that a command opens does not hold up the next one.
-using guion::Orden;
-
+/// turn of the event loop of its own; a modal window that a command opens does not hold up the next one, which runs
+/// inside the window's own loop.
 class Reproductor : public QObject, public OyenteSentencias
 {
     Q_OBJECT
@@ -54,37 +53,40 @@ public:
     void sentencia(const SucesoSentencia &suceso) override;
 
 private:
+    using Orden = guion::Orden;
     enum class Efecto { Hecho, Esperar };
-    struct EnCurso
-    {
-        QPointer<QWidget> modalAlEmpezar;
-    };
 
     void latir();
+    void turno();
     void anunciarVentana();
     bool reposada() const;
     void empezar(const Orden &orden);
     void acabar();
-    void cerrarModales();
+    void cerrarModal();
     void fallar(const QString &motivo);
-    void malGuion(const Orden &orden, const QString &motivo);
+    Efecto malGuion(const QString &motivo);
     void leerEntrada();
+    void leerLinea(const QByteArray &linea);
     void decir(const QString &texto);
 
     Efecto hacer(const Orden &orden);
-    Efecto hacerEntrada(const Orden &orden);
-    Efecto hacerConsulta(const Orden &orden);
-    Efecto clic(const Orden &orden, bool doble);
-    Efecto responder(const QString &boton);
+    Efecto enfocar(const Orden &orden);
+    Efecto pulsarTecla(const Orden &orden);
+    Efecto teclear(const Orden &orden);
+    Efecto clic(const Orden &orden);
+    Efecto responder(const Orden &orden);
     Efecto poner(const Orden &orden);
-    Efecto consultar(const QString &sentencia);
+    Efecto reiniciar(const Orden &orden);
+    Efecto consultar(const Orden &orden);
+    Efecto mostrar(const Orden &orden);
     Efecto mostrarRejilla(const Orden &orden);
+    Efecto capturar(const Orden &orden);
+    Efecto trazar(const Orden &orden);
     Efecto comprobar(const Orden &orden);
     Efecto comprobarMensaje(const QStringList &palabras);
+    Efecto comprobarFoco(const QString &nombre);
     Efecto igual(const QString &que, const QString &hay, const QString &esperado);
-    Efecto capturar(const QString &nombre);
-    Efecto reiniciar(const Orden &orden);
-    /// Nothing yet: the command is tried again until its time is up.
+    /// Not yet: the command is tried again until its time is up.
     Efecto aunNo(const QString &motivo);
 
     QWidget *objeto(const QString &nombre) const;
@@ -95,15 +97,17 @@ private:
     QEventLoop m_bucle;
     QTimer m_latido;
     std::deque<Orden> m_ordenes;
-    std::vector<EnCurso> m_enCurso;
-    std::optional<Orden> m_pendiente; ///< a command that waits for its target
+    /// The modal window that was up when each unfinished command began, the outermost command first.
+    std::vector<QPointer<QWidget>> m_enCurso;
+    std::vector<QPointer<QWidget>> m_anunciadas; ///< modal windows on screen, the lowest first
+    std::optional<Orden> m_pendiente;            ///< a command that waits for its target
     QElapsedTimer m_espera;
     QString m_motivo;
-    QPointer<QWidget> m_anunciada;
     std::unique_ptr<QSocketNotifier> m_aviso;
     QByteArray m_resto;
     int m_linea = 0;
     int m_estado = 0;
+    bool m_programada = false; ///< a turn is on its way
     bool m_finEntrada = false;
     bool m_acabando = false;
     bool m_traza = false;

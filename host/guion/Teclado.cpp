@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QPointer>
+#include <QWidget>
 
 // Exported by the toolkit for drivers of programs: offers a key to shortcuts as the window system does.
 Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject *o, ulong timestamp, int k, Qt::KeyboardModifiers mods,
@@ -92,8 +93,12 @@ bool pulsar(QWidget *principal, const QString &nombre)
 
 void teclear(QWidget *principal, const QString &texto)
 {
-    for (const QChar c : texto)
-        enviar(principal, c.toUpper().unicode(), c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier, QString(c));
+    // By character, not by code unit: one outside the basic plane comes as one key.
+    const QList<uint> caracteres = texto.toUcs4();
+    for (const char32_t c : caracteres) {
+        const auto mayuscula = static_cast<int>(QChar::toUpper(c));
+        enviar(principal, mayuscula, QChar::isUpper(c) ? Qt::ShiftModifier : Qt::NoModifier, QString::fromUcs4(&c, 1));
+    }
 }
 
 } // namespace nv::guion
