@@ -25,8 +25,8 @@ std::optional<QString> Reproductor::valor(const QString &nombre) const
         return guion::textoDe(widget);
     }
     if (nombre == u"Modelo")
-        return QString::number(m_entorno.articulo->Modelo());
-    const QVariant propiedad = m_entorno.articulo->property(nombre.toUtf8().constData());
+        return QString::number(articulo().Modelo());
+    const QVariant propiedad = articulo().property(nombre.toUtf8().constData());
     if (!propiedad.isValid())
         return std::nullopt;
     if (propiedad.typeId() == QMetaType::Bool)

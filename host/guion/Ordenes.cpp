@@ -45,6 +45,15 @@ Reproductor::Efecto Reproductor::hacer(const Orden &orden)
     }
 }
 
+/// Restarting may have put another box in its place.
+nvArticulo &Reproductor::articulo() const
+{
+    auto *actual = m_entorno.ventana->findChild<nvArticulo *>(m_nombreArticulo);
+    if (!actual)
+        throw Error{0, u"la ventana no tiene caja de artículo"_s, {}};
+    return *actual;
+}
+
 /// By objectName in the window on top, else in the main one, where the item box's own children come first.
 QWidget *Reproductor::objeto(const QString &nombre) const
 {
@@ -53,7 +62,7 @@ QWidget *Reproductor::objeto(const QString &nombre) const
         if (QWidget *widget = guion::buscado(activa, nombre))
             return widget;
     }
-    QWidget *propio = m_entorno.articulo->findChild<QWidget *>(nombre);
+    auto *propio = articulo().findChild<QWidget *>(nombre);
     return propio ? propio : guion::buscado(m_entorno.ventana, nombre);
 }
 
@@ -129,15 +138,15 @@ Reproductor::Efecto Reproductor::poner(const Orden &orden)
         return Efecto::Hecho;
     }
     if (nombre == u"Modelo") {
-        m_entorno.articulo->setModelo(static_cast<qint16>(valor.toInt()));
+        articulo().setModelo(static_cast<qint16>(valor.toInt()));
         return Efecto::Hecho;
     }
-    const QMetaObject *clase = m_entorno.articulo->metaObject();
+    const QMetaObject *clase = articulo().metaObject();
     const QMetaProperty propiedad = clase->property(clase->indexOfProperty(nombre.toUtf8().constData()));
     if (!propiedad.isWritable())
         return malGuion(u"línea %1: no hay propiedad %2 que se pueda poner"_s.arg(orden.linea).arg(nombre));
     const bool logica = propiedad.typeId() == QMetaType::Bool;
-    propiedad.write(m_entorno.articulo, logica ? QVariant(valor == u"True" || valor == u"1") : QVariant(valor));
+    propiedad.write(&articulo(), logica ? QVariant(valor == u"True" || valor == u"1") : QVariant(valor));
     return Efecto::Hecho;
 }
 

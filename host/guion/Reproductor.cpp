@@ -1,5 +1,6 @@
 #include "guion/Reproductor.h"
 
+#include "control/nvArticulo.h"
 #include "guion/Objetos.h"
 #include "guion/Teclado.h"
 
@@ -26,6 +27,7 @@ constexpr int Paciencia = 2000; // ms that a command waits for its target
 
 Reproductor::Reproductor(Entorno entorno, QTextStream &salida)
     : m_entorno(std::move(entorno))
+    , m_nombreArticulo(m_entorno.articulo->objectName())
     , m_salida(salida)
 {
     m_entorno.conexion->escuchar(this);

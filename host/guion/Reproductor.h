@@ -25,6 +25,7 @@ namespace nv {
 struct Entorno
 {
     QWidget *ventana = nullptr;
+    /// The item box; another one of its name takes its place where `reinicia` makes it anew.
     nvArticulo *articulo = nullptr;
     Conexion *conexion = nullptr;
     /// Writes a company setting.
@@ -89,10 +90,12 @@ private:
     /// Not yet: the command is tried again until its time is up.
     Efecto aunNo(const QString &motivo);
 
+    nvArticulo &articulo() const;
     QWidget *objeto(const QString &nombre) const;
     std::optional<QString> valor(const QString &nombre) const;
 
     Entorno m_entorno;
+    QString m_nombreArticulo;
     QTextStream &m_salida;
     QEventLoop m_bucle;
     QTimer m_latido;

@@ -61,7 +61,15 @@ int tst_Reproductor::toca(const QByteArray &guion)
     entorno.ponEmpresa = [this](const QString &clave, const QString &valor) {
         m_forma->empresa.valores[clave] = valor;
     };
-    entorno.reinicia = [this](std::optional<int>) { ++m_reinicios; };
+    // As the host does: another box in the place of the former one.
+    entorno.reinicia = [this](std::optional<int>) {
+        ++m_reinicios;
+        m_forma->despues->setFocus();
+        delete std::exchange(m_forma->articulo, new nvArticulo(m_forma.get()));
+        m_forma->articulo->setcEmpresa(&m_forma->empresa);
+        m_forma->articulo->show();
+        m_forma->articulo->setFocus();
+    };
     m_transcripcion.clear();
     QTextStream salida(&m_transcripcion);
     Reproductor reproductor(entorno, salida);
@@ -139,7 +147,9 @@ void tst_Reproductor::a_target_that_comes_late_is_waited_for()
 
 void tst_Reproductor::restarting_closes_what_is_open()
 {
-    QCOMPARE(toca("teclea /999\npulsa Enter\nresponde Sí\nreinicia\ncomprueba foco txtCodigo\n"), 0);
+    QCOMPARE(toca("teclea /999\npulsa Enter\nresponde Sí\nreinicia\n"
+                  "comprueba foco txtCodigo\nteclea 12\npulsa Enter\ncomprueba Existe = True\n"),
+             0);
     QCOMPARE(m_reinicios, 1);
 }
 
