@@ -107,14 +107,14 @@ QWidget *PanelAjustes::grupoEmpresa()
     m_modelo->setMinimumContentsLength(20);
     connect(m_modelo, &QComboBox::currentIndexChanged, this, &PanelAjustes::cambiarModelo);
 
-    auto *etiqueta = new QLabel(u"&Modelo de búsqueda:"_s);
+    auto *etiqueta = new QLabel(u"Modelo de &búsqueda:"_s);
     etiqueta->setBuddy(m_modelo);
     auto *columna = new QVBoxLayout(grupo);
     auto *fila = new QHBoxLayout;
     fila->addWidget(etiqueta);
     fila->addWidget(m_modelo, 1);
     columna->addLayout(fila);
-    columna->addWidget(ajuste(u"EsUlvaro"_s, u"Edición de &moda (EsUlvaro)"_s));
+    columna->addWidget(ajuste(u"EsUlvaro"_s, u"Edición de moda (EsUlvaro)"_s));
     columna->addWidget(casilla(
         u"chkOrdenCualidades"_s, u"En los códigos, posiciones 9-10 = X y 11-12 = Y"_s,
         [this] { return m_empresa->OrdenCualidades(); },
@@ -124,8 +124,8 @@ QWidget *PanelAjustes::grupoEmpresa()
             m_empresa->Recargar();
         }));
     columna->addWidget(ajuste(u"OficinaCentral"_s, u"&Oficina central"_s));
-    columna->addWidget(permiso(u"chkPermisoReferencias"_s, u"Permiso para crear &referencias"_s, 19));
-    columna->addWidget(permiso(u"chkPermisoBarras"_s, u"Permiso para crear códigos de &barras"_s, 8));
+    columna->addWidget(permiso(u"chkPermisoReferencias"_s, u"Permiso para crear referencias"_s, 19));
+    columna->addWidget(permiso(u"chkPermisoBarras"_s, u"Permiso para crear códigos de barras"_s, 8));
     return grupo;
 }
 

@@ -93,11 +93,12 @@ void Ventana::renovarArticulo()
     retirar(antes);
 }
 
-/// Hidden first: a box that goes with the focus in it is told of losing it when it is half gone.
+/// A box that goes with the focus in it would be told of losing it when it is half gone.
 void Ventana::retirar(nvArticulo *articulo)
 {
     if (!articulo)
         return;
+    articulo->focusProxy()->clearFocus();
     articulo->hide();
     delete articulo;
 }

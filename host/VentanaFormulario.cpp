@@ -130,7 +130,7 @@ QWidget *Ventana::crearEntrada()
     m_unidades->setNumerico(true);
     m_unidades->setDecimales(3);
     m_unidades->setMaxLength(9);
-    m_unidades->setMaximumWidth(90);
+    m_unidades->setFixedWidth(90);
     m_unidades->setText(u"1"_s);
     auto *tituloUnidades = new QLabel(u"&Unidades:"_s);
     tituloUnidades->setBuddy(m_unidades);
