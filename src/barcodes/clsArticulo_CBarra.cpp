@@ -29,6 +29,13 @@ QString etiquetaModificar()
     return u"clsCodigos_Barra::Modificar"_s;
 }
 
+/// Before the step in front of it runs: a main mark must not be lost to a statement that cannot be sent.
+void exigirEnviable(const Sentencia &sentencia)
+{
+    if (!sentencia.defecto().isEmpty())
+        throw nv::Error{nv::errores::ComillaSinCerrar, sentencia.defecto(), {}};
+}
+
 } // namespace
 
 qint16 clsArticulo_CBarra::empresaArticulos() const
@@ -143,17 +150,18 @@ void clsArticulo_CBarra::Insertar()
 {
     etiquetado(u"clsCodigos_Barra::Insertar"_s, [&] {
         const qint16 empresa = empresaArticulos();
-        if (Principal) {
-            Sentencia degradar(u"UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =");
-            degradar << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Principal =1";
-            m_conexion->Ejecutar(degradar);
-        }
         Sentencia insertar(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras,"
                            u" Principal, Fecha, Unidades, Automatico)"
                            u" VALUES (");
         insertar << empresa << u", " << Cod_Articulo << u", '" << ComoEscrito(Cod_Barras) << u"', "
                  << (Principal ? 1 : 0) << u", '" << m_empresa->Hoy() << u"', " << Unidades << u", "
                  << (Automatico ? 1 : 0) << u")";
+        exigirEnviable(insertar);
+        if (Principal) {
+            Sentencia degradar(u"UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =");
+            degradar << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Principal =1";
+            m_conexion->Ejecutar(degradar);
+        }
         m_conexion->Ejecutar(insertar);
     });
 }
@@ -186,6 +194,7 @@ void clsArticulo_CBarra::Cambia_Principal(const QString &codigoBarras)
         Sentencia ascender(u"UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =");
         ascender << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Cod_Barras = '"
                  << ComoEscrito(codigoBarras) << u"'";
+        exigirEnviable(ascender);
         m_conexion->Ejecutar(degradar);
         m_conexion->Ejecutar(ascender);
     });

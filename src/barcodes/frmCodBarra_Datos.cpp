@@ -12,6 +12,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +41,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
     m_codBarras->setMaximumWidth(nv::twips::aPixeles(2600, this));
     m_unidades->setObjectName(u"txtUnidades"_s);
     m_unidades->setNumerico(true);
+    m_unidades->setConSigno(false);
     m_unidades->setMaxLength(9);
     m_unidades->setAlignment(Qt::AlignRight);
     m_unidades->setMaximumWidth(nv::twips::aPixeles(1380, this));
@@ -63,8 +65,11 @@ void frmCodBarra_Datos::MostrarModal()
     m_articulo->setcEmpresa(cEmpresa);
     m_articulo->setConexion(nv::ranura::actual());
     m_articulo->setText(Articulo);
+    const QPointer<frmCodBarra_Datos> vivo(this);
     if (!Articulo.isEmpty())
         m_articulo->Refrescar_Datos();
+    if (!vivo)
+        return;
     m_codBarras->setText(CodBarras);
     m_articulo->setFocus();
     exec();
@@ -81,9 +86,11 @@ void frmCodBarra_Datos::aceptar()
     try {
         unidades = nv::ValEntero16(m_unidades->text());
     } catch (const nv::Error &) {
+        const QPointer<nvTextBox> campo(m_unidades);
         nv::mensajes::mostrar(this, atencion, u"Las unidades no pueden pasar de 32767."_s,
                               nv::mensajes::Icono::Exclamacion);
-        m_unidades->setFocus();
+        if (campo)
+            campo->setFocus();
         return;
     }
     CodBarras = m_codBarras->text();

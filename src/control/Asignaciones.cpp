@@ -13,12 +13,14 @@ namespace nv {
 
 namespace {
 
-/// A code that the user left as text must be a number: 0 would attach to nothing.
+/// What the user left in an item box without confirming it must read as the code that Enter would have made of it. A
+/// text that Enter reads otherwise ("+12" is a PLU) is refused: it would attach to another item.
 qint32 codigoDe(const QString &texto)
 {
-    if (!esNumerico(texto))
+    const QString limpio = recortado(texto);
+    if (!esNumerico(limpio) || limpio.startsWith(u'+') || limpio.startsWith(u'-'))
         throw Error{errores::NoCoinciden, u"«%1» no es un código de artículo."_s.arg(texto.left(60)), {}};
-    return ValEntero32(texto);
+    return ValEntero32(QString(limpio).remove(u'.').remove(u','));
 }
 
 bool hayFila(Conexion &conexion, const Sentencia &sentencia)
@@ -45,13 +47,18 @@ bool Asignaciones::guardada(Operacion &&operacion)
     }
 }
 
-bool Asignaciones::referencia(qint32 &articulo, qint32 &proveedor, QString &referencia)
+bool Asignaciones::referencia(qint32 &articulo, qint32 &proveedor, QString &referencia, ValoresCreacion &recordados)
 {
     return guardada([&] {
         if (m_empresa.ValorBooleano(u"EsUlvaro"_s)) {
-            mensajes::mostrar(m_padre, u"¡ Atención !"_s, u"La creación de artículos todavía no está disponible."_s,
-                              mensajes::Icono::Exclamacion);
-            return false;
+            DatosCreacion datos{articulo, proveedor, referencia, recordados};
+            if (!m_dialogos.crearArticulo(m_padre, m_empresa, m_conexion, datos))
+                return false;
+            articulo = datos.Codigo;
+            proveedor = datos.Proveedor;
+            referencia = datos.Ref;
+            recordados = datos.valores;
+            return true;
         }
         DatosReferencia datos{QString::number(articulo), proveedor, referencia};
         if (!m_dialogos.pedirReferencia(m_padre, m_empresa, datos))
@@ -76,8 +83,8 @@ bool Asignaciones::atacharReferencia(qint32 articulo, qint32 proveedor, const QS
         Sentencia borra(u"DELETE");
         borra << otros << u" AND Ref ='" << ComoEscrito(referencia) << u"'";
         m_conexion.Ejecutar(borra);
-        m_yaBorrado = u"La referencia %1 ya se ha quitado de los demás artículos del proveedor %2."_s.arg(referencia)
-                          .arg(proveedor);
+        m_yaBorrado = u"La referencia %1 ya se ha quitado de los demás artículos del proveedor %2."_s.arg(
+            referencia, QString::number(proveedor));
     }
     Sentencia principal(u"SELECT Cod_Articulo FROM Articulos_Ref WHERE Cod_Empresa =");
     principal << empresa << u" AND Cod_Articulo =" << articulo << u" AND Principal = 1";

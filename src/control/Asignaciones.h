@@ -10,6 +10,7 @@ namespace nv {
 
 class Conexion;
 class Dialogos;
+struct ValoresCreacion;
 
 /// Attach what was not found to an item, after the user agreed. True when an item now carries it; the arguments then
 /// hold the item code and what was attached. Errors are shown. No transaction: the delete and the insert of a transfer
@@ -24,8 +25,9 @@ public:
         , m_padre(padre)
     {}
 
-    /// `Articulos_Ref`. `proveedor` receives the supplier chosen in the dialog once it was accepted.
-    bool referencia(qint32 &articulo, qint32 &proveedor, QString &referencia);
+    /// `Articulos_Ref`; in the fashion edition a whole new item, which starts from `recordados` and leaves its values
+    /// there. `proveedor` receives the supplier chosen in the dialog once it was accepted.
+    bool referencia(qint32 &articulo, qint32 &proveedor, QString &referencia, ValoresCreacion &recordados);
     /// `Articulos_CBarras`.
     bool codigoBarras(qint32 &articulo, QString &codigoBarras);
 

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPalette>
 #include <QPointer>
+#include <utility>
 
 namespace nv {
 
@@ -52,11 +53,13 @@ bool CajaCodigo::event(QEvent *evento)
 void CajaCodigo::keyPressEvent(QKeyEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
-    qint16 codigo = teclas::codigo(*evento);
+    // Many characters have no key code of their own: only a code that the host took away cancels the key.
+    const qint16 original = teclas::codigo(*evento);
+    qint16 codigo = original;
     qint16 estado = teclas::estado(evento->modifiers());
     const bool sinEfectoPropio = codigo == teclas::F3 || codigo == teclas::Arriba;
     Q_EMIT teclaAbajo(codigo, estado);
-    if (!vivo || codigo == 0 || sinEfectoPropio) {
+    if (!vivo || (original != 0 && codigo == 0) || sinEfectoPropio) {
         evento->accept();
         return;
     }
@@ -158,8 +161,9 @@ void CajaCodigo::mouseReleaseEvent(QMouseEvent *evento)
     const QPointer<CajaCodigo> vivo(this);
     const bool dentro = evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint());
     QLineEdit::mouseReleaseEvent(evento);
+    const bool segundo = std::exchange(m_trasDobleClic, false);
     Q_EMIT ratonArriba(teclas::boton(evento->button()), teclas::estado(evento->modifiers()), evento->position());
-    if (vivo && dentro)
+    if (vivo && dentro && !segundo)
         Q_EMIT clic();
 }
 
@@ -167,6 +171,7 @@ void CajaCodigo::mouseDoubleClickEvent(QMouseEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
     QLineEdit::mouseDoubleClickEvent(evento);
+    m_trasDobleClic = true;
     Q_EMIT ratonAbajo(teclas::boton(evento->button()), teclas::estado(evento->modifiers()), evento->position());
     if (vivo)
         Q_EMIT dobleClic();

@@ -45,6 +45,8 @@ protected:
 
 private:
     void escribir(QKeyEvent *evento);
+
+    bool m_trasDobleClic = false; ///< the release that ends a double click is no click
 };
 
 } // namespace nv

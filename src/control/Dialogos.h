@@ -26,6 +26,30 @@ struct DatosReferencia
     QString Referencia;
 };
 
+/// What the component remembers between two creations of an item, handed to the next one.
+struct ValoresCreacion
+{
+    qint16 Marca = 0;
+    qint16 TipoImpuesto = 0;
+    qint16 Familia_1 = 0;
+    qint16 Familia_2 = 0;
+    qint16 Familia_3 = 0;
+    qint16 CualidadX = 0;
+    qint16 CualidadY = 0;
+    QString Temporada;
+    qint16 NoGenerarSerieEAN = 0;
+    qint16 UnidadesDecimales = 0;
+};
+
+/// A new item in the fashion edition: its code is the result.
+struct DatosCreacion
+{
+    qint32 Codigo = 0;
+    qint32 Proveedor = 0;
+    QString Ref;
+    ValoresCreacion valores;
+};
+
 /// What the component asks of the forms. It includes none of them: the one implementation stands above both.
 /// `padre` is the box's window; results are item codes (> 0), 0 none, -1 cancelled.
 class Dialogos
@@ -46,6 +70,9 @@ public:
     /// Barcode data dialog, and supplier reference edit: `datos` go in and come out; false when not accepted.
     virtual bool pedirCodigoBarras(QWidget *padre, ::cEmpresa &empresa, DatosCodigoBarras &datos) = 0;
     virtual bool pedirReferencia(QWidget *padre, ::cEmpresa &empresa, DatosReferencia &datos) = 0;
+
+    /// Quick creation form; the item is complete in the database when the result is true.
+    virtual bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) = 0;
 };
 
 /// Defined by the wiring layer.

@@ -39,13 +39,15 @@ nvArticulo::nvArticulo(QWidget *padre)
     , m_caja(new nv::CajaCodigo(this))
     , m_nombre(new QLabel(this))
     , m_keyFichaArt(nv::teclas::F4)
+    , m_creacion(std::make_unique<nv::ValoresCreacion>())
 {
     m_caja->setObjectName(u"txtCodigo"_s);
     m_caja->setAccessibleName(u"Código de artículo"_s);
     m_nombre->setObjectName(u"lblNombre"_s);
     m_nombre->setTextFormat(Qt::PlainText);
-    m_nombre->setIndent(nv::twips::aPixeles(90, this));
-    m_nombre->setAccessibleName(u"Descripción del artículo"_s);
+    // Off the edge of the box; an indent would push the text down too.
+    m_nombre->setContentsMargins(nv::twips::aPixeles(90, this), 0, 0, 0);
+    m_nombre->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setFocusProxy(m_caja);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
@@ -68,7 +70,11 @@ nvArticulo::nvArticulo(QWidget *padre)
     InitProperties();
 }
 
-nvArticulo::~nvArticulo() = default;
+/// The box still loses its focus while it is taken down: it must not tell what is half gone.
+nvArticulo::~nvArticulo()
+{
+    m_caja->disconnect(this);
+}
 
 void nvArticulo::setConexion(nv::Conexion *conexion)
 {
@@ -121,6 +127,8 @@ bool nvArticulo::Enabled() const
 void nvArticulo::setEnabled(bool valor)
 {
     QWidget::setEnabled(valor);
+    if (valor)
+        m_caja->setEnabled(true); // stored properties may have disabled the box alone
     pintarSegunEstado();
     marcarCambiada(u"Enabled"_s);
 }
@@ -181,7 +189,8 @@ void nvArticulo::setText(const QString &texto)
 {
     ponerCaja(nv::recortado(texto));
     marcarCambiada(u"Text"_s);
-    ponerNombre(corchetes(1785));
+    if (const QString hueco = corchetes(1785); !hueco.isEmpty())
+        ponerNombre(hueco);
     m_existe = false;
     m_pendiente = true;
 }
@@ -312,6 +321,7 @@ void nvArticulo::ponerCaja(const QString &texto)
 void nvArticulo::ponerNombre(const QString &nombre)
 {
     m_nombre->setText(nombre);
+    m_caja->setAccessibleDescription(nombre.startsWith(u'[') ? QString() : nombre);
     const bool cabe = m_nombre->fontMetrics().horizontalAdvance(nombre) <= m_nombre->width();
     m_nombre->setToolTip(cabe ? QString() : sinFormato(nombre));
 }

@@ -19,6 +19,7 @@ class Conexion;
 class Consultas;
 class Dialogos;
 enum class ClaseEntrada;
+struct ValoresCreacion;
 } // namespace nv
 
 /// Item box: a code box (`txtCodigo`) with the item's description beside it (`lblNombre`), placed wherever a user must
@@ -260,5 +261,6 @@ private:
     QString m_multiCodigo;
     QString m_multiDescripcion;
     nv::CriteriosBusqueda m_criterios;
-    std::array<std::optional<bool>, 2> m_permisos; ///< supplier references, barcodes
+    std::unique_ptr<nv::ValoresCreacion> m_creacion; ///< of the last item created from here
+    std::array<std::optional<bool>, 2> m_permisos;   ///< supplier references, barcodes
 };

@@ -22,6 +22,16 @@ constexpr int ControlReferencias = 19;
 constexpr int ControlBarras = 8;
 constexpr double PluMayor = 99999;
 
+/// A number beyond any PLU, or beyond any number, is one that does not exist.
+bool cabeComoPlu(const QString &texto)
+{
+    try {
+        return nv::Val(texto) <= PluMayor;
+    } catch (const nv::Error &) {
+        return false;
+    }
+}
+
 } // namespace
 
 /// The whole routine under its guard. An error is one message, and everything is what it was before Enter.
@@ -46,6 +56,9 @@ nvArticulo::Resultado nvArticulo::resolver(qint16 &ascii, bool confirmada)
         const QString carga = u"nvArticulos::Cargar"_s;
         nv::mensajes::mostrar(window(), error.origen == carga ? carga : u"¡ Atención !"_s, error.descripcion,
                               nv::mensajes::Icono::Critico);
+        // The next scan must replace what failed, not go on behind it.
+        if (vivo)
+            m_caja->selectAll();
     }
     return resultado;
 }
@@ -69,8 +82,7 @@ nvArticulo::Paso nvArticulo::repartir(const QString &entrada, qint16 &ascii)
         return ocupada.viva() ? porLista(encontrado, ascii) : Paso::Muerta;
     }
     case nv::ClaseEntrada::Plu: {
-        const bool posible = nv::Val(resto) <= PluMayor;
-        const qint32 encontrado = posible ? consultas.plu(nv::ValEntero32(resto)) : 0;
+        const qint32 encontrado = cabeComoPlu(resto) ? consultas.plu(nv::ValEntero32(resto)) : 0;
         return ocupada.viva() ? porLista(encontrado, ascii) : Paso::Muerta;
     }
     case nv::ClaseEntrada::CodigoBarras:
@@ -104,9 +116,11 @@ nvArticulo::Paso nvArticulo::porReferenciaProveedor(nv::Consultas &consultas, co
         qint32 proveedor = m_proveedor;
         QString asignada = referencia;
         nv::Asignaciones asignaciones(nv::ranura::exigida(), empresaExigida(), dialogos(), window());
-        const bool hecho = asignaciones.referencia(articulo, proveedor, asignada);
+        nv::ValoresCreacion recordados = *m_creacion;
+        const bool hecho = asignaciones.referencia(articulo, proveedor, asignada, recordados);
         if (!vivo)
             return Paso::Muerta;
+        *m_creacion = recordados;
         m_proveedor = proveedor;
         if (!hecho)
             return rechazada(ascii, true);

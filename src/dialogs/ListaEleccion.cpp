@@ -2,17 +2,25 @@
 
 #include "common/Valores.h"
 #include "platform/widgets/Botonera.h"
+#include "platform/widgets/DescarteTeclas.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
+
+namespace {
+
+constexpr int Rafaga = 100; // ms
+
+} // namespace
 
 ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std::vector<ColumnaRejilla> &columnas,
                              int columnaCodigo)
@@ -41,7 +49,12 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
         this, [this] { aceptar(); }, [this] { reject(); }));
     resize(twips::aPixeles(9000, this), twips::aPixeles(4500, this));
 
-    connect(m_rejilla, &Rejilla::Intro, this, &ListaEleccion::aceptar);
+    connect(m_rejilla, &Rejilla::Caracter, this, [this] { m_ultimoCaracter.start(); });
+    connect(m_rejilla, &Rejilla::Intro, this, [this] {
+        // The Enter that ends a scanner's burst chooses nothing.
+        if (!m_ultimoCaracter.isValid() || m_ultimoCaracter.hasExpired(Rafaga))
+            aceptar();
+    });
     connect(m_rejilla, &Rejilla::DobleClic, this, [this](int fila, int) {
         if (fila > 0)
             aceptar();
@@ -50,6 +63,7 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
 
 void ListaEleccion::MostrarModal()
 {
+    const QPointer<ListaEleccion> vivo(this);
     m_buscado->setText(textoBuscado());
     try {
         cargar();
@@ -57,9 +71,12 @@ void ListaEleccion::MostrarModal()
         const QString numero = error.numero > 0 ? u"[%1] "_s.arg(error.numero) : QString();
         mensajes::mostrar(parentWidget(), numero + nombreCarga(), error.descripcion, mensajes::Icono::Critico);
     }
+    if (!vivo)
+        return;
     if (m_rejilla->filasDatos() > 0)
         m_rejilla->setFilaActual(1);
     m_rejilla->setFocus();
+    new DescarteTeclas(this);
     exec();
 }
 

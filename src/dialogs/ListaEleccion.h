@@ -4,6 +4,7 @@
 #include "platform/widgets/Rejilla.h"
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 class nvTextBox;
 
@@ -42,6 +43,7 @@ private:
     nvTextBox *m_buscado;
     Rejilla *m_rejilla;
     int m_columnaCodigo;
+    QElapsedTimer m_ultimoCaracter;
 };
 
 } // namespace nv

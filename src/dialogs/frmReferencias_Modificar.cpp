@@ -67,11 +67,14 @@ void frmReferencias_Modificar::setComprobador(std::unique_ptr<nv::ComprobadorRef
 
 void frmReferencias_Modificar::MostrarModal()
 {
+    const QPointer<frmReferencias_Modificar> vivo(this);
     m_proveedor->setConexion(nv::ranura::actual());
     m_proveedor->setcEmpresa(cEmpresa);
     if (Proveedor != 0) {
         m_proveedor->setCodigo(Proveedor);
         nv::mensajes::guardar(parentWidget(), atencion(), [this] { m_proveedor->Cargar(); });
+        if (!vivo)
+            return;
     }
     m_referencia->setText(Referencia);
     m_articulo->setcEmpresa(cEmpresa);
@@ -79,6 +82,8 @@ void frmReferencias_Modificar::MostrarModal()
     if (nv::Val(Articulo) != 0) {
         m_articulo->setText(Articulo);
         m_articulo->Refrescar_Datos();
+        if (!vivo)
+            return;
     }
     m_articulo->setFocus();
     exec();
@@ -93,19 +98,24 @@ bool frmReferencias_Modificar::Validar_Datos()
 
 bool frmReferencias_Modificar::validar()
 {
+    const QPointer<frmReferencias_Modificar> vivo(this);
     Falta falta = campoQueFalta();
     if (falta.mensaje.isEmpty() && !m_proveedor->Cargar())
         falta = {u"El proveedor especificado no existe."_s, m_proveedor};
     if (falta.mensaje.isEmpty() && !m_articulo->Refrescar_Datos())
-        falta = {u"El artículo especificado no existe."_s, m_articulo};
+        falta = {u"El artículo especificado no existe."_s, vivo ? m_articulo : nullptr};
+    if (!vivo)
+        return false;
     if (!admiteDuplicada()) {
-        m_referencia->setFocus();
+        if (vivo)
+            m_referencia->setFocus();
         return false;
     }
     if (falta.mensaje.isEmpty())
         return true;
     nv::mensajes::mostrar(this, atencion(), falta.mensaje, Icono::Exclamacion);
-    falta.campo->setFocus();
+    if (falta.campo)
+        falta.campo->setFocus();
     return false;
 }
 

@@ -3,6 +3,7 @@
 #include "dialogs/ComprobacionReferencias.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <memory>
 
 class nvArticulo;
@@ -39,7 +40,7 @@ private:
     struct Falta
     {
         QString mensaje;
-        QWidget *campo = nullptr;
+        QPointer<QWidget> campo;
     };
     void aceptar();
     bool validar();

@@ -1,6 +1,7 @@
 #include "barcodes/frmCodBarra_Datos.h"
 #include "common/cEmpresa.h"
 #include "control/Dialogos.h"
+#include "creation/frmArticulos_Creacion.h"
 #include "dialogs/frmPLUs.h"
 #include "dialogs/frmReferencia_Articulos.h"
 #include "dialogs/frmReferencias_Modificar.h"
@@ -65,6 +66,36 @@ public:
         if (!forma.vivo() || !forma->Aceptado)
             return false;
         datos = {forma->Articulo, forma->Proveedor, forma->Referencia};
+        return true;
+    }
+
+    bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) override
+    {
+        const DialogoPropio<frmArticulos_Creacion> forma(new frmArticulos_Creacion(padre));
+        ValoresCreacion &valores = datos.valores;
+        forma->Conexion = &conexion;
+        forma->cEmpresa = &empresa;
+        forma->Proveedor = datos.Proveedor;
+        forma->Ref = datos.Ref;
+        forma->Marca = valores.Marca;
+        forma->TipoImpuesto = valores.TipoImpuesto;
+        forma->Familia_1 = valores.Familia_1;
+        forma->Familia_2 = valores.Familia_2;
+        forma->Familia_3 = valores.Familia_3;
+        forma->CualidadX = valores.CualidadX;
+        forma->CualidadY = valores.CualidadY;
+        forma->Temporada = valores.Temporada;
+        forma->NoGenerarSerieEAN = valores.NoGenerarSerieEAN;
+        forma->UnidadesDecimales = valores.UnidadesDecimales;
+        forma->MostrarModal();
+        if (!forma.vivo() || !forma->Aceptado)
+            return false;
+        datos = {forma->Codigo,
+                 forma->Proveedor,
+                 forma->Ref,
+                 {forma->Marca, forma->TipoImpuesto, forma->Familia_1, forma->Familia_2, forma->Familia_3,
+                  forma->CualidadX, forma->CualidadY, forma->Temporada, forma->NoGenerarSerieEAN,
+                  forma->UnidadesDecimales}};
         return true;
     }
 };

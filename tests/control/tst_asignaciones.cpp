@@ -20,6 +20,7 @@ private Q_SLOTS:
     void second_barcode_is_not_main();
     void barcode_on_another_item_is_moved_only_if_agreed_data();
     void barcode_on_another_item_is_moved_only_if_agreed();
+    void item_that_is_no_number_is_an_error_data();
     void item_that_is_no_number_is_an_error();
     void barcode_dialog_refuses_what_is_missing();
     void reference_is_attached_to_the_chosen_supplier();
@@ -127,13 +128,26 @@ void tst_Asignaciones::barcode_on_another_item_is_moved_only_if_agreed()
     QCOMPARE(forma.articulo->Existe(), respuesta == u"Sí");
 }
 
+void tst_Asignaciones::item_that_is_no_number_is_an_error_data()
+{
+    QTest::addColumn<QString>("articulo");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("letters") << u"AB"_s;
+    QTest::newRow("a PLU left unconfirmed") << u"+12"_s;
+    QTest::newRow("a barcode left unconfirmed") << u"-12"_s;
+}
+
 void tst_Asignaciones::item_that_is_no_number_is_an_error()
 {
+    QFETCH(QString, articulo);
     Formulario forma;
     const QString antes = barras(forma);
     Conductor conductor;
     conductor.responde(u"Sí"_s)
-        .con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) { QTest::keyClick(f.focusWidget(), Qt::Key_F9); })
+        .con<frmCodBarra_Datos>([&](frmCodBarra_Datos &f) {
+            QTest::keyClicks(f.focusWidget(), articulo);
+            QTest::keyClick(f.focusWidget(), Qt::Key_F9);
+        })
         .responde(u"Aceptar"_s);
     forma.confirma(u"/777"_s);
     QVERIFY(conductor.terminado());

@@ -245,6 +245,7 @@ void tst_Resolucion::an_error_leaves_everything_as_it_was()
     QCOMPARE(int(conductor.cajas().size()), 1);
     QCOMPARE(conductor.cajas().back().titulo, u"¡ Atención !"_s);
     QCOMPARE(forma.articulo->Text(), u".O'R"_s);
+    QVERIFY2(forma.caja()->selectedText() == u".O'R", "the next scan replaces what failed");
     QVERIFY(forma.articulo->Pendiente() && teclas.isEmpty() && forma.focusWidget() == forma.caja());
 
     forma.ejecuta(u"UPDATE Articulos SET Descripcion = NULL WHERE Codigo = 77"_s);

@@ -12,6 +12,23 @@ namespace nv {
 
 namespace {
 
+/// Takes Enter while it has the focus itself, although it is no default button.
+class BotonDelPie : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent *evento) override
+    {
+        const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+        if (intro && !evento->isAutoRepeat())
+            click();
+        else
+            QPushButton::keyPressEvent(evento);
+    }
+};
+
 /// Sees the keys of a form before its fields do. Popups are windows of their own and keep theirs.
 class TeclasDelFormulario : public QObject
 {
@@ -52,9 +69,9 @@ private:
 
 QHBoxLayout *botonera(QDialog *formulario, std::function<void()> aceptar, std::function<void()> cancelar)
 {
-    auto *botonAceptar = new QPushButton(u"&Aceptar"_s, formulario);
+    auto *botonAceptar = new BotonDelPie(u"&Aceptar"_s, formulario);
     botonAceptar->setObjectName(u"cmdAceptar"_s);
-    auto *botonCancelar = new QPushButton(u"&Cancelar"_s, formulario);
+    auto *botonCancelar = new BotonDelPie(u"&Cancelar"_s, formulario);
     botonCancelar->setObjectName(u"cmdCancelar"_s);
     auto *fila = new QHBoxLayout;
     fila->addStretch();
