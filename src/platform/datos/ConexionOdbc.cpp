@@ -1,0 +1,228 @@
+#include "platform/datos/ConexionOdbc.h"
+
+#include "common/Error.h"
+#include "platform/datos/Catalogo.h"
+#include "platform/datos/ConexionOdbcErrores.h"
+#include "platform/datos/ConexionOdbcValores.h"
+#include "platform/datos/DialectoServidor.h"
+#include "platform/datos/Motores.h"
+
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlField>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QUuid>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace nv::datos {
+
+namespace {
+
+const auto ControladorQt = "QODBC"_L1;
+
+Error cerrada()
+{
+    return {errores::ConexionCerrada, u"La conexión con la base de datos está cerrada."_s, {}};
+}
+
+class CursorOdbc final : public Cursor
+{
+public:
+    /// Reads to the first row, so that what fails fails here.
+    explicit CursorOdbc(QSqlQuery &&consulta)
+        : m_consulta(std::move(consulta))
+    {
+        const QSqlRecord campos = m_consulta.record();
+        for (int i = 0; i < campos.count(); ++i) {
+            m_nombres.push_back(campos.fieldName(i));
+            m_clases.push_back(claseOdbc(campos.field(i)));
+        }
+        m_pendiente = paso();
+    }
+
+    bool avanzar() override
+    {
+        if (m_terminado)
+            return false;
+        return std::exchange(m_pendiente, false) || paso();
+    }
+
+    int columnas() const override { return static_cast<int>(m_nombres.size()); }
+    QString nombre(int columna) const override { return m_nombres.at(columna); }
+
+    QVariant valor(int columna) const override
+    {
+        return valorOdbc(m_consulta.value(columna), m_clases.at(static_cast<std::size_t>(columna)));
+    }
+
+private:
+    bool paso()
+    {
+        if (!m_consulta.driver()->isOpen()) {
+            m_terminado = true;
+            throw cerrada();
+        }
+        if (m_consulta.next())
+            return true;
+        m_terminado = true;
+        const QSqlError error = m_consulta.lastError();
+        // The connection is free for others with the last row, not when the reader gets round to closing.
+        m_consulta.finish();
+        if (error.isValid())
+            throw errorOdbc(error);
+        return false;
+    }
+
+    QSqlQuery m_consulta;
+    QStringList m_nombres;
+    std::vector<ClaseOdbc> m_clases;
+    bool m_pendiente = false; // the first row, read ahead
+    bool m_terminado = false;
+};
+
+QSqlDatabase nuevaBase(const QString &nombre)
+{
+    if (!QSqlDatabase::isDriverAvailable(ControladorQt))
+        throw Error{0, u"Falta el controlador de ODBC de Qt."_s, {}};
+    return QSqlDatabase::addDatabase(ControladorQt, nombre);
+}
+
+/// Qt puts "DSN=" before a text that names neither a driver nor a server.
+QString paraQt(const QString &texto)
+{
+    const bool conOrigen = texto.startsWith(u"DSN="_s, Qt::CaseInsensitive) &&
+                           !texto.contains(u"DRIVER="_s, Qt::CaseInsensitive) &&
+                           !texto.contains(u"SERVER="_s, Qt::CaseInsensitive);
+    return conOrigen ? texto.sliced(4) : texto;
+}
+
+} // namespace
+
+ConexionOdbc::ConexionOdbc(const QSqlDatabase &base, const QString &nombrePropio)
+    : m_base(base)
+    , m_nombrePropio(nombrePropio)
+{}
+
+ConexionOdbc::ConexionOdbc(const QString &texto)
+    : ConexionOdbc(QSqlDatabase(), QUuid::createUuid().toString())
+{
+    if (texto.trimmed().isEmpty())
+        throw Error{0, u"Falta el texto de la conexión con la base de datos."_s, {}};
+    m_base = nuevaBase(m_nombrePropio);
+    m_base.setConnectOptions(u"SQL_ATTR_LOGIN_TIMEOUT=10"_s);
+    m_base.setDatabaseName(paraQt(texto.trimmed()));
+    if (!m_base.open()) {
+        const Error error = errorOdbc(m_base.lastError());
+        throw Error{error.numero, u"No se puede conectar con la base de datos: "_s + error.descripcion, {}};
+    }
+    ajustarSesion();
+}
+
+ConexionOdbc::ConexionOdbc(const QSqlDatabase &ajena)
+    : ConexionOdbc(ajena, QString())
+{
+    if (!m_base.driverName().startsWith(ControladorQt))
+        throw Error{0, u"La base de datos no está abierta a través de ODBC."_s, {}};
+    if (!m_base.isOpen())
+        throw cerrada();
+    ajustarSesion();
+}
+
+ConexionOdbc::~ConexionOdbc()
+{
+    soltarResultados();
+    m_base = QSqlDatabase();
+    if (!m_nombrePropio.isEmpty())
+        QSqlDatabase::removeDatabase(m_nombrePropio);
+}
+
+/// Statements carry dates as dd/mm/yyyy whatever the language of the login.
+void ConexionOdbc::ajustarSesion()
+{
+    const QString orden = u"SET DATEFORMAT dmy"_s;
+    const QSqlDriver::DbmsType tipo = m_base.driver()->dbmsType();
+    if (tipo == QSqlDriver::MSSqlServer || tipo == QSqlDriver::Sybase) {
+        ejecutada(orden);
+    } else if (tipo == QSqlDriver::UnknownDbms) {
+        // A server that goes by another name may speak the dialect too; one that does not refuses, and no harm is done.
+        try {
+            ejecutada(orden);
+        } catch (const Error &) {}
+    }
+}
+
+QSqlQuery ConexionOdbc::ejecutada(const QString &texto)
+{
+    if (!m_base.isOpen())
+        throw cerrada();
+    QSqlQuery consulta(m_base);
+    consulta.setForwardOnly(true);
+    consulta.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts as text, not through a double
+    if (!consulta.exec(adaptarAlServidor(texto)))
+        throw errorOdbc(consulta.lastError());
+    return consulta;
+}
+
+std::unique_ptr<Cursor> ConexionOdbc::abrirCursor(const QString &texto)
+{
+    return std::make_unique<CursorOdbc>(ejecutada(texto));
+}
+
+qint64 ConexionOdbc::ejecutarSolo(const QString &texto)
+{
+    QSqlQuery consulta = ejecutada(texto);
+    const qint64 filas = consulta.isSelect() ? 0 : consulta.numRowsAffected();
+    // A trigger's error comes behind the count of the statement that fired it.
+    while (consulta.nextResult()) {}
+    if (consulta.lastError().isValid())
+        throw errorOdbc(consulta.lastError());
+    return std::max<qint64>(filas, 0);
+}
+
+// As text, not through the driver's own switch: after a rollback that fails (the server had done it by itself) that
+// switch would leave every later statement in a transaction that nobody ends.
+void ConexionOdbc::comenzarSolo()
+{
+    ejecutada(u"BEGIN TRANSACTION"_s);
+}
+
+void ConexionOdbc::confirmarSolo()
+{
+    ejecutada(u"COMMIT TRANSACTION"_s);
+}
+
+void ConexionOdbc::deshacerSolo()
+{
+    try {
+        ejecutada(u"ROLLBACK TRANSACTION"_s);
+    } catch (const Error &error) {
+        if (!sinTransaccion(error))
+            throw;
+    }
+}
+
+std::unique_ptr<Conexion> abrirOdbc(const QString &textoConexion)
+{
+    return std::make_unique<ConexionOdbc>(textoConexion);
+}
+
+std::unique_ptr<Conexion> sobreOdbc(const QSqlDatabase &base)
+{
+    return std::make_unique<ConexionOdbc>(base);
+}
+
+void crearEsquema(Conexion &conexion)
+{
+    Transaccion transaccion(conexion);
+    const QStringList sentencias = sentenciasDe(Catalogo::unico().esquema());
+    for (const QString &sentencia : sentencias)
+        conexion.Ejecutar(Sentencia::deConsola(sentencia));
+    transaccion.confirmar();
+}
+
+} // namespace nv::datos

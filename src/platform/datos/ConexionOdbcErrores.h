@@ -1,0 +1,19 @@
+#pragma once
+
+#include "common/Error.h"
+
+class QSqlError;
+
+namespace nv::datos {
+
+/// What the driver or the server reports, with the server's own number and without the names of the drivers that the
+/// message came through.
+Error errorOdbc(const QSqlError &error);
+
+/// "[Driver][Server]Text" → "Text", for every message of a joined list.
+QString sinPrefijos(const QString &mensaje);
+
+/// Whether a rollback failed because there was nothing left to roll back: some errors make the server do it by itself.
+bool sinTransaccion(const Error &error);
+
+} // namespace nv::datos
