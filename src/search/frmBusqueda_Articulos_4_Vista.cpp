@@ -15,13 +15,16 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Borde = 300; ///< twips of a window beside its grid's columns: margins, frame and scroll bar
+// Twips.
+constexpr int Borde = 450; ///< what a window has beside its grid's columns: margins, frame and scroll bar
 constexpr int BarrasLegibles = 1500;
+constexpr int PorDefecto = 960; ///< a column without a width
 constexpr int Alto = 7200;
 
 QPushButton *boton(const QString &texto, const QString &nombre, QWidget *padre)
@@ -44,8 +47,8 @@ int anchura(const std::vector<nv::ColumnaRejilla> &columnas)
 {
     int suma = 0;
     for (const nv::ColumnaRejilla &columna : columnas)
-        suma += columna.twips;
-    return suma;
+        suma += columna.twips > 0 ? columna.twips : PorDefecto;
+    return std::max(suma, 7100 + BarrasLegibles);
 }
 
 } // namespace
@@ -80,8 +83,7 @@ frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, const std::vect
     todo->addLayout(botones());
     conectar();
     ordenarTabulacion(false);
-    resize(nv::twips::aPixeles(std::max(anchura(columnas), 7100 + BarrasLegibles) + Borde, this),
-           nv::twips::aPixeles(Alto, this));
+    resize(nv::twips::aPixeles(anchura(columnas) + Borde, this), nv::twips::aPixeles(Alto, this));
 }
 
 void frmBusqueda_Articulos_4::montarCriterios()
