@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,19 @@ constexpr int Margen = 120;
 constexpr int Alto = 7200;
 constexpr int AnchoMinimo = 6000;
 constexpr int AltoMinimo = 3000;
+
+/// The widths of these lists are made for a small letter: one in which a whole EAN fits its column.
+QFont letraDeLista(const QWidget *lista)
+{
+    constexpr int anchoEan = 1500; // twips
+    constexpr qreal minima = 7;
+    QFont letra = lista->font();
+    const int margenes = 2 * (lista->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lista) + 1);
+    const int sitio = twips::aPixeles(anchoEan, lista) - margenes - 1;
+    while (letra.pointSizeF() > minima && QFontMetrics(letra).horizontalAdvance(u"0000000000000"_s) > sitio)
+        letra.setPointSizeF(letra.pointSizeF() - 0.5);
+    return letra;
+}
 
 bool sinModificar(const QKeyEvent &tecla)
 {
@@ -40,9 +54,13 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, ConfiguracionTextoLibre c
     , m_marcas(new Marcas(rejilla(), 0))
     , m_franja(new FranjaMensaje(rejilla()))
 {
+    rejilla()->setFont(letraDeLista(rejilla()));
     m_configuracion.columnas.front().twips = m_marcas->anchoColumna();
+    // Not stretched meanwhile: a stretched column would take back the width that it loses by being hidden.
+    rejilla()->setEstirarUltima(false);
     rejilla()->setColumnas(m_configuracion.columnas);
     m_marcas->setVisibles(false);
+    rejilla()->setEstirarUltima(true);
     montar();
     conectarRejilla();
 }

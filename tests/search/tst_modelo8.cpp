@@ -1,7 +1,7 @@
 #include "search/frmBusqueda_Articulos_9.h"
 #include "tst_textolibre_catalogo.h"
 
-#include <QPushButton>
+#include <QHeaderView>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -112,6 +112,7 @@ void tst_Modelo8::resizing_shares_the_width()
                 QCoreApplication::processEvents();
             }
             QCOMPARE(ancho(Familia), familia);
+            QCOMPARE(lista(d)->horizontalHeader()->length(), lista(d)->viewport()->width());
             QCOMPARE(ancho(Descripcion), descripcion + 70);
             QCOMPARE(ancho(MarcaArticulo), marca + 20);
             d.resize(antes);
