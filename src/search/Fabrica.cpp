@@ -2,27 +2,47 @@
 
 #include "common/Error.h"
 #include "search/frmBusqueda_Articulos_1.h"
+#include "search/frmBusqueda_Articulos_2.h"
+#include "search/frmBusqueda_Articulos_3.h"
+#include "search/frmBusqueda_Articulos_4.h"
+#include "search/frmBusqueda_Articulos_5.h"
+#include "search/frmBusqueda_Articulos_6.h"
+#include "search/frmBusqueda_Articulos_7.h"
+#include "search/frmBusqueda_Articulos_8.h"
+#include "search/frmBusqueda_Articulos_9.h"
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
-namespace {
-
-constexpr qint16 UltimoModelo = 8;
-
-} // namespace
-
 DialogoPropio<ContratoBusqueda> crearDialogoBusqueda(qint16 modelo, QWidget *padre)
 {
-    if (modelo == 0)
-        return DialogoPropio<ContratoBusqueda>(new frmBusqueda_Articulos_1(padre));
-    if (modelo > 0 && modelo <= UltimoModelo)
-        throw Error{0, u"El modelo de búsqueda %1 todavía no está disponible."_s.arg(modelo), {}};
-    throw Error{
-        0,
-        u"El modelo de búsqueda %1 no existe. Revise el parámetro BusquedaArticulos de la empresa."_s.arg(modelo),
-        {}};
+    using Dialogo = DialogoPropio<ContratoBusqueda>;
+    switch (modelo) {
+    case 0:
+        return Dialogo(new frmBusqueda_Articulos_1(padre));
+    case 1:
+        return Dialogo(new frmBusqueda_Articulos_2(padre));
+    case 2:
+        return Dialogo(new frmBusqueda_Articulos_3(padre));
+    case 3:
+        return Dialogo(new frmBusqueda_Articulos_4(padre));
+    case 4:
+        return Dialogo(new frmBusqueda_Articulos_5(padre));
+    case 5:
+        return Dialogo(new frmBusqueda_Articulos_6(padre));
+    case 6:
+        return Dialogo(new frmBusqueda_Articulos_7(padre));
+    case 7:
+        return Dialogo(new frmBusqueda_Articulos_8(padre));
+    case 8:
+        return Dialogo(new frmBusqueda_Articulos_9(padre));
+    default:
+        throw Error{
+            0,
+            u"El modelo de búsqueda %1 no existe. Revise el parámetro BusquedaArticulos de la empresa."_s.arg(modelo),
+            {}};
+    }
 }
 
 } // namespace nv
