@@ -1,14 +1,27 @@
 #include "search/frmBusqueda_Articulos_2_Listado.h"
 
 #include "common/Error.h"
+#include "platform/widgets/Twips.h"
 #include "search/piezas/PunteroEspera.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
+
+namespace {
+
+/// Wide enough for that text also where letters are large.
+void ensanchar(Rejilla &rejilla, int columna, const QString &texto)
+{
+    const int necesario = rejilla.fontMetrics().horizontalAdvance(texto) + twips::aPixeles(180, &rejilla);
+    rejilla.setColumnWidth(columna, std::max(rejilla.columnWidth(columna), necesario));
+}
+
+} // namespace
 
 ListadoPrecios::ListadoPrecios(Rejilla *rejilla)
     : QObject(rejilla)
@@ -29,8 +42,10 @@ ListadoPrecios::ListadoPrecios(Rejilla *rejilla)
                             pvp,
                             {u"Stock"_s, 800, Qt::AlignRight}});
     m_rejilla->setColumnaCasilla(Marca);
-    // A wider window is for the descriptions.
     m_rejilla->setEstirarUltima(false);
+    ensanchar(*m_rejilla, CodigoBarras, QString(13, u'8'));
+    ensanchar(*m_rejilla, Stock, u"Stock Alm 88"_s);
+    // A wider window is for the descriptions.
     m_rejilla->horizontalHeader()->setSectionResizeMode(Descripcion, QHeaderView::Stretch);
     connect(m_rejilla, &Rejilla::TituloPulsado, this, &ListadoPrecios::ordenarPor);
     connect(m_rejilla, &Rejilla::Desplazada, this, [this](int antes, int ahora) {

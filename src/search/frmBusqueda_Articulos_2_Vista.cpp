@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Twips.
-constexpr int Ancho = 10500;
+constexpr int Ancho = 11400;
 constexpr int Alto = 7500;
 constexpr int Margen = 75;
 constexpr int AltoPestanas = 2550;

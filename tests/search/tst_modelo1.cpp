@@ -141,6 +141,9 @@ void tst_Modelo1::tariffs_stock_and_missing_tariff()
             for (int c = 6; c <= 11; ++c)
                 fila << rejilla->texto(1, c);
             QCOMPARE(fila.join(u'|'), u"8412345678905|R-1|10,50|7|0,00|10"_s);
+            const QFontMetrics letras = rejilla->fontMetrics();
+            QVERIFY(rejilla->columnWidth(6) > letras.horizontalAdvance(rejilla->texto(1, 6)));
+            QVERIFY(rejilla->columnWidth(11) > letras.horizontalAdvance(rejilla->texto(0, 11)));
             QVERIFY(rejilla->isColumnHidden(0) && !campo(d, u"chkCheck"_s)->isVisible());
             QVERIFY(!campo(d, u"pctMsg"_s)->isVisible());
             retratar(d, u"modelo1"_s);
