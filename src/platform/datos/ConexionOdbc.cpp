@@ -70,11 +70,12 @@ private:
         if (m_consulta.next())
             return true;
         m_terminado = true;
-        const QSqlError error = m_consulta.lastError();
+        const bool fallida = m_consulta.lastError().isValid();
+        const Error error = fallida ? errorOdbc(m_consulta) : Error();
         // The connection is free for others with the last row, not when the reader gets round to closing.
         m_consulta.finish();
-        if (error.isValid())
-            throw errorOdbc(error);
+        if (fallida)
+            throw error;
         return false;
     }
 
@@ -164,7 +165,7 @@ QSqlQuery ConexionOdbc::ejecutada(const QString &texto)
     consulta.setForwardOnly(true);
     consulta.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts as text, not through a double
     if (!consulta.exec(adaptarAlServidor(texto)))
-        throw errorOdbc(consulta.lastError());
+        throw errorOdbc(consulta);
     return consulta;
 }
 
@@ -180,7 +181,7 @@ qint64 ConexionOdbc::ejecutarSolo(const QString &texto)
     // A trigger's error comes behind the count of the statement that fired it.
     while (consulta.nextResult()) {}
     if (consulta.lastError().isValid())
-        throw errorOdbc(consulta.lastError());
+        throw errorOdbc(consulta);
     return std::max<qint64>(filas, 0);
 }
 

@@ -1,6 +1,9 @@
 #include "platform/datos/ConexionOdbcErrores.h"
 
+#include <QLibrary>
 #include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlResult>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -8,6 +11,43 @@ using namespace Qt::StringLiterals;
 namespace nv::datos {
 
 namespace {
+
+using LeerDiagnostico = short (*)(short, void *, short, unsigned char *, int *, unsigned char *, short, short *);
+
+/// The driver manager's function, already in memory with Qt's driver.
+LeerDiagnostico lector()
+{
+#ifdef Q_OS_WIN
+    return reinterpret_cast<LeerDiagnostico>(QLibrary::resolve(u"odbc32"_s, "SQLGetDiagRec"));
+#else
+    return reinterpret_cast<LeerDiagnostico>(QLibrary::resolve(u"odbc"_s, 2, "SQLGetDiagRec"));
+#endif
+}
+
+/// Qt keeps the number of the last message, which may be a mere remark behind the error ("The statement has been
+/// terminated", 3621). 0 when there is none to be had.
+qint32 primerNumero(const QSqlQuery &consulta)
+{
+    const QVariant manejador = consulta.result()->handle();
+    const LeerDiagnostico leer = lector();
+    if (!leer || !manejador.canConvert<void *>() || !manejador.value<void *>())
+        return 0;
+    constexpr short Sentencia = 3; // SQL_HANDLE_STMT
+    constexpr short Mensajes = 8;
+    for (short i = 1; i <= Mensajes; ++i) {
+        unsigned char estado[6] = {};
+        unsigned char texto[256] = {};
+        int numero = 0;
+        short largo = 0;
+        const short codigo =
+            leer(Sentencia, manejador.value<void *>(), i, estado, &numero, texto, sizeof texto, &largo);
+        if (codigo != 0 && codigo != 1) // SQL_SUCCESS, SQL_SUCCESS_WITH_INFO
+            return 0;
+        if (numero != 0)
+            return numero;
+    }
+    return 0;
+}
 
 /// A statement's error comes with others around it ("The statement has been terminated"): the first number counts.
 qint32 numeroNativo(const QString &codigos)
@@ -57,6 +97,14 @@ Error errorOdbc(const QSqlError &error)
     if (descripcion.isEmpty())
         descripcion = u"La base de datos no responde."_s;
     return {numeroNativo(error.nativeErrorCode()), descripcion, {}};
+}
+
+Error errorOdbc(const QSqlQuery &consulta)
+{
+    Error error = errorOdbc(consulta.lastError());
+    if (const qint32 numero = primerNumero(consulta))
+        error.numero = numero;
+    return error;
 }
 
 bool sinTransaccion(const Error &error)

@@ -3,12 +3,15 @@
 #include "common/Error.h"
 
 class QSqlError;
+class QSqlQuery;
 
 namespace nv::datos {
 
 /// What the driver or the server reports, with the server's own number and without the names of the drivers that the
 /// message came through.
 Error errorOdbc(const QSqlError &error);
+/// Of a statement that has just failed and is not finished yet.
+Error errorOdbc(const QSqlQuery &consulta);
 
 /// "[Driver][Server]Text" → "Text", for every message of a joined list.
 QString sinPrefijos(const QString &mensaje);

@@ -5,6 +5,7 @@
 #include "common/Error.h"
 #include "platform/datos/Motores.h"
 
+#include <QProcess>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QTemporaryDir>
@@ -17,8 +18,9 @@ using namespace Qt::StringLiterals;
 using nv::Sentencia;
 using nv::pruebas::filasDe;
 
-/// The ways in to a database. The server is the one that NVARTICULO_SQLSERVER names, a database for tests.
-enum class Motor { Embebido, Texto, Anfitrion, Servidor };
+/// The ways in to a database. Texto and Anfitrion go to SQLite through ODBC; Doble is a stand-in for a server behind
+/// FreeTDS; the server is the one that NVARTICULO_SQLSERVER names, a database for tests.
+enum class Motor { Embebido, Texto, Anfitrion, Doble, Servidor };
 Q_DECLARE_METATYPE(Motor)
 
 inline qint32 numeroDeError(const std::function<void()> &operacion)
@@ -62,7 +64,16 @@ private Q_SLOTS:
                 m_controlador = nombre;
         }
         if (m_controlador.isEmpty())
-            qInfo("No ODBC driver of SQLite: nothing is proven over a driver");
+            qInfo("No ODBC driver of SQLite: nothing is proven over it");
+        arrancarDoble();
+        if (m_doble.isEmpty())
+            qInfo("No FreeTDS or no python3: nothing is proven over that driver");
+    }
+
+    void cleanupTestCase()
+    {
+        m_proceso.closeWriteChannel();
+        m_proceso.waitForFinished(5000);
     }
 
     void init()
@@ -86,13 +97,18 @@ protected:
         QTest::newRow("embedded") << Motor::Embebido;
         QTest::newRow("ODBC text") << Motor::Texto;
         QTest::newRow("host's ODBC database") << Motor::Anfitrion;
+        QTest::newRow("FreeTDS") << Motor::Doble;
         QTest::newRow("server") << Motor::Servidor;
     }
 
     bool empezar(Motor motor)
     {
         m_motor = motor;
-        if (motor == Motor::Servidor ? m_servidor.isEmpty() : motor != Motor::Embebido && m_controlador.isEmpty())
+        const bool hay = motor == Motor::Embebido   ? true
+                         : motor == Motor::Doble    ? !m_doble.isEmpty()
+                         : motor == Motor::Servidor ? !m_servidor.isEmpty()
+                                                    : !m_controlador.isEmpty();
+        if (!hay)
             return false;
         m_conexion = conectar(motor);
         return true;
@@ -112,6 +128,8 @@ protected:
                 throw nv::Error{0, base.lastError().text(), {}};
             return nv::datos::sobreOdbc(base);
         }
+        case Motor::Doble:
+            return nv::datos::abrirOdbc(m_doble);
         case Motor::Servidor:
             break;
         }
@@ -132,6 +150,21 @@ protected:
     }
 
 private:
+    void arrancarDoble()
+    {
+        QVERIFY(m_carpetaDoble.isValid());
+        m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_proceso.start(u"python3"_s, {QStringLiteral(NV_RAIZ "/tests/platform/datos/tst_odbcDoble.py"),
+                                       m_carpetaDoble.filePath(u"doble.db"_s)});
+        if (!m_proceso.waitForStarted() || !m_proceso.waitForReadyRead(20000))
+            return;
+        const QString texto =
+            u"DRIVER=FreeTDS;SERVER=127.0.0.1;PORT=%1;UID=u;PWD=p;TDS_Version=7.4;ClientCharset=UTF-8"_s.arg(
+                QString::fromLatin1(m_proceso.readLine().trimmed()));
+        if (!falla([&] { nv::datos::abrirOdbc(texto); }))
+            m_doble = texto;
+    }
+
     QString textoSqlite() const
     {
         return u"DRIVER=%1;Database=%2;Timeout=20000"_s.arg(m_controlador, m_carpeta->filePath(u"base.db"_s));
@@ -148,6 +181,9 @@ private:
     Motor m_motor = Motor::Embebido;
     QString m_controlador; // of SQLite through ODBC; empty when there is none
     QString m_servidor;
+    QString m_doble; // connection text; empty when there is none
+    QTemporaryDir m_carpetaDoble;
+    QProcess m_proceso;
     std::unique_ptr<QTemporaryDir> m_carpeta;
     std::unique_ptr<nv::Conexion> m_conexion;
 };
