@@ -56,11 +56,8 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, ConfiguracionTextoLibre c
 {
     rejilla()->setFont(letraDeLista(rejilla()));
     m_configuracion.columnas.front().twips = m_marcas->anchoColumna();
-    // Not stretched meanwhile: a stretched column would take back the width that it loses by being hidden.
-    rejilla()->setEstirarUltima(false);
     rejilla()->setColumnas(m_configuracion.columnas);
     m_marcas->setVisibles(false);
-    rejilla()->setEstirarUltima(true);
     montar();
     conectarRejilla();
 }

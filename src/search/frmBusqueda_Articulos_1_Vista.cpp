@@ -223,10 +223,7 @@ void frmBusqueda_Articulos_1::aplicarVista()
         m_panel->setGeometry(px(panel), px(RejillaEntera.arriba), px(vista.ancho - panel - 2 * Margen), px(altoPanel));
     m_divisor->setVisible(m_extendida);
     m_panel->setVisible(m_extendida);
-    // The width that a column loses as it goes is not for the others to take yet.
-    rejilla()->setEstirarUltima(false);
     rejilla()->setColumnaOculta(CodigoBarras, m_extendida);
-    rejilla()->setEstirarUltima(true);
     mostrarCriterios(m_criteriosVisibles);
 }
 

@@ -81,7 +81,11 @@ void Rejilla::setTitulo(int columna, const QString &titulo)
 
 void Rejilla::setColumnaOculta(int columna, bool oculta)
 {
-    setColumnHidden(columna, oculta);
+    {
+        // The header tells of the resize before the column counts as hidden: the width left is shared out afterwards.
+        const QScopedValueRollback<bool> guarda(m_ajustando, true);
+        setColumnHidden(columna, oculta);
+    }
     ajustarUltima();
 }
 
