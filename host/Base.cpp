@@ -22,7 +22,8 @@ void borrarArchivo(const QString &ruta)
         QFile::remove(ruta + cola);
 }
 
-void generarConAviso(Conexion &conexion, const QString &ruta, int articulos, QWidget *padre)
+/// `dirImagenes` empty: no pictures.
+void generarConAviso(Conexion &conexion, const QString &dirImagenes, int articulos, QWidget *padre)
 {
     QProgressDialog aviso(u"Preparando el catálogo de demostración…"_s, u"Cancelar"_s, 0, articulos, padre);
     aviso.setWindowTitle(u"Mostrador"_s);
@@ -32,14 +33,19 @@ void generarConAviso(Conexion &conexion, const QString &ruta, int articulos, QWi
     OpcionesCatalogo opciones;
     opciones.articulos = articulos;
     opciones.dia = QDate::currentDate();
-    const QFileInfo archivo(ruta);
-    opciones.dirImagenes = archivo.absoluteDir().filePath(archivo.completeBaseName() + u"_imagenes"_s);
+    opciones.dirImagenes = dirImagenes;
     opciones.progreso = [&aviso](int hechos, int) {
         aviso.setValue(hechos);
         return !aviso.wasCanceled();
     };
     if (!generarCatalogo(conexion, opciones))
         throw Error{0, u"No se ha preparado el catálogo de demostración."_s, u"Base"_s};
+}
+
+QString imagenesDe(const QString &ruta)
+{
+    const QFileInfo archivo(ruta);
+    return archivo.absoluteDir().filePath(archivo.completeBaseName() + u"_imagenes"_s);
 }
 
 void exigirEmpresa(EmpresaBD &empresa)
@@ -87,12 +93,12 @@ Base Base::abrir(const QString &ruta, int articulos, QWidget *padre)
     try {
         base.m_conexion = datos::abrirEmbebida(ruta);
         if (nuevo)
-            generarConAviso(*base.m_conexion, ruta, articulos, padre);
+            generarConAviso(*base.m_conexion, imagenesDe(ruta), articulos, padre);
         base.m_empresa = std::make_unique<EmpresaBD>(*base.m_conexion, EmpresaDemostracion);
         if (tieneEmpresa(*base.m_conexion))
             exigirEmpresa(*base.m_empresa);
         else
-            generarConAviso(*base.m_conexion, ruta, articulos, padre);
+            generarConAviso(*base.m_conexion, imagenesDe(ruta), articulos, padre);
     } catch (const Error &) {
         base.m_empresa.reset();
         base.m_conexion.reset();
@@ -100,6 +106,20 @@ Base Base::abrir(const QString &ruta, int articulos, QWidget *padre)
             borrarArchivo(ruta);
         throw;
     }
+    return base;
+}
+
+Base Base::enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre)
+{
+    Base base;
+    base.m_ruta = u"ODBC"_s;
+    base.m_conexion = datos::abrirOdbc(textoConexion);
+    if (crear) {
+        datos::crearEsquema(*base.m_conexion);
+        generarConAviso(*base.m_conexion, {}, articulos, padre);
+    }
+    base.m_empresa = std::make_unique<EmpresaBD>(*base.m_conexion, EmpresaDemostracion);
+    exigirEmpresa(*base.m_empresa);
     return base;
 }
 

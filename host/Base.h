@@ -34,6 +34,9 @@ public:
     static Base abrirExistente(const QString &ruta);
     /// In a folder that goes when the object does. Throws Error.
     static Base enTemporal(int articulos, QWidget *padre);
+    /// A database of the server, by its ODBC connection text. `crear` makes the schema in an empty one and fills it with
+    /// `articulos` items of the demonstration, without pictures. Throws Error.
+    static Base enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre);
     /// In the user's data folder.
     static QString rutaHabitual();
 

@@ -33,6 +33,8 @@ struct Opciones
     QString guion;
     QString capturas;
     QString importar;
+    QString odbc;
+    bool crear = false;
 };
 
 /// Nothing, with the reason on standard error, when they cannot be followed.
@@ -50,7 +52,8 @@ std::optional<Opciones> opciones(const QCoreApplication &programa)
         {u"guion"_s, u"Ejecuta un guion («-»: la entrada estándar) y termina."_s, u"FICHERO"_s},
         {u"capturas"_s, u"Carpeta de las imágenes del guion."_s, u"CARPETA"_s},
         {u"importar"_s, u"Incorpora artículos de un archivo CSV."_s, u"CSV"_s},
-        {u"odbc"_s, u"Servidor de base de datos (aún no está)."_s, u"TEXTO"_s},
+        {u"odbc"_s, u"Base de datos del servidor, por su texto de conexión ODBC."_s, u"TEXTO"_s},
+        {u"crear"_s, u"Con --odbc: crea las tablas y un catálogo de demostración en una base vacía."_s},
     });
     lector.process(programa);
     QTextStream error(stderr);
@@ -61,15 +64,19 @@ std::optional<Opciones> opciones(const QCoreApplication &programa)
     leidas.guion = lector.value(u"guion"_s);
     leidas.capturas = lector.value(u"capturas"_s);
     leidas.importar = lector.value(u"importar"_s);
+    leidas.odbc = lector.value(u"odbc"_s);
+    leidas.crear = lector.isSet(u"crear"_s);
     bool numero = false;
     leidas.articulos = lector.value(u"articulos"_s).toInt(&numero);
     QString motivo;
-    if (lector.isSet(u"odbc"_s))
-        motivo = u"La conexión por ODBC aún no está en esta versión."_s;
-    else if (!lector.positionalArguments().isEmpty())
+    if (!lector.positionalArguments().isEmpty())
         motivo = u"No se entiende «%1»."_s.arg(lector.positionalArguments().constFirst());
     else if (leidas.temporal && lector.isSet(u"base"_s))
         motivo = u"--base y --temporal no van juntos."_s;
+    else if (!leidas.odbc.isEmpty() && (leidas.temporal || lector.isSet(u"base"_s)))
+        motivo = u"--odbc no va con --base ni con --temporal."_s;
+    else if (leidas.crear && leidas.odbc.isEmpty())
+        motivo = u"--crear va con --odbc."_s;
     else if (!numero || leidas.articulos < 1 || leidas.articulos > 5000000)
         motivo = u"--articulos espera un número entre 1 y 5000000."_s;
     if (lector.isSet(u"modelo"_s)) {
@@ -117,7 +124,9 @@ private:
     void abrirTemporal() { poner(nv::Base::enTemporal(m_opciones.articulos, &m_ventana)); }
     void abrirInicial()
     {
-        if (m_opciones.temporal)
+        if (!m_opciones.odbc.isEmpty())
+            poner(nv::Base::enServidor(m_opciones.odbc, m_opciones.crear, m_opciones.articulos, &m_ventana));
+        else if (m_opciones.temporal)
             abrirTemporal();
         else if (!m_opciones.base.isEmpty())
             poner(nv::Base::abrirExistente(m_opciones.base));

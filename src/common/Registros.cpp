@@ -3,6 +3,7 @@
 #include "common/Error.h"
 #include "common/Valores.h"
 
+#include <QLocale>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -91,6 +92,8 @@ QString Registros::texto(int columna) const
         return fechaCorta(leido.toDate());
     case QMetaType::Bool:
         return leido.toBool() ? u"1"_s : u"0"_s;
+    case QMetaType::Double:
+        return QString::number(leido.toDouble(), 'f', QLocale::FloatingPointShortest);
     default:
         return leido.toString();
     }
