@@ -31,6 +31,7 @@ private Q_SLOTS:
     void check_digits_are_appended_in_bulk();
     void automatic_numbers_skip_what_is_taken();
     void four_processes_never_share_a_number();
+    void killed_processes_lose_at_most_the_number_in_their_hands();
 
 private:
     void inserta(int articulo, const QString &codigo, int principal)
@@ -273,6 +274,47 @@ void tst_clsArticulo_CBarra::four_processes_never_share_a_number()
     QVERIFY(!distintos.contains(u"98100064"_s));
     emitidos.sort();
     QVERIFY2(emitidos.last().startsWith(u"9812001"), "2,000 numbers from 9810001 with one skipped");
+}
+
+/// A number may be missing only if it was taken by hand or its process died between issue and use.
+void tst_clsArticulo_CBarra::killed_processes_lose_at_most_the_number_in_their_hands()
+{
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath(u"contador.db"_s);
+    m_conexion = nv::datos::abrirEmbebida(ruta);
+    inserta(1, u"98100064"_s, 1); // 9810006, by hand
+    constexpr int Muertes = 12;
+    int siguiente = 1000;
+    const auto arrancar = [&](QProcess &proceso, int cuantos) {
+        proceso.start(QCoreApplication::applicationFilePath(),
+                      {u"--emitir"_s, ruta, QString::number(siguiente), QString::number(cuantos)});
+        siguiente += cuantos;
+        QVERIFY(proceso.waitForStarted());
+    };
+    QProcess constante;
+    arrancar(constante, 600);
+    for (int i = 0; i < Muertes; ++i) {
+        QProcess victima;
+        arrancar(victima, 100000);
+        QTest::qWait(40 + 7 * i);
+        victima.kill();
+        QVERIFY(victima.waitForFinished());
+        siguiente += 100000;
+    }
+    QVERIFY(constante.waitForFinished(120000));
+    QVERIFY2(constante.exitCode() == 0, constante.readAllStandardError().constData());
+
+    nv::Registros fila = m_conexion->Abrir(nv::Sentencia::deConsola(
+        u"SELECT COUNT(*) AS Filas, COUNT(DISTINCT Cod_Barras) AS Distintos FROM Articulos_CBarras WHERE Automatico = 1"_s));
+    QVERIFY(fila.siguiente());
+    const qint32 guardados = fila.entero32(u"Filas");
+    QCOMPARE(fila.entero32(u"Distintos"), guardados);
+    nv::Registros contador = m_conexion->Abrir(nv::Sentencia::deConsola(u"SELECT Cod_Barras FROM Contador_CBarras"_s));
+    QVERIFY(contador.siguiente());
+    const qint32 emitidos = contador.entero32(0) - 9810001 + 1 - 1; // one was taken by hand
+    qInfo("%d issued, %d stored, %d kills", emitidos, guardados, Muertes);
+    QVERIFY(guardados >= 600);
+    QVERIFY2(emitidos - guardados >= 0 && emitidos - guardados <= Muertes, "a kill costs at most one number");
 }
 
 /// As a workstation: issues `cuantos` numbers for as many items and stores each.
