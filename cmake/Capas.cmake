@@ -20,10 +20,12 @@ function(nv_capa nombre carpeta)
     return()
   endif()
   add_library(nv_${nombre} STATIC ${fuentes})
-  target_include_directories(nv_${nombre} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  target_include_directories(nv_${nombre} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+                                                  $<INSTALL_INTERFACE:include/nvArticulo>)
   target_link_libraries(
     nv_${nombre}
     PUBLIC ${ARGN}
     PRIVATE $<BUILD_INTERFACE:nv_avisos>)
   set_target_properties(nv_${nombre} PROPERTIES EXPORT_NAME ${nombre})
+  install(TARGETS nv_${nombre} EXPORT nvArticuloTargets ARCHIVE DESTINATION lib)
 endfunction()
