@@ -37,18 +37,25 @@ void frmBusqueda_Articulos_1::cargar()
     centrar(alturaInicial());
     m_nombre->setFocus();
     bool buscar = false;
-    const bool cargado = guardar(parentWidget(), tituloBusqueda(), [&] {
-        if (AlmacenStock == 0)
-            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
+    const QPointer<frmBusqueda_Articulos_1> vivo(this);
+    // What cannot be read is said once; a fixed family holds and the dialog works whatever failed.
+    const auto paso = [&](auto operacion) {
+        if (vivo)
+            guardar(parentWidget(), tituloBusqueda(), operacion);
+    };
+    paso([&] { m_panel->preparar(*cEmpresa, Cliente); });
+    paso([&] {
         m_proveedor->setConexion(nv::ranura::actual());
         m_proveedor->setcEmpresa(cEmpresa);
         m_familias->preparar(cEmpresa, nv::ranura::actual());
         buscar = ponerRecordados();
-        m_panel->preparar(*cEmpresa, Cliente);
     });
-    if (!cargado || !buscar)
+    paso([&] {
+        if (AlmacenStock == 0)
+            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
+    });
+    if (!vivo || !buscar)
         return;
-    const QPointer<frmBusqueda_Articulos_1> vivo(this);
     EjecutarBusqueda();
     if (vivo)
         mostrarCriterios(true);
@@ -125,7 +132,9 @@ void frmBusqueda_Articulos_1::EjecutarBusqueda()
     if (!vivo)
         return;
     rejilla()->setFocus();
-    mostrarCriterios(false);
+    // A picker that loses the focus loads its name, and may have said that it could not.
+    if (vivo)
+        mostrarCriterios(false);
 }
 
 void frmBusqueda_Articulos_1::refrescarDetalles()

@@ -152,7 +152,7 @@ void frmBusqueda_Articulos_1::montarRejilla()
     rejilla()->alPulsar = [this](QKeyEvent *evento) {
         if (evento->key() == Qt::Key_PageDown)
             m_carga->alPaginar();
-        if (evento->key() != Qt::Key_Up || rejilla()->filaActual() != 1)
+        if (evento->key() != Qt::Key_Up || rejilla()->filaActual() > 1)
             return false;
         volverACriterios();
         return true;
@@ -170,7 +170,8 @@ void frmBusqueda_Articulos_1::conectar()
     connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
     connect(m_familias, &nv::CascadaFamilias::Buscar, this, &frmBusqueda_Articulos_1::EjecutarBusqueda);
     connect(m_referencia, &nvTextBox::Intro, this, [this](bool &tratada) {
-        if (!m_familias->fijas())
+        // Without family levels there is no later field whose Enter would search.
+        if (!m_familias->fijas() && m_familias->hayNiveles())
             return;
         tratada = true;
         EjecutarBusqueda();

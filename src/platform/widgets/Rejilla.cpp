@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
@@ -142,8 +143,11 @@ void Rejilla::setFilaActual(int fila)
         return;
     }
     const QModelIndex indice = m_modelo->index(fila - 1, primeraVisible());
+    // Whoever hears of the new row may show a box, and the window may go meanwhile.
+    const QPointer<Rejilla> viva(this);
     selectionModel()->setCurrentIndex(indice, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(indice);
+    if (viva)
+        scrollTo(indice);
 }
 
 int Rejilla::primeraVisible() const

@@ -1,6 +1,7 @@
 #include "platform/widgets/Rejilla.h"
 
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 namespace nv {
@@ -66,8 +67,9 @@ void Rejilla::mousePressEvent(QMouseEvent *evento)
         return;
     const int fila = celda.row() + 1;
     const int columna = celda.column();
+    const QPointer<Rejilla> viva(this);
     QTableView::mousePressEvent(evento);
-    if (evento->button() == Qt::LeftButton)
+    if (viva && evento->button() == Qt::LeftButton)
         Q_EMIT Clic(fila, columna);
 }
 
@@ -76,8 +78,12 @@ void Rejilla::mouseDoubleClickEvent(QMouseEvent *evento)
     const QModelIndex celda = indexAt(evento->pos());
     if (!celda.isValid() || evento->button() != Qt::LeftButton)
         return;
-    setFilaActual(celda.row() + 1);
-    Q_EMIT DobleClic(celda.row() + 1, celda.column());
+    const QPointer<Rejilla> viva(this);
+    const int fila = celda.row() + 1;
+    const int columna = celda.column();
+    setFilaActual(fila);
+    if (viva)
+        Q_EMIT DobleClic(fila, columna);
 }
 
 void Rejilla::focusInEvent(QFocusEvent *evento)

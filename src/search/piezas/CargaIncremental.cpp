@@ -49,17 +49,22 @@ void CargaIncremental::anadir(int maximo)
     if (m_anadiendo || !m_registros.abierto())
         return;
     const QScopedValueRollback<bool> guarda(m_anadiendo, true);
+    std::vector<FilaRejilla> filas;
+    QString fallo;
     try {
-        std::vector<FilaRejilla> filas = leer(m_registros, m_lector, maximo);
-        if (filas.empty())
-            return;
+        while (static_cast<int>(filas.size()) < maximo && m_registros.siguiente())
+            filas.push_back(m_lector(m_registros));
+    } catch (const Error &error) {
+        m_registros.cerrar();
+        fallo = error.descripcion;
+    }
+    if (!filas.empty()) {
         m_rejilla->setRedibujo(false);
         m_rejilla->anadir(std::move(filas));
         m_rejilla->setRedibujo(true);
-    } catch (const Error &error) {
-        m_registros.cerrar();
-        Q_EMIT Fallo(error.descripcion);
     }
+    if (!fallo.isEmpty())
+        Q_EMIT Fallo(fallo);
 }
 
 } // namespace nv

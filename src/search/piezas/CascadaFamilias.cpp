@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <limits>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace nv {
@@ -110,6 +112,11 @@ void CascadaFamilias::alPulsarIntro(std::size_t nivel, bool &tratada)
         }
     }
     Q_EMIT Buscar();
+}
+
+bool CascadaFamilias::hayNiveles() const
+{
+    return std::any_of(m_niveles.begin(), m_niveles.end(), [](const Nivel &nivel) { return nivel.usado; });
 }
 
 } // namespace nv

@@ -34,6 +34,8 @@ public:
     /// As `poner`, and the user cannot change them.
     void fijar(const Codigos &codigos);
     bool fijas() const { return m_fijas; }
+    /// Whether the company uses any level.
+    bool hayNiveles() const;
     /// Loads the names of fixed families again. Throws Error.
     void recargarFijas();
 
