@@ -290,8 +290,18 @@ void Ventana::reiniciar(std::optional<int> modelo)
 
 void Ventana::ponerAjuste(const QString &clave, const QString &valor)
 {
-    m_base->empresa().PonerValor(clave, valor);
+    nv::EmpresaBD &empresa = m_base->empresa();
+    if (!m_ajustesDelGuion.contains(clave))
+        m_ajustesDelGuion.insert(clave, empresa.Valor(clave));
+    empresa.PonerValor(clave, valor);
     releerAjustes();
+}
+
+void Ventana::deshacerAjustes()
+{
+    for (auto ajuste = m_ajustesDelGuion.constBegin(); ajuste != m_ajustesDelGuion.constEnd(); ++ajuste)
+        m_base->empresa().PonerValor(ajuste.key(), ajuste.value());
+    m_ajustesDelGuion.clear();
 }
 
 void Ventana::releerAjustes()

@@ -2,6 +2,7 @@
 
 #include "common/Moneda.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <optional>
 
@@ -39,6 +40,8 @@ public:
     void reiniciar(std::optional<int> modelo = {});
     /// A company setting changed from outside the window.
     void ponerAjuste(const QString &clave, const QString &valor);
+    /// Gives the settings that `ponerAjuste` changed their former values.
+    void deshacerAjustes();
     /// The panel shows again what box and company are set to.
     void releerAjustes();
 
@@ -91,6 +94,7 @@ private:
     PanelEstado *m_estado = nullptr;
     PanelAjustes *m_ajustes = nullptr;
     QWidget *m_documento = nullptr;
+    QHash<QString, QString> m_ajustesDelGuion; ///< former values
     Moneda m_total;
     qint16 m_tarifa = 0;
     QString m_tecleado; ///< what Enter was pressed on

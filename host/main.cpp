@@ -204,7 +204,10 @@ int Mostrador::conGuion()
     entorno.articulo = &m_ventana.articulo();
     entorno.conexion = &m_base.conexion();
     entorno.ponEmpresa = [this](const QString &clave, const QString &valor) { m_ventana.ponerAjuste(clave, valor); };
-    entorno.reinicia = [this](std::optional<int> modelo) { m_ventana.reiniciar(modelo); };
+    entorno.reinicia = [this](std::optional<int> modelo) {
+        m_ventana.deshacerAjustes();
+        m_ventana.reiniciar(modelo);
+    };
     entorno.capturas = m_opciones.capturas;
     nv::Reproductor reproductor(entorno, salida);
     return reproductor.ejecutar(m_opciones.guion);
