@@ -74,6 +74,7 @@ protected:
     sql::EntornoTextoLibre entorno() const;
 
 private:
+    void ponerColumnas();
     void montar();
     void conectarRejilla();
     void ajustar();

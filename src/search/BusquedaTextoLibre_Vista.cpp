@@ -56,10 +56,22 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, ConfiguracionTextoLibre c
 {
     rejilla()->setFont(letraDeLista(rejilla()));
     m_configuracion.columnas.front().twips = m_marcas->anchoColumna();
-    rejilla()->setColumnas(m_configuracion.columnas);
+    ponerColumnas();
     m_marcas->setVisibles(false);
     montar();
     conectarRejilla();
+}
+
+/// Hidden one by one afterwards: a last column that is hidden while widths are given out keeps its place on screen.
+void BusquedaTextoLibre::ponerColumnas()
+{
+    std::vector<ColumnaRejilla> visibles = m_configuracion.columnas;
+    for (ColumnaRejilla &columna : visibles)
+        columna.oculta = false;
+    rejilla()->setColumnas(visibles);
+    for (std::size_t c = 0; c < visibles.size(); ++c)
+        if (m_configuracion.columnas[c].oculta)
+            rejilla()->setColumnaOculta(static_cast<int>(c), true);
 }
 
 void BusquedaTextoLibre::montar()
@@ -169,7 +181,9 @@ void BusquedaTextoLibre::dimensionar()
     const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
                        2 * twips::aPixeles(Margen, this);
     const QSize natural(rejilla()->horizontalHeader()->length() + bordes, twips::aPixeles(Alto, this));
-    resize(natural.boundedTo(pantalla.size() * 0.95).expandedTo(minimumSize()));
+    // The whole width before a column is cut; the height leaves room for the title bar.
+    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
+    resize(natural.boundedTo(sitio).expandedTo(minimumSize()));
     move(pantalla.center() - rect().center());
 }
 

@@ -34,7 +34,7 @@ protected:
     using Lector = std::function<nv::FilaRejilla(const nv::Registros &)>;
 
     /// For a dialog with columns of its own after the description.
-    frmBusqueda_Articulos_4(QWidget *padre, const std::vector<nv::ColumnaRejilla> &columnas);
+    frmBusqueda_Articulos_4(QWidget *padre, std::vector<nv::ColumnaRejilla> columnas);
 
     void cargar() override;
     nv::Eleccion eleccion() const override;

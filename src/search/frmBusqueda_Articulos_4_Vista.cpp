@@ -13,6 +13,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -22,8 +24,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Twips.
-constexpr int Borde = 450; ///< what a window has beside its grid's columns: margins, frame and scroll bar
-constexpr int BarrasLegibles = 1500;
+constexpr int Margen = 75;
+constexpr int MargenesCelda = 180;
 constexpr int PorDefecto = 960; ///< a column without a width
 constexpr int Alto = 7200;
 
@@ -43,12 +45,21 @@ std::vector<nv::ColumnaRejilla> columnas()
             {u"Cód. Barras"_s, 300, Qt::AlignCenter}};
 }
 
-int anchura(const std::vector<nv::ColumnaRejilla> &columnas)
+/// Wide enough for a whole EAN also where letters are large.
+void ensanchar(nv::ColumnaRejilla &columna, const nv::Rejilla *rejilla)
 {
-    int suma = 0;
+    const int ean = rejilla->fontMetrics().horizontalAdvance(QString(13, u'0'));
+    columna.twips = std::max(columna.twips, nv::twips::dePixeles(ean, rejilla) + MargenesCelda);
+}
+
+/// In pixels, with all columns on screen.
+int anchura(const std::vector<nv::ColumnaRejilla> &columnas, const nv::Rejilla *rejilla)
+{
+    int suma = rejilla->verticalScrollBar()->sizeHint().width() + 2 * rejilla->frameWidth() +
+               2 * nv::twips::aPixeles(Margen, rejilla);
     for (const nv::ColumnaRejilla &columna : columnas)
-        suma += columna.twips > 0 ? columna.twips : PorDefecto;
-    return std::max(suma, 7100 + BarrasLegibles);
+        suma += nv::twips::aPixeles(columna.twips > 0 ? columna.twips : PorDefecto, rejilla);
+    return suma;
 }
 
 } // namespace
@@ -57,7 +68,7 @@ frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre)
     : frmBusqueda_Articulos_4(padre, columnas())
 {}
 
-frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, const std::vector<nv::ColumnaRejilla> &columnas)
+frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, std::vector<nv::ColumnaRejilla> columnas)
     : BusquedaBase(padre)
     , m_filtro(new QGridLayout)
     , m_nombre(new nvTextBox(this))
@@ -72,10 +83,11 @@ frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, const std::vect
 {
     setWindowTitle(u"Busqueda de Artículos"_s);
     rejilla()->setObjectName(u"vsArt"_s);
+    ensanchar(columnas[CodigoBarras], rejilla());
     rejilla()->setColumnas(columnas);
     montarCriterios();
     auto *todo = new QVBoxLayout(this);
-    const int margen = nv::twips::aPixeles(75, this);
+    const int margen = nv::twips::aPixeles(Margen, this);
     todo->setContentsMargins(margen, margen, margen, margen);
     todo->setSpacing(margen);
     todo->addLayout(m_filtro);
@@ -83,7 +95,8 @@ frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, const std::vect
     todo->addLayout(botones());
     conectar();
     ordenarTabulacion(false);
-    resize(nv::twips::aPixeles(anchura(columnas) + Borde, this), nv::twips::aPixeles(Alto, this));
+    const QSize natural(anchura(columnas, rejilla()), nv::twips::aPixeles(Alto, this));
+    resize(natural.boundedTo(screen()->availableGeometry().size()));
 }
 
 void frmBusqueda_Articulos_4::montarCriterios()

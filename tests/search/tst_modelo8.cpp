@@ -2,6 +2,7 @@
 #include "tst_textolibre_catalogo.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -107,6 +108,11 @@ void tst_Modelo8::resizing_shares_the_width()
             const int descripcion = ancho(Descripcion);
             const int marca = ancho(MarcaArticulo);
             const QSize antes = d.size();
+            int visibles = 0;
+            for (int columna = Marca; columna <= Referencia; ++columna)
+                visibles += lista(d)->isColumnHidden(columna) ? 0 : ancho(columna);
+            QCOMPARE(lista(d)->horizontalHeader()->length(), visibles);
+            QCOMPARE(lista(d)->horizontalScrollBar()->maximum(), 0);
             for (const int mas : {3, 55, 100}) {
                 d.resize(antes + QSize(mas, 0));
                 QCoreApplication::processEvents();
