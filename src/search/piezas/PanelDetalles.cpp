@@ -94,7 +94,7 @@ PanelDetalles::PanelDetalles(QWidget *padre)
     m_cuerpo->addWidget(observaciones);
     m_cuerpo->addWidget(m_notas, 1);
     m_cuerpo->addLayout(cifras);
-    limpiar();
+    PanelDetalles::limpiar();
 }
 
 QLabel *PanelDetalles::cifra(const QString &nombre, const QString &accesible)

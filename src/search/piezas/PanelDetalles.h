@@ -29,8 +29,8 @@ public:
     void preparar(const ::cEmpresa &empresa, qint32 cliente);
     /// Shows the item of that code text. Throws Error; what was filled by then stays.
     void DevPropiedades(const QString &codigo);
-    /// No item: figures at 0, no notes, no picture.
-    void limpiar();
+    /// No item: figures at 0, no notes, no picture. A richer panel clears what it adds.
+    virtual void limpiar();
 
 protected:
     /// The stock row of an item. What else it brings is shown by `mostrarExistencias`, which a richer panel extends.
