@@ -1,0 +1,102 @@
+#include "LectorPdf.h"
+#include "search/frmBusqueda_Articulos_2.h"
+#include "tst_modelo1_catalogo.h"
+
+#include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
+using Dialogo = frmBusqueda_Articulos_2;
+
+/// What the listing of model 1 says on paper, read back from the PDF.
+class tst_Modelo1_Impresion : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void listing_says_what_the_list_says_in_its_order();
+    void every_row_of_the_search_is_printed_once();
+
+private:
+    static LectorPdf imprimir(Dialogo &dialogo);
+};
+
+void tst_Modelo1_Impresion::initTestCase()
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        QSKIP("there is a printer: the listing would go to it");
+}
+
+LectorPdf tst_Modelo1_Impresion::imprimir(Dialogo &dialogo)
+{
+    const QTemporaryDir carpeta;
+    const QString fichero = carpeta.filePath(u"lista.pdf"_s);
+    Conductor conductor;
+    conductor.con<QFileDialog>([&](QFileDialog &f) {
+        f.findChild<QLineEdit *>()->setText(fichero);
+        QTest::keyClick(f.findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+    QTest::keyClick(&dialogo, Qt::Key_F11);
+    QFile pdf(fichero);
+    return LectorPdf(pdf.open(QIODevice::ReadOnly) ? pdf.readAll() : QByteArray());
+}
+
+void tst_Modelo1_Impresion::listing_says_what_the_list_says_in_its_order()
+{
+    CatalogoCriterios catalogo;
+    catalogo.empresa.familias[1] = QString();
+    catalogo.abrir<Dialogo>([](Dialogo &d) { d.Busqueda_Proveedor = 7; },
+                            [](Dialogo &d) {
+                                const QHeaderView *titulos = listado(d)->horizontalHeader();
+                                const QPoint pvp(titulos->sectionViewportPosition(8) + 6, titulos->height() / 2);
+                                for (int i = 0; i < 2; ++i)
+                                    QTest::mouseClick(titulos->viewport(), Qt::LeftButton, {}, pvp);
+                                QCOMPARE(columna(d, 1), (QStringList{u"1"_s, u"2"_s}));
+                                const LectorPdf pdf = imprimir(d);
+                                QCOMPARE(pdf.paginas(), 1);
+                                QCOMPARE(
+                                    pdf.textos().join(u'|'),
+                                    u"Búsqueda de Artículos|"
+                                    u"Desc: Código: Prov: 7 Ref: Familia: 0 Linea: 0|"
+                                    u"Código|Descripción|Cód. Barras|Ref. Princip.|Tarifa 4|Tarifa 6|Tarifa 0|Stock|"
+                                    u"1|TORNILLO ROJO|8412345678905|R-1|10,50|7|0,00|2,5|"
+                                    u"2|TUERCA|9,00|0|0,00|0|"
+                                    u"Página 1 de 1"_s);
+                            });
+}
+
+void tst_Modelo1_Impresion::every_row_of_the_search_is_printed_once()
+{
+    CatalogoCriterios catalogo;
+    QStringList esperados;
+    nv::Transaccion transaccion(catalogo.base.conexion());
+    for (int codigo = 1001; codigo <= 1300; ++codigo) {
+        esperados << QString::number(codigo);
+        catalogo.base.ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, %1,"
+                               u" 'LLAVE Ñ %1')"_s.arg(codigo));
+    }
+    transaccion.confirmar();
+    catalogo.empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"5000"_s;
+    catalogo.abrir<Dialogo>([](Dialogo &d) { d.Busqueda_Descripcion = u"LLAVE"_s; },
+                            [&](Dialogo &d) {
+                                const LectorPdf pdf = imprimir(d);
+                                const QStringList textos = pdf.textos();
+                                QStringList impresos;
+                                for (const QString &texto : textos)
+                                    if (texto.startsWith(u"LLAVE Ñ "))
+                                        impresos << texto.sliced(8);
+                                QCOMPARE(impresos, esperados);
+                                QVERIFY(pdf.paginas() > 3);
+                                QCOMPARE(textos.filter(u"Tarifa 4"_s).size(), pdf.paginas());
+                                QCOMPARE(textos.last(), u"Página %1 de %1"_s.arg(pdf.paginas()));
+                            });
+}
+
+QTEST_MAIN(tst_Modelo1_Impresion)
+#include "tst_modelo1_impresion.moc"
