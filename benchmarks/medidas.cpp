@@ -1,10 +1,12 @@
 // The performance figures, each beside its raw limit, in one run: medidas [ITEMS]…
 
+#include "Medida.h"
 #include "catalogo/Catalogo.h"
 #include "common/Conexion.h"
 #include "common/EmpresaBD.h"
 #include "common/Error.h"
 #include "control/nvArticulo.h"
+#include "medidas_busqueda.h"
 #include "platform/datos/Apertura.h"
 #include "platform/datos/Funciones.h"
 #include "platform/datos/Motores.h"
@@ -12,52 +14,19 @@
 #include "search/frmBusqueda_Articulos_1.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <QTextStream>
 #include <QTimer>
-#include <algorithm>
 #include <sqlite3.h>
-#include <vector>
 
 using namespace Qt::StringLiterals;
+using nv::medidas::Medida;
+using nv::medidas::salida;
 
 namespace {
 
 constexpr int Lecturas = 5000;
-constexpr int Aperturas = 15;
-
-QTextStream &salida()
-{
-    static QTextStream texto(stdout);
-    return texto;
-}
-
-struct Medida
-{
-    std::vector<double> micros;
-
-    template <class Operacion>
-    void toma(Operacion &&operacion)
-    {
-        QElapsedTimer reloj;
-        reloj.start();
-        operacion();
-        micros.push_back(static_cast<double>(reloj.nsecsElapsed()) / 1000.0);
-    }
-    double percentil(double parte)
-    {
-        std::sort(micros.begin(), micros.end());
-        return micros[static_cast<std::size_t>(parte * static_cast<double>(micros.size() - 1))];
-    }
-    void escribe(const QString &nombre)
-    {
-        salida() << u"  %1 p50 %2 µs   p99 %3 µs\n"_s.arg(nombre, -58)
-                        .arg(percentil(0.5), 9, 'f', 1)
-                        .arg(percentil(0.99), 9, 'f', 1);
-    }
-};
+using nv::medidas::Aperturas;
 
 QStringList codigosDeBarras(nv::Conexion &conexion)
 {
@@ -216,6 +185,7 @@ void medir(int articulos)
     consultaDesnuda(*conexion, u"TORN*"_s, u" AND a.Descripcion LIKE 'TORN%'"_s);
     busqueda(empresa, u"*TORN*"_s, u"*TORN"_s);
     consultaDesnuda(*conexion, u"*TORN*"_s, u" AND a.Descripcion LIKE '%TORN%'"_s);
+    nv::medidas::modelos(*conexion, empresa);
     salida().flush();
 }
 
