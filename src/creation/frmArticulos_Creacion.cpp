@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 
@@ -105,8 +106,10 @@ void frmArticulos_Creacion::MostrarModal()
     Aceptado = false;
     m_formatoTicket.clear();
     m_formatoLargo.clear();
-    nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] { Cargar(); });
-    if (!cEmpresa || !Conexion)
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    // Half loaded it would know no limits and no qualities: an item begun in it could not be completed.
+    const bool cargado = nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] { Cargar(); });
+    if (!vivo || !cargado || !cEmpresa || !Conexion)
         return;
     centrar();
     m_codigo->setFocus();
@@ -124,6 +127,12 @@ void frmArticulos_Creacion::centrar()
 
 bool frmArticulos_Creacion::eventFilter(QObject *objeto, QEvent *evento)
 {
+    if (evento->type() == QEvent::Wheel && qobject_cast<QComboBox *>(objeto) &&
+        !static_cast<QWidget *>(objeto)->hasFocus()) {
+        // Scrolling past a list must not choose from it.
+        evento->ignore();
+        return true;
+    }
     const bool deTecla = evento->type() == QEvent::ShortcutOverride || evento->type() == QEvent::KeyPress;
     if (!deTecla)
         return QDialog::eventFilter(objeto, evento);
@@ -145,9 +154,12 @@ bool frmArticulos_Creacion::eventFilter(QObject *objeto, QEvent *evento)
 
 void frmArticulos_Creacion::keyPressEvent(QKeyEvent *evento)
 {
+    auto *boton = qobject_cast<QPushButton *>(focusWidget());
     // A key held down must not cancel first and close next.
     if (evento->key() == Qt::Key_Escape && evento->isAutoRepeat())
         evento->accept();
+    else if (esIntro(*evento) && boton && !evento->isAutoRepeat())
+        boton->click();
     else
         QDialog::keyPressEvent(evento);
 }

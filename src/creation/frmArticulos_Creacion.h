@@ -116,6 +116,7 @@ private:
     bool Validar_CodBarras();
 
     void aceptar();
+    void quitarLoEscrito();
     void escribir();
     void tomarPropiedades();
     void Guardar_Articulo();

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +49,7 @@ void frmArticulos_Creacion::entradaDeCodigo()
 void frmArticulos_Creacion::cancelar()
 {
     m_barrasPendientes = false;
+    m_esperaRaton.stop();
     nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] {
         const Suspension suspension(*this);
         if (!m_codigo->isEnabled())
@@ -61,11 +63,15 @@ void frmArticulos_Creacion::cancelar()
 void frmArticulos_Creacion::cerrar()
 {
     m_barrasPendientes = false;
+    m_esperaRaton.stop();
+    const QPointer<frmArticulos_Creacion> vivo(this);
     const bool borrado = nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] {
         if (!m_codigo->isEnabled())
             EliminarF6();
     });
     // With the connection gone for good nobody must be locked in: the second time the form closes all the same.
+    if (!vivo)
+        return;
     if (borrado || std::exchange(m_cierreFallido, true))
         hide();
 }

@@ -8,6 +8,7 @@
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/nvTextBox.h"
 
+#include <QPointer>
 #include <QPushButton>
 #include <algorithm>
 
@@ -53,9 +54,11 @@ void frmArticulos_Creacion::confirmarCodigo()
         return;
     Codigo = nv::ValEntero32(texto);
     if (Existe()) {
+        const QPointer<frmArticulos_Creacion> vivo(this);
         nv::mensajes::mostrar(this, u"¡Atención!"_s, u"Este código ya está asignado a otro artículo."_s,
                               Icono::Informacion);
-        rechazarCodigo();
+        if (vivo)
+            rechazarCodigo();
         return;
     }
     // An item 0 would read as "none" everywhere else.

@@ -14,6 +14,7 @@
 #include "platform/widgets/nvTextBox.h"
 
 #include <QComboBox>
+#include <QPointer>
 #include <limits>
 #include <optional>
 
@@ -43,15 +44,18 @@ qint16 codigoElegido(const QComboBox &lista)
 
 void frmArticulos_Creacion::aceptar()
 {
+    const QPointer<frmArticulos_Creacion> vivo(this);
     if (m_barrasPendientes)
         comprobarBarras();
+    if (!vivo)
+        return;
     const QString titulo = u"Error"_s;
     bool valido = false;
     const bool comprobado = nv::mensajes::guardar(this, titulo, [&] {
         asentarSelector();
         valido = Validar_Articulo();
     });
-    if (!comprobado || !valido || !nv::mensajes::guardar(this, titulo, [&] { escribir(); }))
+    if (!vivo || !comprobado || !valido || !nv::mensajes::guardar(this, titulo, [&] { escribir(); }))
         return;
     // The item is complete: from here on nothing may lead to the deletion of an unsaved one.
     Aceptado = true;
@@ -60,7 +64,8 @@ void frmArticulos_Creacion::aceptar()
         Limpiar_Controles();
         entradaDeCodigo();
     });
-    hide();
+    if (vivo)
+        hide();
 }
 
 /// Everything that an accept writes, in one transaction. One that the host has open is joined.
@@ -82,9 +87,31 @@ void frmArticulos_Creacion::escribir()
     Temporada = m_temporada->Texto();
     NoGenerarSerieEAN = m_sinSerieEan->Value() == 1 ? -1 : 0;
     UnidadesDecimales = m_unidadesDecimales->Value() == 1 ? -1 : 0;
-    Guardar_Articulo();
+    try {
+        Guardar_Articulo();
+    } catch (const nv::Error &) {
+        if (!propia)
+            quitarLoEscrito();
+        throw;
+    }
     if (propia)
         propia->confirmar();
+}
+
+/// In a transaction of the host nothing is rolled back here: what this item has got so far goes, so that it can be
+/// accepted again or deleted whole.
+void frmArticulos_Creacion::quitarLoEscrito()
+{
+    nv::Sentencia referencias(u"DELETE FROM Articulos_Ref WHERE Cod_Empresa =");
+    referencias << cEmpresa->CodigoArticulos() << u" AND Cod_Articulo =" << Codigo;
+    nv::Sentencia barras(u"DELETE FROM Articulos_CBarras WHERE Cod_Empresa =");
+    barras << cEmpresa->CodigoArticulos() << u" AND Cod_Articulo =" << Codigo;
+    try {
+        Conexion->Ejecutar(referencias);
+        Conexion->Ejecutar(barras);
+    } catch (const nv::Error &) {
+        // The first error is the one to be told.
+    }
 }
 
 void frmArticulos_Creacion::tomarPropiedades()

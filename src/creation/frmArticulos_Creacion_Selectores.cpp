@@ -101,14 +101,14 @@ void frmArticulos_Creacion::mostrarPorcentaje()
     m_porcentaje->setText(cEmpresa->PorcentajeImpuesto(nv::ValEntero16(textoImpuesto())).textoCorto() + u" %"_s);
 }
 
-/// F9 in a picker whose code was just typed: its name is part of the descriptions.
+/// F9 in a picker whose code was just typed, or chosen from its list: its name is part of the descriptions.
 void frmArticulos_Creacion::asentarSelector()
 {
     const std::array<nv::SelectorCodigo *, 4> selectores{m_marca, m_familias[0], m_familias[1], m_familias[2]};
     for (nv::SelectorCodigo *selector : selectores) {
-        if (!selector->isAncestorOf(focusWidget()) || selector->Texto().isEmpty() || selector->Existe())
+        if (!selector->isAncestorOf(focusWidget()) || selector->Texto().isEmpty())
             continue;
-        if (selector->Cargar())
+        if (selector->Existe() || selector->Cargar())
             Formar_Descripciones();
     }
 }

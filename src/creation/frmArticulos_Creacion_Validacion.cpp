@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 using nv::recortado;
@@ -21,8 +22,10 @@ using nv::mensajes::Respuesta;
 
 bool frmArticulos_Creacion::falta(const QString &texto, QWidget *campo)
 {
+    const QPointer<QWidget> vivo(campo);
     nv::mensajes::mostrar(this, u"Validando artículo..."_s, texto, Icono::Exclamacion);
-    campo->setFocus();
+    if (vivo)
+        vivo->setFocus();
     return true;
 }
 
@@ -39,14 +42,16 @@ bool frmArticulos_Creacion::Validar_Articulo()
         return false;
     if (faltaCualidad(m_cualidadX, 0) || faltaCualidad(m_cualidadY, 1))
         return false;
+    const QPointer<QWidget> descripcion(m_descripcion);
     if (recortado(m_descripcion->text()).isEmpty() &&
         nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
                                 u"El artículo no tiene descripción. ¿Desea continuar?"_s,
                                 Respuesta::No) == Respuesta::No) {
-        m_descripcion->setFocus();
+        if (descripcion)
+            descripcion->setFocus();
         return false;
     }
-    return !(referenciaRepetida() && falta(u"La referencia especificada ya existe."_s, m_referencia));
+    return descripcion && !(referenciaRepetida() && falta(u"La referencia especificada ya existe."_s, m_referencia));
 }
 
 bool frmArticulos_Creacion::faltaFamilia()
@@ -102,17 +107,23 @@ bool frmArticulos_Creacion::Validar_CodBarras()
     clsArticulo_CBarra barras;
     barras.setcEmpresa(cEmpresa);
     barras.setConexion(Conexion);
+    const QPointer<frmArticulos_Creacion> vivo(this);
     const QString texto = m_barras->text();
     if (texto.size() == 7 && cEmpresa->ValorBooleano(u"Check_Barras_7Digitos"_s) &&
         nv::mensajes::preguntar(this, u"¡ Atención "_s,
                                 u"El código de barras es de 7 dígitos, ¿desea calcular el check automáticamente?"_s) ==
-            Respuesta::Si)
+            Respuesta::Si &&
+        vivo)
         m_barras->setText(texto + QString::number(barras.Dev_Check(texto)));
+    if (!vivo)
+        return false;
     barras.Cod_Barras = m_barras->text();
     const bool valido = barras.Validar();
     if (!valido)
         nv::mensajes::mostrar(this, u"Código de barras"_s, u"El código de barras introducido no es correcto."_s,
                               Icono::Informacion);
+    if (!vivo)
+        return false;
     qint32 articulo = 0;
     QString nombre;
     qint16 unidades = 0;

@@ -110,6 +110,7 @@ void frmArticulos_Creacion::crearCampos()
 void frmArticulos_Creacion::colocarCampos()
 {
     m_codigo->setFixedWidth(aPixeles(AnchoCodigo, this));
+    m_impuesto->setMaxLength(5);
     m_impuesto->setFixedWidth(aPixeles(AnchoImpuesto, this));
     m_porcentaje->setMinimumWidth(aPixeles(AnchoImpuesto, this));
     m_porcentaje->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
