@@ -200,8 +200,10 @@ void escribirAlmacenesYTarifas(Conexion &conexion)
 
 void escribirCualidades(Conexion &conexion, QDate dia)
 {
-    conexion.Ejecutar(Sentencia(u"INSERT INTO Cualidades (Codigo, Nombre) VALUES (1, 'TALLA'), (2, 'COLOR'), "
-                                u"(3, 'NÚMERO')"));
+    // The first row counts as not chosen where an item is created.
+    conexion.Ejecutar(
+        Sentencia(u"INSERT INTO Cualidades (Codigo, Nombre) VALUES (0, '(ninguna)'), (1, 'TALLA'), (2, 'COLOR'), "
+                  u"(3, 'NÚMERO')"));
     const QStringList tallas{u"XS"_s, u"S"_s, u"M"_s, u"L"_s, u"XL"_s, u"XXL"_s};
     const QStringList colores{u"BLANCO"_s, u"NEGRO"_s, u"GRIS"_s,   u"AZUL MARINO"_s,
                               u"ROJO"_s,   u"VERDE"_s, u"MARRÓN"_s, u"AÑIL"_s};
