@@ -7,6 +7,7 @@
 #include "common/Error.h"
 #include "control/nvArticulo.h"
 #include "medidas_busqueda.h"
+#include "medidas_contador.h"
 #include "platform/datos/Apertura.h"
 #include "platform/datos/Funciones.h"
 #include "platform/datos/Motores.h"
@@ -194,12 +195,15 @@ void medir(int articulos)
 int main(int argc, char **argv)
 {
     QApplication aplicacion(argc, argv);
+    if (QCoreApplication::arguments().value(1) == u"--emitir")
+        return nv::medidas::emitir(QCoreApplication::arguments());
     QStringList tamanos = QCoreApplication::arguments().sliced(1);
     if (tamanos.isEmpty())
         tamanos = {u"10000"_s, u"100000"_s};
     try {
         for (const QString &tamano : std::as_const(tamanos))
             medir(tamano.toInt());
+        nv::medidas::contador();
     } catch (const nv::Error &error) {
         salida() << error.descripcion << Qt::endl;
         return 1;
