@@ -69,7 +69,7 @@ public:
 private:
     bool cargarPrimera(nv::Registros &registros, const nv::Sentencia &sentencia);
     bool cargarVecino(nv::Registros &registros, const nv::Sentencia &articulo);
-    QString emitirNumero();
+    QString emitirNumero(bool &sinContador);
     qint16 empresaArticulos() const;
 
     ::cEmpresa *m_empresa = nullptr;

@@ -89,21 +89,34 @@ QString clsArticulo_CBarra::CrearAuto()
         if (registros.siguiente())
             return registros.texto(u"Cod_Barras");
         registros.cerrar();
-        UnidadDeTrabajo unidad(*m_conexion);
-        const QString numero = emitirNumero();
-        unidad.confirmar();
-        return numero;
+        bool sinContador = false;
+        const auto emitir = [&] {
+            UnidadDeTrabajo unidad(*m_conexion);
+            const QString numero = emitirNumero(sinContador);
+            unidad.confirmar();
+            return numero;
+        };
+        const bool ajena = m_conexion->enTransaccion();
+        try {
+            return emitir();
+        } catch (const nv::Error &) {
+            // Two workstations that met no counter: the second finds the first one's row, and starts again on it.
+            if (ajena || !sinContador)
+                throw;
+            return emitir();
+        }
     });
 }
 
 /// Next free number of the company's counter with its check digit. Runs inside a unit of work.
-QString clsArticulo_CBarra::emitirNumero()
+QString clsArticulo_CBarra::emitirNumero(bool &sinContador)
 {
     const qint16 empresa = empresaArticulos();
     // Writing the row first takes its lock: whoever reads it after us reads what we leave.
     Sentencia bloqueo(u"UPDATE Contador_CBarras SET Cod_Barras = Cod_Barras WHERE Cod_Empresa=");
     bloqueo << empresa;
     const bool habia = m_conexion->Ejecutar(bloqueo) > 0;
+    sinContador = !habia;
     qint64 numero = PrimerNumero;
     if (habia) {
         Sentencia lectura(u"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=");

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void errors_carry_the_outermost_label();
     void check_digits_are_appended_in_bulk();
     void automatic_numbers_skip_what_is_taken();
+    void rival_that_makes_the_counter_first_is_followed();
     void four_processes_never_share_a_number();
     void killed_processes_lose_at_most_the_number_in_their_hands();
 
@@ -247,6 +248,40 @@ void tst_clsArticulo_CBarra::automatic_numbers_skip_what_is_taken()
         QVERIFY2(m_conexion->enTransaccion(), "inside an open transaction it joins that one");
     }
     QVERIFY(barra.CrearAuto().startsWith(u"10000001"));
+}
+
+/// Where no lock holds a row that is not there yet, another workstation may make it between our look and our write.
+void tst_clsArticulo_CBarra::rival_that_makes_the_counter_first_is_followed()
+{
+    struct Rival : nv::OyenteSentencias
+    {
+        nv::Conexion *conexion = nullptr;
+        int fallos = 0;
+        void sentencia(const nv::SucesoSentencia &suceso) override
+        {
+            if (!suceso.error.isEmpty())
+                ++fallos;
+            if (fallos == 0 && suceso.texto.startsWith(u"UPDATE Contador_CBarras SET Cod_Barras = Cod_Barras"_s)) {
+                conexion->dejarDeEscuchar(this);
+                conexion->Ejecutar(nv::Sentencia::deConsola(
+                    u"CREATE TRIGGER rival BEFORE INSERT ON Contador_CBarras BEGIN SELECT RAISE(ROLLBACK, 'clave'); END"_s));
+                conexion->escuchar(this);
+            } else if (fallos == 1) {
+                ++fallos;
+                conexion->dejarDeEscuchar(this);
+                conexion->Ejecutar(nv::Sentencia::deConsola(
+                    u"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (2, '9810001')"_s));
+                conexion->escuchar(this);
+            }
+        }
+    } rival;
+    rival.conexion = m_conexion.get();
+    m_conexion->escuchar(&rival);
+    auto barra = nueva();
+    barra.Cod_Articulo = 60;
+    const QString numero = barra.CrearAuto();
+    m_conexion->dejarDeEscuchar(&rival);
+    QVERIFY2(numero.startsWith(u"9810002"), qPrintable(numero));
 }
 
 void tst_clsArticulo_CBarra::four_processes_never_share_a_number()
