@@ -107,10 +107,17 @@ void frmArticulos_Creacion::MostrarModal()
     m_formatoTicket.clear();
     m_formatoLargo.clear();
     const QPointer<frmArticulos_Creacion> vivo(this);
+    const QString titulo = u"¡ Atención !"_s;
+    QStringList fallos;
     // Half loaded it would know no limits and no qualities: an item begun in it could not be completed.
-    const bool cargado = nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] { Cargar(); });
+    const bool cargado = nv::mensajes::guardar(this, titulo, [&] { Cargar(fallos); });
     if (!vivo || !cargado || !cEmpresa || !Conexion)
         return;
+    for (const QString &fallo : std::as_const(fallos)) {
+        nv::mensajes::mostrar(this, titulo, fallo, nv::mensajes::Icono::Critico);
+        if (!vivo)
+            return;
+    }
     centrar();
     m_codigo->setFocus();
     exec();

@@ -4,6 +4,7 @@
 #include "creation/ComposicionDescripcion.h"
 
 #include <QDialog>
+#include <QStringList>
 #include <QTimer>
 
 class QComboBox;
@@ -83,10 +84,10 @@ private:
     void colocarCampos();
     void conectarCampos();
 
-    void Cargar();
-    void cargarSelectores();
+    void Cargar(QStringList &fallos);
+    void cargarSelectores(QStringList &fallos);
     void cargarNombres();
-    void cargarFamilias();
+    void cargarFamilias(QStringList &fallos);
     void cargarEmpresa();
     void cargarCualidades(qint16 x, qint16 y);
     void cargarFormatos();

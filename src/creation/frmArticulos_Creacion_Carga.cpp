@@ -29,9 +29,22 @@ qint16 entero16(const Registros &registros, QStringView columna)
     return registros.esNulo(columna) ? qint16(0) : registros.entero16(columna);
 }
 
+/// A name that cannot be looked up is missing on screen and no more. With the line gone all of them say the same: once
+/// is enough.
+template <class Carga>
+void anotando(QStringList &fallos, Carga &&carga)
+{
+    try {
+        carga();
+    } catch (const nv::Error &error) {
+        if (!fallos.contains(error.descripcion))
+            fallos << error.descripcion;
+    }
+}
+
 } // namespace
 
-void frmArticulos_Creacion::Cargar()
+void frmArticulos_Creacion::Cargar(QStringList &fallos)
 {
     if (!cEmpresa)
         throw nv::Error{nv::errores::SinObjeto, u"No se ha indicado la empresa."_s, {}};
@@ -39,9 +52,9 @@ void frmArticulos_Creacion::Cargar()
         throw nv::Error{nv::errores::SinObjeto, u"No se ha establecido la conexión con la base de datos."_s, {}};
     {
         const Suspension suspension(*this);
-        cargarSelectores();
+        cargarSelectores(fallos);
         cargarNombres();
-        cargarFamilias();
+        cargarFamilias(fallos);
         cargarEmpresa();
         cargarFormatos();
         m_unidadesDecimales->setValue(UnidadesDecimales == 1 ? 1 : 0);
@@ -49,13 +62,13 @@ void frmArticulos_Creacion::Cargar()
     Formar_Descripciones();
 }
 
-void frmArticulos_Creacion::cargarSelectores()
+void frmArticulos_Creacion::cargarSelectores(QStringList &fallos)
 {
     m_proveedor->setcEmpresa(cEmpresa);
     m_proveedor->setConexion(Conexion);
     if (Proveedor != 0) {
         m_proveedor->setCodigo(Proveedor);
-        m_proveedor->Cargar();
+        anotando(fallos, [this] { m_proveedor->Cargar(); });
     }
     m_referencia->setText(Ref);
     for (std::size_t i = 0; i < m_familias.size(); ++i) {
@@ -66,16 +79,16 @@ void frmArticulos_Creacion::cargarSelectores()
     m_marca->setConexion(Conexion);
     if (Marca != 0) {
         m_marca->setCodigo(Marca);
-        m_marca->Cargar();
+        anotando(fallos, [this] { m_marca->Cargar(); });
     }
     if (TipoImpuesto != 0) {
         m_impuesto->setText(QString::number(TipoImpuesto));
-        mostrarPorcentaje();
+        anotando(fallos, [this] { mostrarPorcentaje(); });
     }
     m_temporada->setConexion(Conexion);
     m_temporada->setTexto(Temporada);
     if (!Temporada.isEmpty())
-        m_temporada->Cargar();
+        anotando(fallos, [this] { m_temporada->Cargar(); });
 }
 
 void frmArticulos_Creacion::cargarNombres()
@@ -99,7 +112,7 @@ void frmArticulos_Creacion::cargarNombres()
     }
 }
 
-void frmArticulos_Creacion::cargarFamilias()
+void frmArticulos_Creacion::cargarFamilias(QStringList &fallos)
 {
     const std::array codigos{Familia_1, Familia_2, Familia_3};
     for (std::size_t i = 0; i < m_familias.size(); ++i) {
@@ -110,7 +123,7 @@ void frmArticulos_Creacion::cargarFamilias()
             m_familias[i]->setCodigoPadre2(Familia_2);
             m_familias[i]->setCodigo(codigos[i]);
         }
-        m_familias[i]->Cargar();
+        anotando(fallos, [&] { m_familias[i]->Cargar(); });
     }
 }
 

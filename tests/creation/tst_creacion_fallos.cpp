@@ -1,6 +1,7 @@
 #include "Escenario.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <csignal>
@@ -121,6 +122,9 @@ private Q_SLOTS:
     void line_cut_in_the_middle_of_accept();
     void barcode_of_qualities_with_several_values_is_refused();
     void transaction_of_the_host_is_joined();
+    void failed_accept_leaves_nothing_in_the_transaction_of_the_host();
+    void name_that_cannot_be_loaded_stops_nothing_else();
+    void form_without_its_settings_does_not_open();
     void code_taken_between_two_steps();
     void failure_of_the_second_insert_undoes_the_first();
     void item_deleted_elsewhere_gets_no_reference();
@@ -219,6 +223,66 @@ void tst_CreacionFallos::transaction_of_the_host_is_joined()
     e.conexion->Confirmar();
     QCOMPARE(e.filas(u"SELECT Nombre FROM Clientes"_s), u"DEL ANFITRION"_s);
     QVERIFY(e.articulo(200).startsWith(u"200|1|"));
+}
+
+void tst_CreacionFallos::failed_accept_leaves_nothing_in_the_transaction_of_the_host()
+{
+    Escenario e;
+    e.sql(u"CREATE TRIGGER falla BEFORE INSERT ON Articulos_CBarras WHEN NEW.Cod_Barras = '96385074' BEGIN SELECT "
+          u"RAISE(ABORT, 'disco lleno'); END"_s);
+    e.conexion->Comenzar();
+    e.con([](Manos m) {
+        m.rellena(u"200"_s, u"R"_s);
+        m.escribe("txtCodBarras", u"96385074"_s);
+        m.pulsa(Qt::Key_F9);
+    });
+    e.conductor.responde(u"Aceptar"_s);
+    e.con([&](Manos m) {
+        QVERIFY(m.abierto() && e.conexion->enTransaccion());
+        m.hijo<QWidget>("cmdCerrar")->setFocus();
+        m.pulsa(Qt::Key_Return);
+        QVERIFY2(!m.f.isVisible(), "Enter works on a button");
+    });
+    QVERIFY(e.muestra());
+    e.conexion->Confirmar();
+    QVERIFY(!e.forma.Aceptado && e.articulo(200).isEmpty());
+    QCOMPARE(e.filas(u"SELECT Ref FROM Articulos_Ref WHERE Cod_Articulo = 200"_s), QString());
+    QCOMPARE(e.filas(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 200"_s), QString());
+}
+
+void tst_CreacionFallos::name_that_cannot_be_loaded_stops_nothing_else()
+{
+    Escenario e;
+    e.sql(u"DROP TABLE Marcas"_s);
+    e.forma.Marca = 4;
+    e.forma.Familia_1 = 1;
+    e.forma.CualidadX = 3;
+    e.forma.CualidadY = 4;
+    e.conductor.responde(u"Aceptar"_s);
+    e.con([](Manos m) {
+        QCOMPARE(m.hijo<QComboBox>("cboCualX")->currentData().toInt(), 3);
+        QCOMPARE(m.hijo<QComboBox>("cboCualY")->currentData().toInt(), 4);
+        QVERIFY2(m.texto("txtDescripcion").startsWith(u"ROPA"), "the layouts are there");
+        m.f.close();
+    });
+    QVERIFY(e.muestra());
+    QCOMPARE(e.conductor.cajas().size(), std::size_t(1));
+    QCOMPARE(e.caja().titulo, u"¡ Atención !"_s);
+}
+
+void tst_CreacionFallos::form_without_its_settings_does_not_open()
+{
+    Escenario e;
+    ConexionCortable linea(*e.conexion);
+    linea.cortada = true;
+    e.forma.Conexion = &linea;
+    e.forma.Proveedor = 7;
+    e.forma.Marca = 4;
+    e.forma.Aceptado = true;
+    e.conductor.responde(u"Aceptar"_s);
+    QVERIFY2(e.muestra(), "one box, however many things failed");
+    QVERIFY(!e.forma.Aceptado && !e.forma.isVisible());
+    QCOMPARE(e.conductor.cajas().size(), std::size_t(1));
 }
 
 void tst_CreacionFallos::code_taken_between_two_steps()
