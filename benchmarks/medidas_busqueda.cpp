@@ -25,6 +25,7 @@ namespace nv::medidas {
 namespace {
 
 constexpr QStringView Palabra = u"GRIFO";
+constexpr QStringView SinArticulos = u"QQWZK";
 constexpr qint32 Almacen = 1;
 constexpr QStringView MejorVendidos = u"150";
 
@@ -136,12 +137,21 @@ void porCriterios(Conexion &conexion, ::cEmpresa &empresa, const QString &nombre
                         descripcion<Dialogo>(criterio), buscar);
 }
 
+QString unCodigoDeBarras(Conexion &conexion)
+{
+    Registros registros = conexion.Abrir(Sentencia::deConsola(
+        u"SELECT Cod_Barras FROM Articulos_CBarras WHERE Principal = 1 AND LEN(Cod_Barras) = 13"_s));
+    return registros.siguiente() ? registros.texto(0) : QString();
+}
+
+/// A word of many items, one of none, and a barcode.
 template <class Dialogo>
 void porTexto(Conexion &conexion, ::cEmpresa &empresa, const QString &nombre)
 {
-    modelo<Dialogo>(
-        conexion, empresa, nombre + u": "_s + Palabra.toString(), [](Dialogo &) {},
-        [](Dialogo &d) { d.Recuperar_Registros(Palabra.toString()); });
+    for (const QString &texto : {Palabra.toString(), SinArticulos.toString(), unCodigoDeBarras(conexion)})
+        modelo<Dialogo>(
+            conexion, empresa, nombre + u": "_s + texto, [](Dialogo &) {},
+            [texto](Dialogo &d) { d.Recuperar_Registros(texto); });
 }
 
 void ranking(frmBusqueda_Articulos_5 &dialogo)

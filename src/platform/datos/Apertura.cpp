@@ -4,6 +4,7 @@
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/Dialecto.h"
 #include "platform/datos/ErroresSqlite.h"
+#include "platform/datos/Trigramas.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -108,6 +109,7 @@ void crearEsquema(sqlite3 *base)
     const QStringList sentencias = sentenciasDe(Catalogo::unico().esquema());
     for (const QString &sentencia : sentencias)
         directa(base, adaptar(sentencia).sql);
+    trigramas::crear(base);
     anotarVersiones(base);
     cambio.confirmar();
 }
@@ -116,12 +118,20 @@ void comprobarVersiones(sqlite3 *base)
 {
     if (leer(base, "PRAGMA application_id").toInt() != MarcaCatalogo)
         throw Error{SQLITE_NOTADB, u"El archivo es una base de datos, pero no un catálogo de artículos."_s, {}};
-    const int version = leer(base, "PRAGMA user_version").toInt();
+    const auto leerVersion = [&] { return leer(base, "PRAGMA user_version").toInt(); };
+    int version = leerVersion();
     if (version >> BitsCotejo > VersionFormato)
         throw Error{SQLITE_MISMATCH, u"El catálogo es de una versión posterior a la de este programa."_s, {}};
     if (version == VersionArchivo)
         return;
+    constexpr int SinTrigramas = 1;
     Cambio cambio(base);
+    version = leerVersion();
+    // Another program may have done it while this one waited.
+    if (version == VersionArchivo)
+        return;
+    if (version >> BitsCotejo <= SinTrigramas)
+        trigramas::crear(base);
     directa(base, u"REINDEX"_s);
     anotarVersiones(base);
     cambio.confirmar();

@@ -167,25 +167,38 @@ int ConexionEmbebida::esperar(void *conexion, int veces)
     return 1;
 }
 
+std::shared_ptr<Preparada> ConexionEmbebida::vinculada(const Plantilla &plantilla)
+{
+    std::shared_ptr<Preparada> preparada = m_cache.obtener(m_base.get(), plantilla);
+    if (preparada->tablaNueva().isEmpty() && preparada->cribables()) {
+        std::optional<Candidatos> candidatos = trigramas::buscar(m_base.get(), *preparada->cribables(), plantilla);
+        if (candidatos) {
+            preparada = m_cache.obtener(m_base.get(), plantilla, candidatos->criba());
+            preparada->vincular(plantilla, std::move(*candidatos));
+            return preparada;
+        }
+    }
+    preparada->vincular(plantilla);
+    return preparada;
+}
+
 std::unique_ptr<Cursor> ConexionEmbebida::abrirCursor(const QString &texto)
 {
     const Plantilla plantilla = datos::plantilla(texto);
-    std::shared_ptr<Preparada> preparada = m_cache.obtener(m_base.get(), plantilla);
+    std::shared_ptr<Preparada> preparada = vinculada(plantilla);
     if (!preparada->tablaNueva().isEmpty()) {
         crearDesde(*preparada, plantilla);
         return std::make_unique<CursorVacio>();
     }
-    preparada->vincular(plantilla);
     return std::make_unique<CursorSqlite>(m_base.get(), std::move(preparada));
 }
 
 qint64 ConexionEmbebida::ejecutarSolo(const QString &texto)
 {
     const Plantilla plantilla = datos::plantilla(texto);
-    const std::shared_ptr<Preparada> preparada = m_cache.obtener(m_base.get(), plantilla);
+    const std::shared_ptr<Preparada> preparada = vinculada(plantilla);
     if (!preparada->tablaNueva().isEmpty())
         return crearDesde(*preparada, plantilla);
-    preparada->vincular(plantilla);
     return ejecutar(*preparada, plantilla);
 }
 
@@ -244,6 +257,7 @@ void ConexionEmbebida::comenzarSolo()
 
 void ConexionEmbebida::confirmarSolo()
 {
+    trigramas::ponerAlDia(m_base.get());
     directa("COMMIT");
 }
 

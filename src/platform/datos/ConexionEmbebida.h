@@ -25,6 +25,8 @@ private:
     void confirmarSolo() override;
     void deshacerSolo() override;
 
+    /// Prepared and filled, with a sieve where the trigram index can give one.
+    std::shared_ptr<Preparada> vinculada(const Plantilla &plantilla);
     qint64 ejecutar(Preparada &preparada, const Plantilla &plantilla);
     /// SELECT … INTO: the table takes the types and orders of the columns that it is made from.
     qint64 crearDesde(Preparada &preparada, const Plantilla &plantilla);

@@ -20,8 +20,9 @@ using Tipo = Lexema::Tipo;
 class Adaptador
 {
 public:
-    explicit Adaptador(const QString &forma)
+    Adaptador(const QString &forma, Criba criba)
         : m_lexemas(lexemas(forma))
+        , m_criba(criba)
     {
         for (std::size_t i = 0; i < m_lexemas.size(); ++i) {
             m_numero.push_back(m_marcas);
@@ -37,11 +38,17 @@ public:
         const std::size_t primera = salto(0);
         m_esConsulta = primera < fin && m_lexemas[primera].es(u"SELECT");
         buscarEmpresaFija(fin);
+        if (primera < fin && (m_esConsulta || m_lexemas[primera].es(u"INSERT")))
+            m_salida.cribables = buscarCribables(m_lexemas, m_numero);
         m_salida.sql = bloque(0, fin, 0);
+        m_salida.sql.replace(ParametroCriba, u'?' + QString::number(m_marcas + 2 * m_salida.rangos.size() + 1));
         return std::move(m_salida);
     }
 
 private:
+    /// Stands for the number of the parameter behind all others, not known before the end.
+    static constexpr QChar ParametroCriba{u'\x04'};
+
     struct Columna
     {
         qsizetype inicio = -1; // in the output
@@ -176,6 +183,11 @@ private:
     /// Writes what stands at `i`; returns where to go on.
     std::size_t paso(std::size_t i, std::size_t hasta, int nivel, QString &salida, Columna &columna)
     {
+        if (nivel == 0 && m_criba != Criba::Ninguna && m_salida.cribables && m_salida.cribables->lugar == i)
+            salida += condicionCriba();
+        // Without figures about its tables the engine takes a company for few items and would walk them all.
+        if (nivel == 0 && m_criba == Criba::Lista && m_salida.cribables && m_salida.cribables->lugarEmpresa == i)
+            salida += u'+';
         const Lexema &lexema = m_lexemas[i];
         if (lexema.tipo == Tipo::Blanco) {
             salida += lexema.texto;
@@ -201,6 +213,17 @@ private:
             columna = {};
         salida += lexema.texto;
         return i + 1;
+    }
+
+    QString condicionCriba() const
+    {
+        const CondicionesCribables &cribables = *m_salida.cribables;
+        if (m_criba == Criba::Mapa)
+            return u"NV_CANDIDATO(%1, %2Codigo) AND "_s.arg(ParametroCriba).arg(cribables.articulos);
+        return u"%1rowid IN (SELECT i.Id FROM json_each(%2) j CROSS JOIN Articulos i"
+               u" WHERE i.Cod_Empresa = ?%3 AND i.Codigo = j.value) AND "_s.arg(cribables.articulos)
+                   .arg(ParametroCriba)
+                   .arg(cribables.empresa + 1);
     }
 
     std::size_t palabra(std::size_t i, std::size_t hasta, int nivel, QString &salida, Columna &columna)
@@ -328,6 +351,7 @@ private:
     };
 
     std::vector<Lexema> m_lexemas;
+    Criba m_criba;
     std::vector<std::size_t> m_numero; // literals before each token
     std::size_t m_marcas = 0;
     bool m_esConsulta = false;
@@ -338,11 +362,11 @@ private:
 
 } // namespace
 
-Adaptada adaptar(const QString &forma)
+Adaptada adaptar(const QString &forma, Criba criba)
 {
     if (esDefinicionDeTabla(forma))
-        return {adaptarTabla(forma), {}, {}};
-    return Adaptador(forma).adaptar();
+        return {adaptarTabla(forma), {}, {}, {}};
+    return Adaptador(forma, criba).adaptar();
 }
 
 } // namespace nv::datos

@@ -4,6 +4,7 @@
 #include "common/Moneda.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/PatronLike.h"
+#include "platform/datos/Trigramas.h"
 
 #include <cmath>
 #include <memory>
@@ -174,6 +175,8 @@ int registrarFunciones(sqlite3 *base)
         codigo = funcion("NV_IMPORTE_TEXTO", 1, funcionImporteTexto);
     if (codigo == SQLITE_OK)
         codigo = funcion("NV_VALOR_TEXTO", 1, funcionTexto);
+    if (codigo == SQLITE_OK)
+        codigo = trigramas::registrarFuncion(base);
     if (codigo == SQLITE_OK)
         codigo = sqlite3_create_function_v2(base, "SUM", 1, Opciones, nullptr, nullptr, pasoSuma, finSuma, nullptr);
     return codigo;

@@ -120,6 +120,16 @@ std::size_t PatronLike::encaja(const Elemento &elemento, std::string_view valor)
     return dentro != elemento.negado ? valor.size() - resto.size() : std::string_view::npos;
 }
 
+std::vector<std::string> PatronLike::textos() const
+{
+    std::vector<std::string> lista;
+    for (const Elemento &elemento : m_elementos) {
+        if (elemento.tipo == Elemento::Tipo::Texto && !m_imposible)
+            lista.push_back(elemento.texto);
+    }
+    return lista;
+}
+
 bool PatronLike::casa(std::string_view valor)
 {
     constexpr std::size_t Ninguno = std::string_view::npos;

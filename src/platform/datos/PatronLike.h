@@ -14,6 +14,8 @@ public:
     explicit PatronLike(std::string_view patron);
 
     bool casa(std::string_view valor);
+    /// Runs of letters, in upper case, that whatever fits holds; none when nothing fits.
+    std::vector<std::string> textos() const;
 
 private:
     struct Tramo

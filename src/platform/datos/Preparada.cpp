@@ -56,13 +56,15 @@ sqlite3_stmt *preparar(sqlite3 *base, const QString &sql, bool duradera)
     return sentencia;
 }
 
-Preparada::Preparada(sqlite3 *base, const QString &forma)
+Preparada::Preparada(sqlite3 *base, const QString &forma, Criba criba)
+    : m_criba(criba)
 {
-    Adaptada adaptada = adaptar(forma);
+    Adaptada adaptada = adaptar(forma, criba);
     m_sentencia = preparar(base, adaptada.sql, true);
     m_adaptada = std::move(adaptada.sql);
     m_tablaNueva = std::move(adaptada.tablaNueva);
     m_rangos = std::move(adaptada.rangos);
+    m_cribables = std::move(adaptada.cribables);
 }
 
 Preparada::~Preparada()
@@ -75,7 +77,16 @@ void Preparada::vincular(const Plantilla &plantilla) const
     vincular(plantilla, m_sentencia);
 }
 
-void Preparada::vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const
+void Preparada::vincular(const Plantilla &plantilla, Candidatos candidatos) const
+{
+    const int lugar = vincular(plantilla, m_sentencia) + 1;
+    if (m_criba == Criba::Lista)
+        vincularTexto(m_sentencia, lugar, candidatos.lista());
+    else
+        trigramas::vincular(m_sentencia, lugar, std::move(candidatos));
+}
+
+int Preparada::vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const
 {
     const int ultimo = sqlite3_bind_parameter_count(otra);
     int lugar = 0;
@@ -88,6 +99,7 @@ void Preparada::vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const
         vincularTexto(otra, ++lugar, prefijo.toUtf8());
         vincularTexto(otra, ++lugar, prefijo.toUtf8() + "\xF4\x8F\xBF\xBF");
     }
+    return lugar;
 }
 
 const QStringList &Preparada::nombres()
@@ -103,14 +115,16 @@ const QStringList &Preparada::nombres()
     return m_nombres;
 }
 
-std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Plantilla &plantilla)
+std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Plantilla &plantilla, Criba criba)
 {
-    const auto lugar = m_indice.constFind(plantilla.forma);
+    const QString clave =
+        criba == Criba::Ninguna ? plantilla.forma : plantilla.forma + QChar(static_cast<char16_t>(criba));
+    const auto lugar = m_indice.constFind(clave);
     if (lugar != m_indice.constEnd()) {
         m_entradas.splice(m_entradas.begin(), m_entradas, *lugar);
         return m_entradas.front().preparada;
     }
-    auto preparada = std::make_shared<Preparada>(base, plantilla.forma);
+    auto preparada = std::make_shared<Preparada>(base, plantilla.forma, criba);
     // Statements without lifted literals are the schema's, seldom run twice.
     if (plantilla.literales.isEmpty() || plantilla.forma.size() > FormaMaxima)
         return preparada;
@@ -118,8 +132,8 @@ std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Plantil
         m_indice.remove(m_entradas.back().forma);
         m_entradas.pop_back();
     }
-    m_entradas.push_front({plantilla.forma, preparada});
-    m_indice.insert(plantilla.forma, m_entradas.begin());
+    m_entradas.push_front({clave, preparada});
+    m_indice.insert(clave, m_entradas.begin());
     return preparada;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/datos/Lexico.h"
+#include "platform/datos/Trigramas.h"
 
 #include <QHash>
 #include <QStringList>
@@ -19,7 +19,7 @@ class Preparada
 {
 public:
     /// Throws Error.
-    Preparada(sqlite3 *base, const QString &forma);
+    Preparada(sqlite3 *base, const QString &forma, Criba criba);
     Preparada(const Preparada &) = delete;
     Preparada &operator=(const Preparada &) = delete;
     ~Preparada();
@@ -29,9 +29,14 @@ public:
     const QString &tablaNueva() const { return m_tablaNueva; }
     const QString &adaptada() const { return m_adaptada; }
 
+    /// Conditions for which a sieve can be set.
+    const std::optional<CondicionesCribables> &cribables() const { return m_cribables; }
+
     void vincular(const Plantilla &plantilla) const;
-    /// The same values for another statement that has the same parameters.
-    void vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const;
+    /// For a statement with a sieve.
+    void vincular(const Plantilla &plantilla, Candidatos candidatos) const;
+    /// The same values for another statement that has the same parameters; returns the last one's place.
+    int vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const;
 
     /// Names of the result's columns, read again after the engine prepared anew for a changed table.
     const QStringList &nombres();
@@ -40,6 +45,8 @@ private:
     QString m_adaptada;
     QString m_tablaNueva;
     std::vector<std::size_t> m_rangos;
+    std::optional<CondicionesCribables> m_cribables;
+    Criba m_criba;
     sqlite3_stmt *m_sentencia = nullptr;
     QStringList m_nombres;
     int m_nombresDe = -1;
@@ -49,7 +56,7 @@ private:
 class CachePreparadas
 {
 public:
-    std::shared_ptr<Preparada> obtener(sqlite3 *base, const Plantilla &plantilla);
+    std::shared_ptr<Preparada> obtener(sqlite3 *base, const Plantilla &plantilla, Criba criba = Criba::Ninguna);
     void vaciar();
     qsizetype tamano() const { return m_indice.size(); }
 

@@ -326,7 +326,7 @@ void PruebaEmbebida::file_held_by_another_program()
     nv::datos::abrirEmbebida(archivo);
     sqlite3 *otro = nullptr;
     QCOMPARE(sqlite3_open(archivo.toUtf8().constData(), &otro), SQLITE_OK);
-    sqlite3_exec(otro, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE; PRAGMA user_version = 65537; COMMIT", nullptr,
+    sqlite3_exec(otro, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE; CREATE TABLE una (a); COMMIT", nullptr,
                  nullptr, nullptr);
     QElapsedTimer reloj;
     reloj.start();
@@ -360,7 +360,7 @@ void PruebaEmbebida::indices_of_another_order_are_rebuilt()
               "'GAMMA'), (1, 4, 'Ñu');"
               "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES (1, 1, 'A'), (1, 2, 'b'), "
               "(1, 3, 'C');"
-              "PRAGMA user_version = 65536",
+              "PRAGMA user_version = 131072",
               alReves);
     const std::unique_ptr<nv::Conexion> conexion = nv::datos::abrirEmbebida(archivo);
     QCOMPARE(filasDe(*conexion, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});

@@ -1,0 +1,211 @@
+#include "platform/datos/Criba.h"
+
+#include <QHash>
+#include <algorithm>
+#include <iterator>
+#include <span>
+
+namespace nv::datos {
+
+namespace {
+
+using Tipo = Lexema::Tipo;
+
+/// A token that is no blank, and where it stands.
+struct Ficha
+{
+    const Lexema *lexema;
+    std::size_t lugar;
+
+    bool es(QStringView palabra) const { return lexema->es(palabra); }
+    bool esSigno(char16_t signo) const { return lexema->esSigno(signo); }
+    bool esPalabra() const { return lexema->tipo == Tipo::Palabra; }
+    bool esMarca() const { return lexema->tipo == Tipo::Marca; }
+};
+
+using Fichas = std::span<const Ficha>;
+
+/// Cuts at a word outside brackets.
+std::vector<Fichas> cortar(Fichas fichas, QStringView palabra)
+{
+    std::vector<Fichas> partes;
+    int nivel = 0;
+    std::size_t inicio = 0;
+    for (std::size_t i = 0; i < fichas.size(); ++i) {
+        nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
+        if (nivel == 0 && fichas[i].es(palabra)) {
+            partes.push_back(fichas.subspan(inicio, i - inicio));
+            inicio = i + 1;
+        }
+    }
+    partes.push_back(fichas.subspan(inicio));
+    return partes;
+}
+
+Fichas sinParentesis(Fichas fichas)
+{
+    while (fichas.size() > 2 && fichas.front().esSigno(u'(')) {
+        int nivel = 0;
+        std::size_t i = 0;
+        do
+            nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
+        while (nivel > 0 && ++i < fichas.size());
+        if (i + 1 != fichas.size())
+            break;
+        fichas = fichas.subspan(1, fichas.size() - 2);
+    }
+    return fichas;
+}
+
+/// Position of a word outside brackets, or the end.
+std::size_t posicion(Fichas fichas, QStringView palabra, std::size_t desde)
+{
+    int nivel = 0;
+    for (std::size_t i = desde; i < fichas.size(); ++i) {
+        nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
+        if (nivel == 0 && fichas[i].es(palabra))
+            return i;
+    }
+    return fichas.size();
+}
+
+/// Whether "a.columna = b.otra" is among the conditions, whichever stands first.
+bool iguala(Fichas fichas, QStringView a, QStringView columna, QStringView b, QStringView otra)
+{
+    for (const Fichas parte : cortar(fichas, u"AND")) {
+        if (parte.size() != 7 || !parte[1].esSigno(u'.') || !parte[3].esSigno(u'=') || !parte[5].esSigno(u'.'))
+            continue;
+        const bool derecho = parte[0].es(a) && parte[2].es(columna) && parte[4].es(b) && parte[6].es(otra);
+        const bool reves = parte[0].es(b) && parte[2].es(otra) && parte[4].es(a) && parte[6].es(columna);
+        if (derecho || reves)
+            return true;
+    }
+    return false;
+}
+
+/// Tables of a FROM whose texts are in the index as the item's own, by the name that the statement gives them.
+class Tablas
+{
+public:
+    explicit Tablas(Fichas desde)
+    {
+        std::size_t i = 0;
+        while (i < desde.size()) {
+            const std::size_t fin = posicion(desde, u"JOIN", i);
+            leer(desde.subspan(i, fin - i));
+            i = fin + 1;
+        }
+    }
+
+    const QString &articulos() const { return m_articulos; }
+
+    bool esIndexada(QStringView alias, QStringView columna) const
+    {
+        const auto esta = [&](QStringView tabla, QStringView nombre) {
+            return m_tablas.value(alias.toString().toLower()).compare(tabla, Qt::CaseInsensitive) == 0 &&
+                   columna.compare(nombre, Qt::CaseInsensitive) == 0;
+        };
+        return esta(u"Articulos", u"Descripcion") || esta(u"Articulos", u"Codigo") || esta(u"Articulos_Ref", u"Ref") ||
+               esta(u"Articulos_CBarras", u"Cod_Barras") || esta(u"Marcas", u"Nombre");
+    }
+
+private:
+    /// "Tabla alias ON …", with the next join's LEFT or INNER at its end.
+    void leer(Fichas parte)
+    {
+        if (parte.size() < 2 || !parte[0].esPalabra() || !parte[1].esPalabra())
+            return;
+        const QStringView alias = parte[1].lexema->texto;
+        const QString clave = alias.toString().toLower();
+        if (parte[0].es(u"Articulos")) {
+            m_articulos = m_articulos.isEmpty() ? alias.toString() : QString();
+            m_tablas.insert(clave, parte[0].lexema->texto.toString());
+            return;
+        }
+        if (m_articulos.isEmpty() || parte.size() < 3 || !parte[2].es(u"ON"))
+            return;
+        while (parte.back().es(u"LEFT") || parte.back().es(u"INNER") || parte.back().es(u"OUTER"))
+            parte = parte.first(parte.size() - 1);
+        const Fichas union_ = parte.subspan(3);
+        const bool propia = iguala(union_, alias, u"Cod_Articulo", m_articulos, u"Codigo") &&
+                            iguala(union_, alias, u"Cod_Empresa", m_articulos, u"Cod_Empresa");
+        const bool deMarca = parte[0].es(u"Marcas") && iguala(union_, alias, u"Codigo", m_articulos, u"Marca");
+        if (propia || deMarca)
+            m_tablas.insert(clave, parte[0].lexema->texto.toString());
+    }
+
+    QString m_articulos;
+    QHash<QString, QString> m_tablas;
+};
+
+/// The pattern of "a.columna LIKE pattern" or "ISNULL(a.columna, x) LIKE pattern" over an indexed column.
+const Ficha *patronDe(Fichas fichas, const Tablas &tablas)
+{
+    fichas = sinParentesis(fichas);
+    if (fichas.size() < 5 || !fichas[fichas.size() - 2].es(u"LIKE") || !fichas.back().esMarca())
+        return nullptr;
+    Fichas operando = fichas.first(fichas.size() - 2);
+    if (operando.size() == 8 && operando[0].es(u"ISNULL") && operando[1].esSigno(u'(') && operando[5].esSigno(u',') &&
+        operando[6].esMarca())
+        operando = operando.subspan(2, 3);
+    const bool columna = operando.size() == 3 && operando[1].esSigno(u'.') &&
+                         tablas.esIndexada(operando[0].lexema->texto, operando[2].lexema->texto);
+    return columna ? &fichas.back() : nullptr;
+}
+
+} // namespace
+
+std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &lista,
+                                                    const std::vector<std::size_t> &literal)
+{
+    std::vector<Ficha> todas;
+    for (std::size_t i = 0; i < lista.size(); ++i) {
+        if (lista[i].tipo != Tipo::Blanco)
+            todas.push_back({&lista[i], i});
+    }
+    const Fichas fichas = todas;
+    const std::size_t desde = posicion(fichas, u"FROM", 0);
+    const std::size_t donde = posicion(fichas, u"WHERE", desde);
+    if (donde >= fichas.size() || posicion(fichas, u"UNION", 0) < fichas.size())
+        return {};
+    const std::size_t fin = std::min(posicion(fichas, u"ORDER", donde), posicion(fichas, u"GROUP", donde));
+    const Tablas tablas(fichas.subspan(desde + 1, donde - desde - 1));
+    const Fichas condicion = fichas.subspan(donde + 1, fin - donde - 1);
+    if (tablas.articulos().isEmpty() || posicion(condicion, u"OR", 0) < condicion.size() ||
+        posicion(condicion, u"NOT", 0) < condicion.size())
+        return {};
+
+    CondicionesCribables salida;
+    salida.articulos = tablas.articulos() + u'.';
+    bool conEmpresa = false;
+    for (const Fichas parte : cortar(condicion, u"AND")) {
+        if (parte.size() == 5 && parte[0].es(tablas.articulos()) && parte[1].esSigno(u'.') &&
+            parte[2].es(u"Cod_Empresa") && parte[3].esSigno(u'=') && parte[4].lexema->texto == QChar(marca::Numero)) {
+            salida.empresa = literal[parte[4].lugar];
+            salida.lugarEmpresa = parte[0].lugar;
+            conEmpresa = true;
+            continue;
+        }
+        std::vector<std::size_t> grupo;
+        const std::vector<Fichas> alternativas = cortar(sinParentesis(parte), u"OR");
+        for (const Fichas alternativa : alternativas) {
+            const Ficha *patron = patronDe(alternativa, tablas);
+            // A fixed beginning already has a range of its index, which is faster.
+            const bool rango = alternativas.size() == 1 && !parte[0].es(u"ISNULL") && patron &&
+                               patron->lexema->texto == QChar(marca::PatronConPrefijo);
+            if (!patron || rango)
+                break;
+            grupo.push_back(literal[patron->lugar]);
+        }
+        if (grupo.size() != alternativas.size())
+            continue;
+        if (salida.grupos.empty())
+            salida.lugar = parte[0].lugar;
+        salida.grupos.push_back(std::move(grupo));
+    }
+    if (!conEmpresa || salida.grupos.empty())
+        return {};
+    return salida;
+}
+
+} // namespace nv::datos
