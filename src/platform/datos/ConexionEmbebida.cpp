@@ -215,6 +215,8 @@ qint64 ConexionEmbebida::ejecutar(Preparada &preparada, const Plantilla &plantil
     }
     const qint64 filas = cambiaFilas(plantilla.forma) ? sqlite3_changes64(m_base.get()) : 0;
     sqlite3_reset(sentencia);
+    if (filas > 0 && sqlite3_get_autocommit(m_base.get()) != 0)
+        trigramas::ponerAlDia(m_base.get());
     return filas;
 }
 

@@ -175,6 +175,7 @@ void ponerAlDia(sqlite3 *base)
 {
     // Every commit adds a piece to the index, and pieces cost: a few items wait for more.
     constexpr int LoteMinimo = 32;
+    const bool dentro = sqlite3_get_autocommit(base) == 0;
     try {
         const Sentencia cuenta = preparada(base, "SELECT COUNT(*) FROM (SELECT 1 FROM nv_Pendientes LIMIT 32)");
         if (sqlite3_step(cuenta.get()) != SQLITE_ROW || sqlite3_column_int(cuenta.get(), 0) < LoteMinimo)
@@ -187,7 +188,10 @@ void ponerAlDia(sqlite3 *base)
             directa(base, u"ROLLBACK TO nv_indice"_s);
         }
         directa(base, u"RELEASE nv_indice"_s);
-    } catch (const Error &) { // NOLINT(bugprone-empty-catch): they stay noted
+    } catch (const Error &) {
+        // They stay noted; no transaction of this function's own may.
+        if (!dentro && sqlite3_get_autocommit(base) == 0)
+            sqlite3_exec(base, "ROLLBACK", nullptr, nullptr, nullptr);
     }
 }
 

@@ -41,8 +41,8 @@ namespace trigramas {
 /// Makes the index and fills it. Throws Error.
 void crear(sqlite3 *base);
 
-/// Brings noted items up to date, when they are worth it, inside the caller's transaction; never fails: what could not
-/// be done stays noted.
+/// Brings noted items up to date once there are enough of them, inside the caller's transaction or in one of its own;
+/// never fails: what could not be done stays noted.
 void ponerAlDia(sqlite3 *base);
 
 /// Empty when no pattern has three letters in a row to look for. Throws Error.

@@ -174,6 +174,10 @@ void PruebaTrigramas::changes_are_seen_at_once()
         QCOMPARE(base.filas(cualquiera(u"%CODO%"_s)).size(), 39);
     }
     QCOMPARE(hallados(u"CODO"_s), QString());
+    QVERIFY(base.filas(u"SELECT COUNT(*) FROM nv_Pendientes"_s) != QStringList{u"0"_s});
+    base.ejecutar(u"UPDATE Articulos SET Descripcion='TAPA' WHERE Cod_Empresa=2 AND Codigo < 40"_s);
+    QCOMPARE(base.filas(u"SELECT COUNT(*) FROM nv_Pendientes"_s), QStringList{u"0"_s});
+    QCOMPARE(base.filas(cualquiera(u"%TAPA%"_s)).size(), 39);
     {
         nv::Transaccion transaccion(base.conexion());
         base.ejecutar({u"UPDATE Articulos SET Codigo=Codigo + 1000 WHERE Cod_Empresa=2 AND Codigo > 18"_s,
