@@ -33,7 +33,7 @@ inline QStringList catalogoMinimo()
         u" (1, 1, 1, 10.5), (1, 1, 2, 9), (1, 2, 1, 1234.5678), (1, 4, 1, 100), (1, 4, 2, 0)"_s,
         u"INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Actual, Stock_MiniCompra,"
         u" Pend_Servir, Bloqueo, Rotacion, FUlt_Venta) VALUES (2, 1, 1, 0.1, 0.2, 3, 0, 1.5, '24/10/2026'),"
-        u" (2, 2, 1, 0.2, 0, 0, 0, 2, '2026-10-01'), (2, 3, 1, 0.3, 0, 0, 1, 0, NULL),"
+        u" (2, 2, 1, 0.2, 0, 0, 0, 2, '01/10/2026'), (2, 3, 1, 0.3, 0, 0, 1, 0, NULL),"
         u" (2, 1, 2, 5, 0, 0, 1, 0, '22/11/2026'), (2, 1, 4, 12.5, 0, 0, 0, 0, '23/10/2026')"_s,
         u"INSERT INTO Almacen_Acumulados (Cod_Empresa, Cod_Almacen, Cod_Ejercicio, Mes, Cod_Articulo, Ventas_Unidades)"
         u" VALUES (2, 1, 2026, 11, 1, 0.1), (2, 1, 2026, 10, 1, 0.2), (2, 1, 2026, 11, 4, 0.5), (2, 1, 2026, 9, 4, 90),"

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "CatalogoMinimo.h"
 #include "support/BaseDatos.h"
+#include "support/Doble.h"
 
 #include "common/Error.h"
+#include "platform/datos/Catalogo.h"
 #include "platform/datos/Motores.h"
 
-#include <QProcess>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QTemporaryDir>
@@ -13,15 +16,26 @@
 
 #include <exception>
 #include <functional>
+#include <set>
 
 using namespace Qt::StringLiterals;
 using nv::Sentencia;
 using nv::pruebas::filasDe;
 
-/// The ways in to a database. Texto and Anfitrion go to SQLite through ODBC; Doble is a stand-in for a server behind
-/// FreeTDS; the server is the one that NVARTICULO_SQLSERVER names, a database for tests.
-enum class Motor { Embebido, Texto, Anfitrion, Doble, Servidor };
+/// The ways in to a database. Texto and Anfitrion go to SQLite through ODBC, by a connection text and over a database
+/// that the host opened; Doble and DobleAnfitrion likewise to a stand-in for a server behind FreeTDS; the server is the
+/// one that NVARTICULO_SQLSERVER names, a database for tests.
+enum class Motor { Embebido, Texto, Anfitrion, Doble, DobleAnfitrion, Servidor };
 Q_DECLARE_METATYPE(Motor)
+
+/// Those that speak the suite's dialect, by the names of their rows.
+inline std::vector<std::pair<const char *, Motor>> delDialecto()
+{
+    return {{"embedded", Motor::Embebido},
+            {"FreeTDS", Motor::Doble},
+            {"host's FreeTDS database", Motor::DobleAnfitrion},
+            {"server", Motor::Servidor}};
+}
 
 inline qint32 numeroDeError(const std::function<void()> &operacion)
 {
@@ -65,15 +79,15 @@ private Q_SLOTS:
         }
         if (m_controlador.isEmpty())
             qInfo("No ODBC driver of SQLite: nothing is proven over it");
-        arrancarDoble();
-        if (m_doble.isEmpty())
-            qInfo("No FreeTDS or no python3: nothing is proven over that driver");
+        if (!m_doble.hay())
+            qInfo("No FreeTDS: nothing is proven over that driver");
+        QVERIFY(m_carpetaCatalogo.isValid());
     }
 
     void cleanupTestCase()
     {
-        m_proceso.closeWriteChannel();
-        m_proceso.waitForFinished(5000);
+        if (m_conCatalogo.contains(Motor::Servidor))
+            borrarEsquema(*nv::datos::abrirOdbc(m_servidor));
     }
 
     void init()
@@ -98,19 +112,39 @@ protected:
         QTest::newRow("ODBC text") << Motor::Texto;
         QTest::newRow("host's ODBC database") << Motor::Anfitrion;
         QTest::newRow("FreeTDS") << Motor::Doble;
+        QTest::newRow("host's FreeTDS database") << Motor::DobleAnfitrion;
         QTest::newRow("server") << Motor::Servidor;
+    }
+
+    static void motoresConDialecto()
+    {
+        QTest::addColumn<Motor>("motor");
+        for (const auto &[nombre, motor] : delDialecto())
+            QTest::newRow(nombre) << motor;
     }
 
     bool empezar(Motor motor)
     {
         m_motor = motor;
-        const bool hay = motor == Motor::Embebido   ? true
-                         : motor == Motor::Doble    ? !m_doble.isEmpty()
-                         : motor == Motor::Servidor ? !m_servidor.isEmpty()
-                                                    : !m_controlador.isEmpty();
-        if (!hay)
+        if (!hay(motor))
             return false;
         m_conexion = conectar(motor);
+        return true;
+    }
+
+    /// With the schema and a small catalogue, one for all cases of a way in: a case that changes it rolls back.
+    bool empezarConCatalogo(Motor motor)
+    {
+        m_motor = motor;
+        if (!hay(motor))
+            return false;
+        m_conexion = conectarAlCatalogo(motor);
+        if (m_conCatalogo.insert(motor).second) {
+            if (motor != Motor::Embebido)
+                nv::datos::crearEsquema(*m_conexion);
+            for (const QString &sentencia : catalogoMinimo())
+                ejecutar(sentencia);
+        }
         return true;
     }
 
@@ -121,19 +155,25 @@ protected:
             return nv::datos::abrirEmbebida(m_carpeta->filePath(u"base.db"_s));
         case Motor::Texto:
             return nv::datos::abrirOdbc(textoSqlite());
-        case Motor::Anfitrion: {
-            QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, QUuid::createUuid().toString());
-            base.setDatabaseName(textoSqlite());
-            if (!base.open())
-                throw nv::Error{0, base.lastError().text(), {}};
-            return nv::datos::sobreOdbc(base);
-        }
+        case Motor::Anfitrion:
+            return sobreAnfitrion(textoSqlite());
         case Motor::Doble:
-            return nv::datos::abrirOdbc(m_doble);
+            return nv::datos::abrirOdbc(m_doble.texto(u"vacia"_s));
+        case Motor::DobleAnfitrion:
+            return sobreAnfitrion(m_doble.texto(u"vacia"_s));
         case Motor::Servidor:
             break;
         }
         return nv::datos::abrirOdbc(m_servidor);
+    }
+
+    /// Every table of the suite.
+    static void borrarEsquema(nv::Conexion &conexion)
+    {
+        static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
+        QRegularExpressionMatchIterator tablas = tabla.globalMatch(nv::datos::Catalogo::unico().esquema());
+        while (tablas.hasNext())
+            conexion.Ejecutar(Sentencia::deConsola(u"DROP TABLE "_s + tablas.next().captured(1)));
     }
 
     nv::Conexion &conexion() { return *m_conexion; }
@@ -150,19 +190,39 @@ protected:
     }
 
 private:
-    void arrancarDoble()
+    bool hay(Motor motor)
     {
-        QVERIFY(m_carpetaDoble.isValid());
-        m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_proceso.start(u"python3"_s, {QStringLiteral(NV_RAIZ "/tests/platform/datos/tst_odbcDoble.py"),
-                                       m_carpetaDoble.filePath(u"doble.db"_s)});
-        if (!m_proceso.waitForStarted() || !m_proceso.waitForReadyRead(20000))
-            return;
-        const QString texto =
-            u"DRIVER=FreeTDS;SERVER=127.0.0.1;PORT=%1;UID=u;PWD=p;TDS_Version=7.4;ClientCharset=UTF-8"_s.arg(
-                QString::fromLatin1(m_proceso.readLine().trimmed()));
-        if (!falla([&] { nv::datos::abrirOdbc(texto); }))
-            m_doble = texto;
+        switch (motor) {
+        case Motor::Embebido:
+            return true;
+        case Motor::Texto:
+        case Motor::Anfitrion:
+            return !m_controlador.isEmpty();
+        case Motor::Doble:
+        case Motor::DobleAnfitrion:
+            return m_doble.hay();
+        case Motor::Servidor:
+            break;
+        }
+        return !m_servidor.isEmpty();
+    }
+
+    static std::unique_ptr<nv::Conexion> sobreAnfitrion(const QString &texto)
+    {
+        QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, QUuid::createUuid().toString());
+        base.setDatabaseName(texto);
+        if (!base.open())
+            throw nv::Error{0, base.lastError().text(), {}};
+        return nv::datos::sobreOdbc(base);
+    }
+
+    std::unique_ptr<nv::Conexion> conectarAlCatalogo(Motor motor) const
+    {
+        if (motor == Motor::Embebido)
+            return nv::datos::abrirEmbebida(m_carpetaCatalogo.filePath(u"catalogo.db"_s));
+        if (motor == Motor::Doble)
+            return nv::datos::abrirOdbc(m_doble.texto(u"catalogo"_s));
+        return motor == Motor::DobleAnfitrion ? sobreAnfitrion(m_doble.texto(u"anfitrion"_s)) : conectar(motor);
     }
 
     QString textoSqlite() const
@@ -181,9 +241,9 @@ private:
     Motor m_motor = Motor::Embebido;
     QString m_controlador; // of SQLite through ODBC; empty when there is none
     QString m_servidor;
-    QString m_doble; // connection text; empty when there is none
-    QTemporaryDir m_carpetaDoble;
-    QProcess m_proceso;
+    nv::pruebas::Doble m_doble;
+    QTemporaryDir m_carpetaCatalogo;
+    std::set<Motor> m_conCatalogo;
     std::unique_ptr<QTemporaryDir> m_carpeta;
     std::unique_ptr<nv::Conexion> m_conexion;
 };
@@ -191,4 +251,8 @@ private:
 // Skips aloud, from the test function itself.
 #define EMPEZAR(motor)                                                                                                 \
     if (!empezar(motor))                                                                                               \
+        QSKIP("there is no such driver or server here");
+
+#define EMPEZAR_CON_CATALOGO(motor)                                                                                    \
+    if (!empezarConCatalogo(motor))                                                                                    \
         QSKIP("there is no such driver or server here");

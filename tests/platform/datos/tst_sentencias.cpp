@@ -1,14 +1,8 @@
-#include "CatalogoMinimo.h"
-#include "support/BaseDatos.h"
+#include "tst_odbcMotores.h"
 
-#include "common/Error.h"
-
-#include <QtTest>
-
-using namespace Qt::StringLiterals;
-
-/// Every form of statement of the component, as it goes out, over a small catalogue.
-class PruebaSentencias : public QObject
+/// Every form of statement of the component, as it goes out, over a small catalogue and every way in that speaks its
+/// dialect.
+class PruebaSentencias : public PruebaMotores
 {
     Q_OBJECT
 
@@ -17,16 +11,20 @@ private Q_SLOTS:
     void query_answers();
     void write_changes_data();
     void write_changes();
+    void ranking_runs_twice_over_its_temporary_table_data() { motoresConDialecto(); }
     void ranking_runs_twice_over_its_temporary_table();
+    void company_of_a_subquery_stays_its_own_data() { motoresConDialecto(); }
     void company_of_a_subquery_stays_its_own();
-    void search_copy_takes_the_order_of_the_search();
+    void search_copy_takes_the_rows_of_the_search_data() { motoresConDialecto(); }
+    void search_copy_takes_the_rows_of_the_search();
 };
 
 namespace {
 
 void caso(const char *nombre, const QString &sentencia, const QStringList &filas)
 {
-    QTest::newRow(nombre) << sentencia << filas;
+    for (const auto &[via, motor] : delDialecto())
+        QTest::addRow("%s: %s", via, nombre) << motor << sentencia << filas;
 }
 
 const QString Modelo0 =
@@ -95,6 +93,14 @@ const QString Modelo8 =
     u"JOIN Familias_1 f1 ON a.Cod_Empresa = f1.Cod_Empresa AND a.Familia_1 = f1.Codigo WHERE a.Cod_Empresa = 1 AND "
     u"a.MotivoBaja = 0 AND aa.Bloqueo = 0 AND aa.FUlt_Venta > '%1' AND at.Pvp > 0%2 ORDER BY a.Familia_1, a.Familia_2, "
     u"a.Familia_3, a.Descripcion"_s;
+
+/// A server takes the rows of a copy without the order that it refuses.
+QStringList copiadas(Motor motor, QStringList filas)
+{
+    if (motor != Motor::Embebido)
+        filas.sort();
+    return filas;
+}
 
 QString soloCodigos(const QString &sentencia)
 {
@@ -298,6 +304,7 @@ void casosCodigos()
 
 void PruebaSentencias::query_answers_data()
 {
+    QTest::addColumn<Motor>("motor");
     QTest::addColumn<QString>("sentencia");
     QTest::addColumn<QStringList>("filas");
     casosBusquedas();
@@ -307,13 +314,13 @@ void PruebaSentencias::query_answers_data()
 
 void PruebaSentencias::query_answers()
 {
+    QFETCH(Motor, motor);
     QFETCH(QString, sentencia);
     QFETCH(QStringList, filas);
+    EMPEZAR_CON_CATALOGO(motor)
     try {
-        nv::pruebas::BaseDatos base;
-        base.ejecutar(catalogoMinimo());
-        QCOMPARE(base.filas(sentencia), filas);
-        QCOMPARE(base.filas(sentencia), filas); // and from the cache
+        QCOMPARE(this->filas(sentencia), filas);
+        QCOMPARE(this->filas(sentencia), filas); // and from the cache
     } catch (const nv::Error &error) {
         QFAIL(qPrintable(error.descripcion));
     }
@@ -321,20 +328,22 @@ void PruebaSentencias::query_answers()
 
 void PruebaSentencias::write_changes_data()
 {
+    QTest::addColumn<Motor>("motor");
     QTest::addColumn<QStringList>("sentencias");
     QTest::addColumn<qint64>("filas");
     QTest::addColumn<QString>("consulta");
     QTest::addColumn<QStringList>("quedan");
     const auto escritura = [](const char *nombre, const QStringList &sentencias, qint64 filas, const QString &consulta,
                               const QStringList &quedan) {
-        QTest::newRow(nombre) << sentencias << filas << consulta << quedan;
+        for (const auto &[via, motor] : delDialecto())
+            QTest::addRow("%s: %s", via, nombre) << motor << sentencias << filas << consulta << quedan;
     };
     const QString barras =
         u"SELECT Cod_Articulo, Cod_Barras, Principal FROM Articulos_CBarras WHERE Cod_Articulo = 1 ORDER BY Cod_Barras"_s;
     escritura(
         "quick item",
         {u"INSERT INTO Articulos (Cod_Empresa, Codigo, FAlta, Mod_Ficha) VALUES (1, 900, '22/11/2026', 0)"_s}, 1,
-        u"SELECT Descripcion, Familia_1, Bloqueado, MotivoBaja, Largo FROM Articulos WHERE Codigo = 900 AND FAlta = '2026-11-22'"_s,
+        u"SELECT Descripcion, Familia_1, Bloqueado, MotivoBaja, Largo FROM Articulos WHERE Codigo = 900 AND FAlta = '22/11/2026'"_s,
         {u"|0|0|0|0"_s});
     escritura(
         "stock rows of every warehouse",
@@ -384,18 +393,19 @@ void PruebaSentencias::write_changes_data()
 
 void PruebaSentencias::write_changes()
 {
+    QFETCH(Motor, motor);
     QFETCH(QStringList, sentencias);
     QFETCH(qint64, filas);
     QFETCH(QString, consulta);
     QFETCH(QStringList, quedan);
+    EMPEZAR_CON_CATALOGO(motor)
     try {
-        nv::pruebas::BaseDatos base;
-        base.ejecutar(catalogoMinimo());
+        const nv::Transaccion transaccion(conexion()); // rolled back: the catalogue is for all cases
         qint64 ultimas = 0;
         for (const QString &sentencia : std::as_const(sentencias))
-            ultimas = base.ejecutar(sentencia);
+            ultimas = ejecutar(sentencia);
         QCOMPARE(ultimas, filas);
-        QCOMPARE(base.filas(consulta), quedan);
+        QCOMPARE(this->filas(consulta), quedan);
     } catch (const nv::Error &error) {
         QFAIL(qPrintable(error.descripcion));
     }
@@ -403,8 +413,8 @@ void PruebaSentencias::write_changes()
 
 void PruebaSentencias::ranking_runs_twice_over_its_temporary_table()
 {
-    nv::pruebas::BaseDatos base;
-    base.ejecutar(catalogoMinimo());
+    QFETCH(Motor, motor);
+    EMPEZAR_CON_CATALOGO(motor)
     const QString ranking =
         u"SELECT TOP 2 b.Cod_Articulo, SUM(b.Ventas_Unidades) AS  Ventas_Unidades INTO #TempBA FROM Almacen_Acumulados "
         u"b "
@@ -419,70 +429,74 @@ void PruebaSentencias::ranking_runs_twice_over_its_temporary_table()
         u"#TempBA.Cod_Articulo LEFT JOIN Almacen_Articulos c ON c.Cod_Empresa =2 AND c.Cod_Almacen =1 AND a.Codigo = "
         u"c.Cod_Articulo WHERE a.Cod_Empresa =1 ORDER BY #TempBA.Ventas_Unidades DESC"_s;
     const QStringList esperadas{u"4|0|0.5"_s, u"1|1.5|0.3"_s};
-    QVERIFY_EXCEPTION_THROWN(base.ejecutar(u"DROP TABLE #TempBA"_s), nv::Error);
-    QCOMPARE(base.ejecutar(ranking), 2);
-    nv::Registros abierto = base.conexion().Abrir(nv::Sentencia::deConsola(lista));
+    QVERIFY_EXCEPTION_THROWN(ejecutar(u"DROP TABLE #TempBA"_s), nv::Error);
+    QCOMPARE(ejecutar(ranking), 2);
+    nv::Registros abierto = abrir(lista);
     QVERIFY(abierto.siguiente());
-    base.ejecutar(u"DROP TABLE #TempBA"_s);
-    QCOMPARE(base.ejecutar(ranking), 2);
-    QCOMPARE(base.filas(lista), esperadas);
+    ejecutar(u"DROP TABLE #TempBA"_s);
+    QCOMPARE(ejecutar(ranking), 2);
+    QCOMPARE(filas(lista), esperadas);
     QCOMPARE(abierto.texto(u"Codigo"), u"4"_s);
     QVERIFY(abierto.siguiente());
     QCOMPARE(abierto.texto(u"Codigo"), u"1"_s);
-    QVERIFY_EXCEPTION_THROWN(base.ejecutar(ranking), nv::Error); // it stands already
-    base.ejecutar(
+    QVERIFY_EXCEPTION_THROWN(ejecutar(ranking), nv::Error); // it stands already
+    ejecutar(
         u"INSERT INTO Articulos_Buscar(Terminal, Cod_Empresa, Cod_Articulo, Descripcion) SELECT DISTINCT 'CAJA1', 1, "
         u"a.Codigo, a.Descripcion "_s +
         lista.sliced(lista.indexOf(u"FROM"_s)));
-    QCOMPARE(base.filas(u"SELECT Cod_Articulo FROM Articulos_Buscar"_s), (QStringList{u"4"_s, u"1"_s}));
+    QCOMPARE(copiadas(motor, filas(u"SELECT Cod_Articulo FROM Articulos_Buscar"_s)), copiadas(motor, {u"4"_s, u"1"_s}));
+    ejecutar(u"DELETE FROM Articulos_Buscar"_s);
     // Copies keep how their texts compare and what kind their values are.
-    base.ejecutar(
+    ejecutar(
         u"SELECT a.Descripcion, a.Codigo, b.Fecha, c.Pvp INTO #Copia FROM Articulos a LEFT JOIN Articulos_CBarras b ON "
         u"b.Cod_Articulo = a.Codigo LEFT JOIN Articulos_Tarifas c ON c.Cod_Articulo = a.Codigo AND c.Cod_Tarifa = 1"_s);
     QCOMPARE(
-        base.filas(
-            u"SELECT DISTINCT Codigo, CONVERT(VARCHAR, Pvp) FROM #Copia WHERE Descripcion = 'bañera BLANCA' AND Fecha = '2026-02-01'"_s),
+        filas(
+            u"SELECT DISTINCT Codigo, CONVERT(VARCHAR, Pvp) FROM #Copia WHERE Descripcion = 'bañera BLANCA' AND Fecha = '01/02/2026'"_s),
         QStringList{u"4|100.00"_s});
 }
 
 void PruebaSentencias::company_of_a_subquery_stays_its_own()
 {
-    nv::pruebas::BaseDatos base;
-    base.ejecutar(catalogoMinimo());
+    QFETCH(Motor, motor);
+    EMPEZAR_CON_CATALOGO(motor)
     const QString desde = u"SELECT a.Codigo FROM Articulos a WHERE a.Cod_Empresa =1"_s;
     QCOMPARE(
-        base.filas(
+        filas(
             desde +
             u" AND a.Codigo IN (SELECT a.Cod_Articulo FROM Almacen_Articulos a WHERE a.Cod_Empresa =2 AND a.Cod_Almacen =1) ORDER BY a.Codigo"_s),
         (QStringList{u"1"_s, u"2"_s, u"4"_s}));
-    QCOMPARE(base.filas(desde + u" + 1 AND EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s), QStringList());
+    QCOMPARE(filas(desde + u" + 1 AND EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s), QStringList());
     QCOMPARE(
-        base.filas(
+        filas(
             u"SELECT a.Codigo FROM Almacenes a WHERE (a.Codigo =2) AND a.Cod_Empresa =2 AND EXISTS (SELECT 1 FROM Almacen_Tarifas b WHERE b.Cod_Empresa =a.Cod_Empresa)"_s),
         QStringList{u"2"_s});
-    QCOMPARE(base.filas(desde + u" AND a.Codigo =1 OR EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s),
+    QCOMPARE(filas(desde + u" AND a.Codigo =1 OR EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)"_s),
              QStringList{u"1"_s});
 }
 
-void PruebaSentencias::search_copy_takes_the_order_of_the_search()
+void PruebaSentencias::search_copy_takes_the_rows_of_the_search()
 {
-    nv::pruebas::BaseDatos base;
-    base.ejecutar(catalogoMinimo());
+    QFETCH(Motor, motor);
+    EMPEZAR_CON_CATALOGO(motor)
     const auto copia = [&](const QString &campos, const QString &busqueda) {
-        base.ejecutar(u"DELETE FROM Articulos_Buscar WHERE Terminal = 'CAJA1'"_s);
-        base.ejecutar(
+        ejecutar(u"DELETE FROM Articulos_Buscar WHERE Terminal = 'CAJA1'"_s);
+        ejecutar(
             u"INSERT INTO Articulos_Buscar(Terminal, Cod_Empresa, Cod_Articulo, Descripcion) SELECT DISTINCT 'CAJA1', 1"_s +
             campos + busqueda.sliced(busqueda.indexOf(u"FROM"_s)));
-        return base.filas(u"SELECT Cod_Articulo, Descripcion FROM Articulos_Buscar WHERE Terminal = 'caja1'"_s);
+        return copiadas(motor,
+                        filas(u"SELECT Cod_Articulo, Descripcion FROM Articulos_Buscar WHERE Terminal = 'caja1'"_s));
     };
     const QString propios = u", a.Codigo, a.Descripcion "_s;
     QCOMPARE(copia(propios, Modelo0.arg(u" AND a.Descripcion LIKE '%TORN%'"_s)),
-             (QStringList{u"2|Tornillo grande rojo"_s, u"1|TORNILLO PLANO"_s}));
+             copiadas(motor, {u"2|Tornillo grande rojo"_s, u"1|TORNILLO PLANO"_s}));
     QCOMPARE(copia(u", a.Codigo, MIN(a.Descripcion) AS Descripcion "_s, Modelo1.arg(u" AND a.Familia_1=1"_s)).size(),
              2);
     QCOMPARE(copia(propios, Modelo8.arg(u"22/10/2026"_s, QString())),
-             (QStringList{u"1|TORNILLO PLANO"_s, u"4|BAÑERA BLANCA"_s}));
+             copiadas(motor, {u"1|TORNILLO PLANO"_s, u"4|BAÑERA BLANCA"_s}));
+    ejecutar(u"DELETE FROM Articulos_Buscar"_s);
 }
 
 QTEST_GUILESS_MAIN(PruebaSentencias)
+#include "moc_tst_odbcMotores.cpp"
 #include "tst_sentencias.moc"
