@@ -25,9 +25,9 @@ class PruebaEmbebida : public QObject
 
 private Q_SLOTS:
     void init();
-    void amounts_are_exact();
-    void one_form_serves_other_literals();
-    void a_changed_table_is_read_anew();
+    void more_forms_than_are_kept();
+    void numbers_and_texts_compare_as_the_column_says();
+    void distinct_rows_in_another_order();
     void only_one_statement_goes_out();
     void open_results_survive_other_statements();
     void open_result_outlives_its_connection();
@@ -84,68 +84,9 @@ void PruebaEmbebida::init()
     QVERIFY(m_carpeta->isValid());
 }
 
-void PruebaEmbebida::amounts_are_exact()
+void PruebaEmbebida::more_forms_than_are_kept()
 {
     nv::pruebas::BaseDatos base;
-    base.ejecutar(
-        u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (1, 1, 1, 0.1), (1, 1, 2, "
-        u"0.2), "
-        u"(1, 1, 3, 0.3), (1, 2, 1, 10), (1, 3, 1, 0.00001), (1, 4, 1, NULL), (1, 5, 1, 900719925474.0991)"_s);
-    const auto uno = [&](const QString &expresion, int articulo) {
-        return base.filas(u"SELECT %1 FROM Articulos_Tarifas WHERE Cod_Articulo =%2"_s.arg(expresion).arg(articulo))
-            .value(0);
-    };
-    QCOMPARE(uno(u"SUM(Pvp)"_s, 1), u"0.6"_s);
-    QCOMPARE(
-        base.filas(
-            u"SELECT Cod_Articulo FROM Articulos_Tarifas WHERE Cod_Empresa =1 GROUP BY Cod_Articulo HAVING SUM(Pvp) = 0.6"_s),
-        QStringList{u"1"_s});
-    QCOMPARE(uno(u"SUM(CASE WHEN Cod_Tarifa < 3 THEN Pvp ELSE -Pvp END)"_s, 1), u"0"_s);
-    QCOMPARE(uno(u"Pvp + Pvp + Pvp"_s, 1), u"0.3"_s);
-    QCOMPARE(uno(u"SUM(Pvp)"_s, 99), u"NULL"_s);
-    QCOMPARE(uno(u"SUM(Cod_Tarifa)"_s, 1), u"6"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Pvp)"_s, 2), u"10.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR(20), Pvp)"_s, 3), u"0.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, ISNULL(Pvp, 0))"_s, 4), u"0.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Pvp)"_s, 5), u"900719925474.10"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Cod_Articulo)"_s, 5), u"5"_s);
-    QCOMPARE(base.filas(u"SELECT DISTINCT Cod_Articulo FROM Articulos_Tarifas WHERE Pvp > 0.3 ORDER BY Pvp DESC"_s),
-             (QStringList{u"5"_s, u"2"_s}));
-    nv::Registros registros =
-        base.conexion().Abrir(nv::Sentencia(u"SELECT Pvp FROM Articulos_Tarifas WHERE Cod_Articulo =5"));
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.moneda(0).diezmilesimas(), 9007199254740991);
-}
-
-void PruebaEmbebida::one_form_serves_other_literals()
-{
-    nv::pruebas::BaseDatos base;
-    base.ejecutar(
-        u"INSERT INTO Parametros_App (Clave, Valor) VALUES ('a', '1'), ('b', '01'), ('c', 'x''y'), ('12', 'doce')"_s);
-    const auto clave = [&](const QString &condicion) {
-        return base.filas(u"SELECT Clave FROM Parametros_App WHERE "_s + condicion + u" ORDER BY Clave"_s).join(u',');
-    };
-    QCOMPARE(clave(u"Valor ='1'"_s), u"a"_s);
-    QCOMPARE(clave(u"Valor ='01'"_s), u"b"_s);
-    QCOMPARE(clave(u"Valor ='x''y'"_s), u"c"_s);
-    QCOMPARE(clave(u"Valor =''"_s), QString());
-    QCOMPARE(clave(u"Clave =12"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave ='12'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '1%'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '%2'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '_'"_s), u"a,b,c"_s);
-    QCOMPARE(clave(u"Clave LIKE ''"_s), QString());
-    QCOMPARE(clave(u"Clave IN ('a', 'C', 'zz')"_s), u"a,c"_s);
-    // A column's ordinal is no value.
-    QCOMPARE(base.filas(u"SELECT TOP 2 Clave, Valor FROM Parametros_App ORDER BY 2, 1"_s),
-             (QStringList{u"b|01"_s, u"a|1"_s}));
-    QCOMPARE(base.filas(u"SELECT TOP 2 Clave, Valor FROM Parametros_App ORDER BY 1, 2"_s),
-             (QStringList{u"12|doce"_s, u"a|1"_s}));
-    QCOMPARE(
-        base.filas(
-            u"SELECT  TOP 1 Clave FROM Parametros_App WHERE Clave IN (SELECT TOP 1 Clave FROM Parametros_App ORDER BY Clave DESC)"_s),
-        QStringList{u"c"_s});
-    // More forms than are kept, then the first ones again.
     for (int vuelta = 0; vuelta < 2; ++vuelta) {
         for (int i = 0; i < 300; ++i)
             QCOMPARE(base.filas(u"SELECT %1 AS n%2"_s.arg(vuelta * 1000 + i).arg(i)),
@@ -153,18 +94,22 @@ void PruebaEmbebida::one_form_serves_other_literals()
     }
 }
 
-void PruebaEmbebida::a_changed_table_is_read_anew()
+/// Both are more than a server takes.
+void PruebaEmbebida::numbers_and_texts_compare_as_the_column_says()
 {
     nv::pruebas::BaseDatos base;
-    const QString consulta = u"SELECT * FROM #t WHERE Codigo =1"_s;
-    base.ejecutar({u"INSERT INTO Marcas (Codigo, Nombre) VALUES (1, 'Acme')"_s,
-                   u"SELECT Codigo INTO #t FROM Marcas WHERE Codigo =1"_s});
-    QCOMPARE(base.filas(consulta), QStringList{u"1"_s});
-    base.ejecutar({u"DROP TABLE #t"_s, u"SELECT Nombre, Codigo INTO #t FROM Marcas WHERE Codigo =1"_s});
-    nv::Registros registros = base.conexion().Abrir(nv::Sentencia::deConsola(consulta));
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.texto(u"nombre"), u"Acme"_s);
-    QCOMPARE(registros.entero16(u"CODIGO"), 1);
+    base.ejecutar(u"INSERT INTO Parametros_App (Clave, Valor) VALUES ('a', '1'), ('12', 'doce')"_s);
+    QCOMPARE(base.filas(u"SELECT Clave FROM Parametros_App WHERE Clave =12"_s), QStringList{u"12"_s});
+    QCOMPARE(base.filas(u"SELECT Clave FROM Parametros_App WHERE Clave ='12'"_s), QStringList{u"12"_s});
+}
+
+void PruebaEmbebida::distinct_rows_in_another_order()
+{
+    nv::pruebas::BaseDatos base;
+    base.ejecutar(u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (1, 1, 1, 0.3), "
+                  u"(1, 2, 1, 10), (1, 5, 1, 90)"_s);
+    QCOMPARE(base.filas(u"SELECT DISTINCT Cod_Articulo FROM Articulos_Tarifas WHERE Pvp > 0.3 ORDER BY Pvp DESC"_s),
+             (QStringList{u"5"_s, u"2"_s}));
 }
 
 void PruebaEmbebida::only_one_statement_goes_out()
