@@ -1,6 +1,9 @@
 #include "support/BaseDatos.h"
 
+#include "platform/datos/Catalogo.h"
 #include "platform/datos/Motores.h"
+
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +45,14 @@ QStringList filasDe(Conexion &conexion, const QString &sentencia)
 {
     Registros registros = conexion.Abrir(Sentencia::deConsola(sentencia));
     return filasDe(registros);
+}
+
+void borrarEsquema(Conexion &conexion)
+{
+    static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
+    QRegularExpressionMatchIterator tablas = tabla.globalMatch(datos::Catalogo::unico().esquema());
+    while (tablas.hasNext())
+        conexion.Ejecutar(Sentencia::deConsola(u"DROP TABLE "_s + tablas.next().captured(1)));
 }
 
 } // namespace nv::pruebas

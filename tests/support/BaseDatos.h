@@ -27,4 +27,7 @@ private:
 QStringList filasDe(Registros &registros);
 QStringList filasDe(Conexion &conexion, const QString &sentencia);
 
+/// Drops every table of the suite.
+void borrarEsquema(Conexion &conexion);
+
 } // namespace nv::pruebas

@@ -2,6 +2,9 @@
 
 #include "common/Error.h"
 #include "platform/datos/Motores.h"
+#include "support/BaseDatos.h"
+
+#include <QUuid>
 
 #include <utility>
 
@@ -38,6 +41,27 @@ QString Doble::texto(const QString &base) const
     return u"DRIVER=FreeTDS;SERVER=127.0.0.1;PORT=%1;DATABASE=%2;UID=u;PWD=p;TDS_Version=7.4;ClientCharset=UTF-8"_s
         .arg(m_puerto)
         .arg(base);
+}
+
+BaseOdbc::BaseOdbc(Doble &doble, bool enServidor)
+    : m_texto(enServidor    ? qEnvironmentVariable("NVARTICULO_SQLSERVER")
+              : doble.hay() ? doble.texto(QUuid::createUuid().toString(QUuid::Id128))
+                            : QString())
+    , m_enServidor(enServidor)
+{
+    if (hay())
+        datos::crearEsquema(*conectar());
+}
+
+BaseOdbc::~BaseOdbc()
+{
+    if (hay() && m_enServidor)
+        borrarEsquema(*conectar());
+}
+
+std::unique_ptr<Conexion> BaseOdbc::conectar() const
+{
+    return datos::abrirOdbc(m_texto);
 }
 
 } // namespace nv::pruebas

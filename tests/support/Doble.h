@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Conexion.h"
+
 #include <QProcess>
 #include <QString>
 
@@ -20,6 +22,26 @@ private:
     QProcess m_proceso;
     bool m_probado = false;
     int m_puerto = 0;
+};
+
+/// A database behind ODBC with the schema and nothing else: a new one of the stand-in, or that of NVARTICULO_SQLSERVER,
+/// whose tables go with the object.
+class BaseOdbc
+{
+public:
+    BaseOdbc(Doble &doble, bool enServidor);
+    BaseOdbc(const BaseOdbc &) = delete;
+    BaseOdbc &operator=(const BaseOdbc &) = delete;
+    ~BaseOdbc();
+
+    /// False without the driver or the server.
+    bool hay() const { return !m_texto.isEmpty(); }
+    /// From any thread.
+    std::unique_ptr<Conexion> conectar() const;
+
+private:
+    QString m_texto;
+    bool m_enServidor;
 };
 
 } // namespace nv::pruebas

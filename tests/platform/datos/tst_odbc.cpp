@@ -281,7 +281,7 @@ void PruebaOdbc::server_makes_the_schema_and_takes_a_catalogue()
     if (!falla([&] { filas(u"SELECT COUNT(*) FROM Empresas"_s); }))
         QSKIP("the database of the tests holds a catalogue already; it has to be an empty one");
     nv::datos::crearEsquema(conexion());
-    const auto borrar = qScopeGuard([&] { borrarEsquema(conexion()); });
+    const auto borrar = qScopeGuard([&] { nv::pruebas::borrarEsquema(conexion()); });
     for (const QString &sentencia : catalogoMinimo())
         ejecutar(sentencia);
     QVERIFY(falla([&] { nv::datos::crearEsquema(conexion()); }));

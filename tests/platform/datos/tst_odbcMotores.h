@@ -5,10 +5,8 @@
 #include "support/Doble.h"
 
 #include "common/Error.h"
-#include "platform/datos/Catalogo.h"
 #include "platform/datos/Motores.h"
 
-#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QTemporaryDir>
@@ -87,7 +85,7 @@ private Q_SLOTS:
     void cleanupTestCase()
     {
         if (m_conCatalogo.contains(Motor::Servidor))
-            borrarEsquema(*nv::datos::abrirOdbc(m_servidor));
+            nv::pruebas::borrarEsquema(*nv::datos::abrirOdbc(m_servidor));
     }
 
     void init()
@@ -165,15 +163,6 @@ protected:
             break;
         }
         return nv::datos::abrirOdbc(m_servidor);
-    }
-
-    /// Every table of the suite.
-    static void borrarEsquema(nv::Conexion &conexion)
-    {
-        static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
-        QRegularExpressionMatchIterator tablas = tabla.globalMatch(nv::datos::Catalogo::unico().esquema());
-        while (tablas.hasNext())
-            conexion.Ejecutar(Sentencia::deConsola(u"DROP TABLE "_s + tablas.next().captured(1)));
     }
 
     nv::Conexion &conexion() { return *m_conexion; }
