@@ -5,6 +5,7 @@
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
@@ -22,6 +23,20 @@ constexpr int Margen = 90;
 constexpr int AnchoBoton = 1140;
 constexpr int AltoBoton = 360;
 
+/// A letter goes to the next value that begins with it; the toolkit's own list would choose it or undo its choice too.
+class ListaValores : public QListWidget
+{
+public:
+    using QListWidget::QListWidget;
+
+    void keyboardSearch(const QString &comienzo) override
+    {
+        const QItemSelection elegidos = selectionModel()->selection();
+        QListWidget::keyboardSearch(comienzo);
+        selectionModel()->select(elegidos, QItemSelectionModel::ClearAndSelect);
+    }
+};
+
 nv::Sentencia valoresDe(qint16 tabla, qint16 alternativo)
 {
     nv::Sentencia s(u"SELECT * FROM Alternativos_Valores WHERE Tabla=");
@@ -32,7 +47,7 @@ nv::Sentencia valoresDe(qint16 tabla, qint16 alternativo)
 
 frmAlternativos_Eleccion::frmAlternativos_Eleccion(QWidget *padre)
     : QDialog(padre)
-    , m_lista(new QListWidget(this))
+    , m_lista(new ListaValores(this))
 {
     setWindowTitle(u"Elección de Valores"_s);
     const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
@@ -105,4 +120,15 @@ void frmAlternativos_Eleccion::reject()
 {
     Aceptado = false;
     QDialog::reject();
+}
+
+void frmAlternativos_Eleccion::keyPressEvent(QKeyEvent *evento)
+{
+    const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    auto *boton = qobject_cast<QPushButton *>(focusWidget());
+    // Without default buttons the toolkit leaves Enter on a focused one without effect.
+    if (intro && boton && !evento->isAutoRepeat())
+        boton->click();
+    else
+        QDialog::keyPressEvent(evento);
 }

@@ -32,6 +32,9 @@ public:
 public Q_SLOTS:
     void reject() override;
 
+protected:
+    void keyPressEvent(QKeyEvent *evento) override;
+
 private:
     void cargar();
     void aceptar();

@@ -4,6 +4,7 @@
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
 
+#include <QApplication>
 #include <QListWidget>
 #include <QTest>
 
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void values_already_chosen_are_selected_data();
     void values_already_chosen_are_selected();
     void accept_returns_identifiers_and_texts_in_list_order();
+    void letters_move_without_choosing();
     void cancel_keeps_what_came_in_data();
     void cancel_keeps_what_came_in();
     void list_grows_with_the_window();
@@ -99,6 +101,24 @@ void tst_Alternativos::accept_returns_identifiers_and_texts_in_list_order()
     QVERIFY(ninguno.Aceptado);
     QCOMPARE(ninguno.Ids, u","_s);
     QCOMPARE(ninguno.Valores, QString());
+}
+
+void tst_Alternativos::letters_move_without_choosing()
+{
+    frmAlternativos_Eleccion dialogo(nullptr);
+    dialogo.Ids = u",3,"_s;
+    mostrar(dialogo, [](frmAlternativos_Eleccion &d) {
+        QTest::keyClick(lista(d), Qt::Key_R);
+        QCOMPARE(lista(d)->currentItem()->text(), u"ROJO"_s);
+        QTest::qWait(QApplication::keyboardInputInterval() + 50);
+        QTest::keyClick(lista(d), Qt::Key_V);
+        QCOMPARE(lista(d)->currentItem()->text(), u"VERDE"_s);
+        auto *aceptar = d.findChild<QWidget *>(u"cmdAceptar"_s);
+        aceptar->setFocus();
+        QTest::keyClick(aceptar, Qt::Key_Return);
+    });
+    QVERIFY(dialogo.Aceptado);
+    QCOMPARE(dialogo.Ids, u",3,"_s);
 }
 
 void tst_Alternativos::cancel_keeps_what_came_in_data()
