@@ -137,10 +137,12 @@ nv::sql::CriteriosModelo1 frmBusqueda_Articulos_2::criteriosEscritos() const
         criterios.proveedor = m_proveedor->Codigo();
     criterios.referencia = m_referencia->text();
     criterios.familias = m_familias->codigos();
+    const QString alternativo = m_alternativo->text();
     if (!m_conLista)
-        criterios.alternativo = m_alternativo->text();
-    for (const QString &id : m_idsAlternativo.split(u',', Qt::SkipEmptyParts))
-        criterios.alternativos.push_back(nv::ValEntero32(id));
+        criterios.alternativo = alternativo;
+    else if (!alternativo.isEmpty())
+        for (const QString &id : m_idsAlternativo.split(u',', Qt::SkipEmptyParts))
+            criterios.alternativos.push_back(nv::ValEntero32(id));
     return criterios;
 }
 
@@ -177,6 +179,9 @@ void frmBusqueda_Articulos_2::EjecutarBusqueda()
         const nv::Sentencia sentencia =
             nv::sql::modelo1(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), limite(),
                              {tarifas[0].codigo, tarifas[1].codigo, tarifas[2].codigo}, usados, criterios);
+        // One that is refused unsent leaves also the rows still to come.
+        if (sentencia.defecto().isEmpty())
+            m_listado->cerrarResultado();
         m_listado->mostrar(nv::ranura::exigida().Abrir(sentencia));
         m_usados = usados;
         m_ultima = sentencia;

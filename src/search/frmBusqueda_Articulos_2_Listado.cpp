@@ -66,7 +66,6 @@ ListadoPrecios::Lugares ListadoPrecios::lugares(const Registros &registros)
     const auto lugar = [&registros](QStringView nombre) { return registros.columna(nombre); };
     return {{-1, lugar(u"Codigo"), lugar(u"Descripcion"), lugar(u"Familia_1"), lugar(u"Familia_2"), lugar(u"Familia_3"),
              lugar(u"Cod_Barras"), lugar(u"Ref")},
-            {lugar(u"Pvp1"), lugar(u"Pvp2"), lugar(u"Pvp3")},
             {lugar(u"Pvp1_Num"), lugar(u"Pvp2_Num"), lugar(u"Pvp3_Num")},
             lugar(u"Stock_Actual"),
             lugar(u"Stock_Actual_Num")};
@@ -80,9 +79,9 @@ ListadoPrecios::Fila ListadoPrecios::leida(const Registros &registros, const Lug
     for (std::size_t columna = Codigo; columna < lugares.textos.size(); ++columna)
         fila.celdas.push_back(registros.textoO(lugares.textos[columna]));
     for (std::size_t i = 0; i < m_tarifas.size(); ++i) {
-        const QString pvp = registros.textoO(lugares.pvp[i], u"0"_s).replace(u',', u'.');
-        fila.celdas.push_back(Moneda::deTexto(pvp).texto(m_tarifas[i].decimales));
-        fila.importes[i] = registros.moneda(lugares.pvpNumero[i]);
+        // Not from the text beside it: as a text an amount has two decimals, a tariff may have more.
+        fila.importes[i] = registros.moneda(lugares.pvp[i]);
+        fila.celdas.push_back(fila.importes[i].texto(m_tarifas[i].decimales));
     }
     fila.celdas.push_back(registros.textoNumero(lugares.stock));
     fila.importes.back() = registros.moneda(lugares.stockNumero);

@@ -48,8 +48,9 @@ public:
     /// Rows of a block; 0: all at once.
     void setMaximo(int maximo) { m_maximo = maximo; }
 
-    /// Shows the first block in the place of what the grid holds. Throws Error; grid and former result are then as
-    /// they were.
+    /// No more rows of the last search: before the next one, whose statement would first fetch them all.
+    void cerrarResultado() { m_registros.cerrar(); }
+    /// Shows the first block in the place of what the grid holds. Throws Error; the grid is then as it was.
     void mostrar(Registros registros);
     /// To be told of Page Down before the grid moves: a block more on one of the last rows.
     void alPaginar();
@@ -74,7 +75,6 @@ private:
     {
         std::array<int, Referencia + 1> textos;
         std::array<int, 3> pvp;
-        std::array<int, 3> pvpNumero;
         int stock;
         int stockNumero;
     };

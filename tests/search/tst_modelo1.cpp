@@ -27,6 +27,7 @@ private Q_SLOTS:
     void criteria_give_the_whole_statement_data();
     void criteria_give_the_whole_statement();
     void tariffs_stock_and_missing_tariff();
+    void prices_have_all_the_decimals_of_their_tariff();
     void ticks_return_a_list_and_the_search_is_copied();
     void without_ticks_the_current_row_is_returned_data();
     void without_ticks_the_current_row_is_returned();
@@ -148,6 +149,18 @@ void tst_Modelo1::tariffs_stock_and_missing_tariff()
             QVERIFY(!campo(d, u"pctMsg"_s)->isVisible());
             retratar(d, u"modelo1"_s);
         });
+}
+
+void tst_Modelo1::prices_have_all_the_decimals_of_their_tariff()
+{
+    CatalogoCriterios catalogo;
+    catalogo.base.ejecutar(QStringList{u"UPDATE Tarifas SET Decimales = 3 WHERE Cod_Tarifa = 4"_s,
+                                       u"UPDATE Articulos_Tarifas SET Pvp = 43.641 WHERE Cod_Articulo = 1"_s});
+    catalogo.abrir<Dialogo>([](Dialogo &d) { d.Busqueda_Codigo = u"1"_s; },
+                            [](Dialogo &d) {
+                                QCOMPARE(columna(d, 8).join(u' '), u"43,641 100,000"_s);
+                                QCOMPARE(columna(d, 9).join(u' '), u"44 0"_s);
+                            });
 }
 
 void tst_Modelo1::ticks_return_a_list_and_the_search_is_copied()
