@@ -67,11 +67,15 @@ void Rejilla::setColumnas(const std::vector<ColumnaRejilla> &columnas)
     const int actual = filaActual();
     m_modelo->setColumnas(columnas);
     m_estirada = -1;
-    for (int c = 0; c < m_modelo->columnCount(); ++c) {
-        setColumnWidth(c, anchoPrevisto(c));
-        setColumnHidden(c, m_modelo->columna(c).oculta);
+    {
+        // The width left is shared out once all the columns are there.
+        const QScopedValueRollback<bool> guarda(m_ajustando, true);
+        for (int c = 0; c < m_modelo->columnCount(); ++c) {
+            setColumnHidden(c, m_modelo->columna(c).oculta);
+            setColumnWidth(c, anchoPrevisto(c));
+        }
     }
-    ajustarUltima();
+    updateGeometries();
     olvidarFilas(actual);
 }
 
@@ -87,7 +91,7 @@ void Rejilla::setColumnaOculta(int columna, bool oculta)
         const QScopedValueRollback<bool> guarda(m_ajustando, true);
         setColumnHidden(columna, oculta);
     }
-    ajustarUltima();
+    updateGeometries();
 }
 
 void Rejilla::setColumnaCasilla(int columna)
@@ -237,10 +241,11 @@ void Rejilla::ordenar(const std::function<bool(int, int)> &menor)
     m_superior = filaSuperior();
 }
 
-void Rejilla::resizeEvent(QResizeEvent *evento)
+void Rejilla::updateGeometries()
 {
-    QTableView::resizeEvent(evento);
+    // Before the bars are reckoned: a column stretched to the former width would bring up a needless one.
     ajustarUltima();
+    QTableView::updateGeometries();
 }
 
 void Rejilla::currentChanged(const QModelIndex &actual, const QModelIndex &anterior)

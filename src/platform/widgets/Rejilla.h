@@ -89,9 +89,9 @@ protected:
     void mousePressEvent(QMouseEvent *evento) override;
     void mouseDoubleClickEvent(QMouseEvent *evento) override;
     void focusInEvent(QFocusEvent *evento) override;
-    void resizeEvent(QResizeEvent *evento) override;
     void currentChanged(const QModelIndex &actual, const QModelIndex &anterior) override;
     void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
 
 private:
     int anchoPrevisto(int columna) const;

@@ -242,6 +242,35 @@ private Q_SLOTS:
         QCOMPARE(m_rejilla->columnWidth(2), m_rejilla->columnWidth(0));
     }
 
+    void column_hidden_from_the_start_takes_no_width()
+    {
+        m_rejilla->setColumnas({{u"A"_s, 900}, {u"B"_s, 900}, {u"C"_s, 900, Qt::AlignLeft, true}});
+        QVERIFY(m_rejilla->isColumnHidden(2));
+        QCOMPARE(m_rejilla->columnWidth(0) + m_rejilla->columnWidth(1), m_rejilla->viewport()->width());
+        QCOMPARE(m_rejilla->horizontalHeader()->length(), m_rejilla->viewport()->width());
+        const int anchoA = m_rejilla->columnWidth(0);
+        m_rejilla->setColumnaOculta(2, false);
+        QCOMPARE(m_rejilla->columnWidth(1), anchoA);
+        QCOMPARE(m_rejilla->horizontalHeader()->length(), m_rejilla->viewport()->width());
+    }
+
+    void narrower_grid_shows_no_needless_bar()
+    {
+        m_rejilla->setColumnas({{u"A"_s, 900}, {u"B"_s, 1500}, {u"C"_s, 900}});
+        m_rejilla->anadir(filas(1, 1));
+        m_rejilla->setColumnaOculta(2, true);
+        m_rejilla->resize(m_rejilla->width() - 60, m_rejilla->height());
+        QVERIFY(!m_rejilla->horizontalScrollBar()->isVisible());
+        // Nor when rows bring the vertical one, and when they go.
+        m_rejilla->anadir(filas(2, 100));
+        QCoreApplication::processEvents();
+        QVERIFY(m_rejilla->verticalScrollBar()->isVisible() && !m_rejilla->horizontalScrollBar()->isVisible());
+        m_rejilla->vaciar();
+        QCoreApplication::processEvents();
+        QVERIFY(!m_rejilla->verticalScrollBar()->isVisible() && !m_rejilla->horizontalScrollBar()->isVisible());
+        QCOMPARE(m_rejilla->horizontalHeader()->length(), m_rejilla->viewport()->width());
+    }
+
     void five_hundred_rows_are_on_screen_at_once()
     {
         std::vector<nv::ColumnaRejilla> columnas(9, {u"Columna"_s, 900});
