@@ -22,6 +22,7 @@ class PanelSurtido : public nv::PanelDetalles
 {
 public:
     explicit PanelSurtido(QWidget *padre);
+    void limpiar() override;
 
 protected:
     nv::Sentencia consultaExistencias(qint32 articulo) const override;
@@ -52,6 +53,15 @@ PanelSurtido::PanelSurtido(QWidget *padre)
     surtido->addWidget(m_bloqueadoGeneral, 0, 1, Qt::AlignRight);
     surtido->addWidget(m_obligatorio, 0, 1, Qt::AlignRight);
     cuerpo()->addLayout(surtido);
+}
+
+void PanelSurtido::limpiar()
+{
+    PanelDetalles::limpiar();
+    m_bloqueado->setValue(0);
+    m_bloqueadoVenta->setValue(0);
+    m_bloqueadoGeneral->hide();
+    m_obligatorio->hide();
 }
 
 nvCheckBox *PanelSurtido::casilla(const QString &texto, const QString &nombre)
@@ -88,16 +98,14 @@ void PanelSurtido::mostrarExistencias(const nv::Registros &registros)
     const auto puesto = [&registros](QStringView columna) {
         return !registros.esNulo(columna) && registros.booleano(columna);
     };
-    bool bloqueado = puesto(u"Bloqueo");
-    bool obligatorio = false;
-    if (registros.entero16(u"Cod_Surtido") > 0) {
-        const qint16 estado = registros.entero16(u"Obligatorio");
-        obligatorio = estado == Obligatorio;
-        bloqueado = bloqueado || estado == FueraDelSurtido;
-        m_bloqueadoGeneral->setVisible(estado == FueraDelSurtido);
-        m_obligatorio->setVisible(obligatorio);
-    }
-    m_bloqueado->setValue(obligatorio ? 2 : int{bloqueado});
+    const bool bloqueado = puesto(u"Bloqueo");
+    const bool conSurtido = registros.entero16(u"Cod_Surtido") > 0;
+    const qint16 estado = registros.entero16(u"Obligatorio");
+    const bool obligatorio = conSurtido && estado == Obligatorio;
+    const bool fuera = conSurtido && estado == FueraDelSurtido;
+    m_bloqueadoGeneral->setVisible(fuera);
+    m_obligatorio->setVisible(obligatorio);
+    m_bloqueado->setValue(obligatorio ? 2 : int{bloqueado || fuera});
     m_bloqueadoVenta->setValue(puesto(u"BloqueoVenta"));
 }
 

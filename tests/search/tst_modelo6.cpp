@@ -4,6 +4,7 @@
 #include "tst_modelo1_catalogo.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void details_show_the_assortment_state_data();
     void details_show_the_assortment_state();
     void item_without_a_stock_row_leaves_the_boxes();
+    void empty_search_clears_the_assortment_state();
     void boxes_of_the_details_are_not_for_the_user();
 };
 
@@ -141,6 +143,27 @@ void tst_Modelo6::item_without_a_stock_row_leaves_the_boxes()
                                 QCOMPARE(columnaDe(d, 0).value(0), u"10"_s);
                                 QCOMPARE(campo<QLabel>(d, u"lblStock"_s)->text(), u"0,00"_s);
                                 QCOMPARE(campo<nvCheckBox>(d, u"chkSurtBloqueado"_s)->Value(), 1);
+                            });
+}
+
+void tst_Modelo6::empty_search_clears_the_assortment_state()
+{
+    CatalogoCriterios catalogo;
+    catalogo.base.ejecutar(
+        {u"INSERT INTO Surtidos_Almacen (Cod_Empresa, Cod_Almacen, Cod_Surtido) VALUES (1, 1, 30)"_s,
+         u"INSERT INTO Surtidos_Articulo_Todos (Cod_Empresa, Cod_Surtido, Cod_Articulo, Obligatorio)"
+         u" VALUES (1, 30, 1, 1)"_s,
+         u"UPDATE Almacen_Articulos SET BloqueoVenta = 1 WHERE Cod_Almacen = 1 AND Cod_Articulo = 1"_s});
+    catalogo.abrir<Dialogo>([](Dialogo &d) { d.Busqueda_Descripcion = u"TORNILLO"_s; },
+                            [](Dialogo &d) {
+                                pulsa(d, Qt::Key_F6);
+                                QVERIFY(campo(d, u"lblSurtObligatorio"_s)->isVisible());
+                                campo<QLineEdit>(d, u"txtNombre"_s)->setText(u"NADA"_s);
+                                d.EjecutarBusqueda();
+                                QCOMPARE(campo<nv::Rejilla>(d, u"vsListado"_s)->filasDatos(), 0);
+                                QCOMPARE(campo<nvCheckBox>(d, u"chkSurtBloqueado"_s)->Value(), 0);
+                                QCOMPARE(campo<nvCheckBox>(d, u"chkSurtBloqueadoVta"_s)->Value(), 0);
+                                QVERIFY(campo(d, u"lblSurtObligatorio"_s)->isHidden());
                             });
 }
 
