@@ -12,6 +12,7 @@
 #include "search/piezas/MarcasX.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <limits>
 
@@ -30,20 +31,28 @@ qint16 recordado(qint32 codigo)
 void frmBusqueda_Articulos_4::cargar()
 {
     rejilla()->setColumnaOculta(Marca, !MultiResultado);
-    m_marcarTodos->setVisible(MultiResultado);
-    m_desmarcarTodos->setVisible(MultiResultado);
     m_nombre->setFocus();
     bool buscar = false;
-    const bool cargado = nv::mensajes::guardar(parentWidget(), tituloBusqueda(), [&] {
-        if (AlmacenStock == 0)
-            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
-        preparar();
-        buscar = ponerRecordados();
+    const QPointer<frmBusqueda_Articulos_4> vivo(this);
+    // What cannot be read is said once; a fixed family holds and the dialog works whatever failed.
+    const auto paso = [&](auto operacion) {
+        if (vivo)
+            nv::mensajes::guardar(parentWidget(), tituloBusqueda(), operacion);
+    };
+    paso([this] { preparar(); });
+    paso([&] {
         if (Familia_1 > 0)
             m_familias->fijar({Familia_1, Familia_2, Familia_3});
     });
+    paso([&] { buscar = ponerRecordados(); });
+    paso([this] {
+        if (AlmacenStock == 0)
+            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
+    });
+    if (!vivo)
+        return;
     m_nombre->selectAll();
-    if (cargado && buscar)
+    if (buscar)
         Cargar();
 }
 
@@ -62,10 +71,10 @@ bool frmBusqueda_Articulos_4::ponerRecordados()
 {
     m_nombre->setText(Busqueda_Descripcion);
     m_proveedor->setCodigo(std::max(Busqueda_Proveedor, 0));
-    m_proveedor->Cargar();
+    m_marca->setCodigo(std::max(Busqueda_Marca, qint16{0}));
     if (Familia_1 <= 0)
         m_familias->poner({Busqueda_Familia_1, Busqueda_Familia_2, Busqueda_Familia_3});
-    m_marca->setCodigo(std::max(Busqueda_Marca, qint16{0}));
+    m_proveedor->Cargar();
     m_marca->Cargar();
     return !Busqueda_Descripcion.isEmpty() || Busqueda_Proveedor > 0 || Busqueda_Familia_1 > 0 ||
            Busqueda_Familia_2 > 0 || Busqueda_Familia_3 > 0 || Busqueda_Marca > 0;

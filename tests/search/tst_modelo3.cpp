@@ -27,6 +27,7 @@ private Q_SLOTS:
     void failed_search_keeps_the_list();
     void accept_that_fails_names_the_button();
     void without_rows_accept_stays();
+    void fixed_family_holds_although_a_name_cannot_be_read();
 };
 
 void tst_Modelo3::criteria_give_the_whole_statement_data()
@@ -117,6 +118,7 @@ void tst_Modelo3::single_result_marks_without_effect_and_returns_the_current_row
                                 pulsa(d, Qt::Key_F9);
                                 auto *rejilla = campo<nv::Rejilla>(d, u"vsArt"_s);
                                 QVERIFY(rejilla->isColumnHidden(0));
+                                QVERIFY(campo(d, u"cmdMarcar"_s)->isVisible());
                                 QTest::mouseDClick(rejilla->viewport(), Qt::LeftButton, {},
                                                    rejilla->visualRect(rejilla->currentIndex()).center());
                                 QVERIFY2(d.isVisible(), "a double click marks, it does not accept");
@@ -233,6 +235,26 @@ void tst_Modelo3::without_rows_accept_stays()
                                 QTest::mouseClick(campo(d, u"cmdAceptar"_s), Qt::LeftButton);
                                 QVERIFY2(d.isVisible(), "the heading is no choice");
                             });
+}
+
+void tst_Modelo3::fixed_family_holds_although_a_name_cannot_be_read()
+{
+    CatalogoCriterios catalogo;
+    catalogo.base.ejecutar(u"DROP TABLE Marcas"_s);
+    Conductor cajas;
+    cajas.responde(u"Aceptar"_s);
+    catalogo.abrir<Dialogo>(
+        [](Dialogo &d) {
+            d.Familia_1 = d.Busqueda_Familia_1 = 1;
+            d.Busqueda_Marca = 5;
+        },
+        [](Dialogo &d) {
+            QVERIFY(!campo(d, u"txtFamilia_1"_s)->isEnabled());
+            QCOMPARE(columnaDe(d, 1), QStringList{});
+            pulsa(d, Qt::Key_F9);
+            QCOMPARE(columnaDe(d, 1), (QStringList{u"1"_s, u"2"_s}));
+        });
+    QCOMPARE(cajas.cajas().front().titulo, u"frmBusqueda_Articulos_4:Cargar"_s);
 }
 
 QTEST_MAIN(tst_Modelo3)
