@@ -76,13 +76,16 @@ nv::sql::CriteriosModelo4 frmBusqueda_Articulos_5::criteriosConAlmacen() const
 void frmBusqueda_Articulos_5::crearRanking(const nv::sql::CriteriosModelo4 &criterios) const
 {
     nv::Conexion &conexion = nv::ranura::exigida();
+    const nv::Sentencia crear =
+        nv::sql::crearRanking(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), criterios, cEmpresa->Hoy());
     try {
-        conexion.Ejecutar(nv::sql::borrarRanking());
+        // One that is refused unsent must not cost the list on screen its ranking.
+        if (crear.defecto().isEmpty())
+            conexion.Ejecutar(nv::sql::borrarRanking());
     } catch (const nv::Error &) {
         // There was none yet.
     }
-    conexion.Ejecutar(
-        nv::sql::crearRanking(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), criterios, cEmpresa->Hoy()));
+    conexion.Ejecutar(crear);
 }
 
 nv::Sentencia frmBusqueda_Articulos_5::consulta()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void ranking_orders_by_units_of_two_months();
     void criteria_pass_through_and_nothing_searches_at_load();
     void failures_name_this_dialog();
+    void refused_ranking_leaves_the_one_on_screen();
 };
 
 namespace {
@@ -196,6 +197,29 @@ void tst_Modelo4::failures_name_this_dialog()
     QCOMPARE(cajas.cajas().size(), std::size_t{2});
     QCOMPARE(cajas.cajas()[0].titulo, u"frmBusqueda_Articulos_5:cmdAceptar_Click"_s);
     QCOMPARE(cajas.cajas()[1].titulo, u"frmBusqueda_Articulos_5:Cargar"_s);
+}
+
+void tst_Modelo4::refused_ranking_leaves_the_one_on_screen()
+{
+    CatalogoCriterios catalogo;
+    catalogo.base.ejecutar(u"INSERT INTO Almacen_Acumulados (Cod_Empresa, Cod_Almacen, Cod_Ejercicio, Mes,"
+                           u" Cod_Articulo, Ventas_Unidades) VALUES (1, 2, 2026, 3, 2, 5)"_s);
+    catalogo.empresa.hoy = QDate(2026, 3, 15);
+    Conductor cajas;
+    catalogo.abrir<Dialogo>([](Dialogo &d) { d.GuardarBusqueda = true; },
+                            [&](Dialogo &d) {
+                                escribir(d, u"txtAlmacen"_s, u"2"_s);
+                                escribir(d, u"txtRanking"_s, u"3"_s);
+                                pulsa(d, Qt::Key_F9);
+                                escribir(d, u"txtNombre"_s, u"O'R"_s);
+                                cajas.responde(u"Aceptar"_s);
+                                pulsa(d, Qt::Key_F9);
+                                campo<nv::Rejilla>(d, u"vsArt"_s)->setFocus();
+                                pulsa(d, Qt::Key_Return);
+                            });
+    QCOMPARE(cajas.cajas().size(), std::size_t{1});
+    QCOMPARE(catalogo.codigo, u"2"_s);
+    QCOMPARE(catalogo.base.filas(u"SELECT Cod_Articulo FROM Articulos_Buscar"_s), QStringList{u"2"_s});
 }
 
 QTEST_MAIN(tst_Modelo4)
