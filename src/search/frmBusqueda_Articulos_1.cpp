@@ -115,6 +115,9 @@ void frmBusqueda_Articulos_1::EjecutarBusqueda()
         const QScopedValueRollback<bool> llenando(m_llenando, true);
         const nv::sql::CriteriosArticulo criterios = criteriosEscritos();
         const nv::Sentencia sentencia = consulta(criterios);
+        // What still has to be read of the former list would be read first. One that is refused unsent keeps it.
+        if (sentencia.defecto().isEmpty())
+            m_carga->cerrar();
         m_carga->mostrar(nv::ranura::exigida().Abrir(sentencia));
         recordar(sentencia);
         recordarCriterios(criterios);

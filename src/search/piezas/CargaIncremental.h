@@ -26,6 +26,8 @@ public:
     /// Shows the first block in the place of what the grid holds. Throws Error; grid and former result are then as
     /// they were.
     void mostrar(Registros registros);
+    /// Gives the open result up; the rows shown stay, no more come.
+    void cerrar() { m_registros.cerrar(); }
     /// To be told of Page Down before the grid moves: a block more on the row before the last.
     void alPaginar();
 
