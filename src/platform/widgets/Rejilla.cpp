@@ -75,7 +75,10 @@ void Rejilla::setColumnas(const std::vector<ColumnaRejilla> &columnas)
             setColumnWidth(c, anchoPrevisto(c));
         }
     }
-    updateGeometries();
+    {
+        const QScopedValueRollback<bool> guarda(m_sinAvisos, true);
+        updateGeometries();
+    }
     olvidarFilas(actual);
 }
 
