@@ -3,6 +3,7 @@
 #include "common/Error.h"
 #include "platform/datos/Catalogo.h"
 #include "platform/datos/ConexionOdbcErrores.h"
+#include "platform/datos/ConexionOdbcTextos.h"
 #include "platform/datos/ConexionOdbcValores.h"
 #include "platform/datos/DialectoServidor.h"
 #include "platform/datos/Motores.h"
@@ -15,6 +16,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -57,12 +59,28 @@ public:
 
     QVariant valor(int columna) const override
     {
-        return valorOdbc(m_consulta.value(columna), m_clases.at(static_cast<std::size_t>(columna)));
+        leerLargos(columna);
+        const auto lugar = static_cast<std::size_t>(columna);
+        return m_clases.at(lugar) == ClaseOdbc::TextoLargo ? m_largos.at(columna)
+                                                           : valorOdbc(m_consulta.value(columna), m_clases[lugar]);
     }
 
 private:
+    /// What the driver does not read whole has to be read before it goes on to the columns behind.
+    void leerLargos(int hasta) const
+    {
+        for (; m_leidas <= hasta && m_leidas < columnas(); ++m_leidas) {
+            if (m_clases[static_cast<std::size_t>(m_leidas)] != ClaseOdbc::TextoLargo)
+                continue;
+            if (!m_consulta.driver()->isOpen())
+                throw cerrada();
+            m_largos[m_leidas] = textoLargo(m_consulta, m_leidas);
+        }
+    }
+
     bool paso()
     {
+        m_leidas = 0;
         if (!m_consulta.driver()->isOpen()) {
             m_terminado = true;
             throw cerrada();
@@ -82,7 +100,9 @@ private:
     QSqlQuery m_consulta;
     QStringList m_nombres;
     std::vector<ClaseOdbc> m_clases;
-    bool m_pendiente = false; // the first row, read ahead
+    mutable std::map<int, QVariant> m_largos; // of the current row, by column
+    mutable int m_leidas = 0;                 // columns of the current row whose long texts have been read
+    bool m_pendiente = false;                 // the first row, read ahead
     bool m_terminado = false;
 };
 

@@ -14,22 +14,12 @@ namespace {
 
 using LeerDiagnostico = short (*)(short, void *, short, unsigned char *, int *, unsigned char *, short, short *);
 
-/// The driver manager's function, already in memory with Qt's driver.
-LeerDiagnostico lector()
-{
-#ifdef Q_OS_WIN
-    return reinterpret_cast<LeerDiagnostico>(QLibrary::resolve(u"odbc32"_s, "SQLGetDiagRec"));
-#else
-    return reinterpret_cast<LeerDiagnostico>(QLibrary::resolve(u"odbc"_s, 2, "SQLGetDiagRec"));
-#endif
-}
-
 /// Qt keeps the number of the last message, which may be a mere remark behind the error ("The statement has been
 /// terminated", 3621). 0 when there is none to be had.
 qint32 primerNumero(const QSqlQuery &consulta)
 {
     const QVariant manejador = consulta.result()->handle();
-    const LeerDiagnostico leer = lector();
+    static const auto leer = reinterpret_cast<LeerDiagnostico>(funcionOdbc("SQLGetDiagRec"));
     if (!leer || !manejador.canConvert<void *>() || !manejador.value<void *>())
         return 0;
     constexpr short Sentencia = 3; // SQL_HANDLE_STMT
@@ -61,6 +51,15 @@ qint32 numeroNativo(const QString &codigos)
 }
 
 } // namespace
+
+QFunctionPointer funcionOdbc(const char *nombre)
+{
+#ifdef Q_OS_WIN
+    return QLibrary::resolve(u"odbc32"_s, nombre);
+#else
+    return QLibrary::resolve(u"odbc"_s, 2, nombre);
+#endif
+}
 
 QString sinPrefijos(const QString &mensaje)
 {

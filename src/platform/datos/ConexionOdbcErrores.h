@@ -7,6 +7,9 @@ class QSqlQuery;
 
 namespace nv::datos {
 
+/// A function of the driver manager, already in memory with Qt's driver; null when it is not to be had.
+QFunctionPointer funcionOdbc(const char *nombre);
+
 /// What the driver or the server reports, with the server's own number and without the names of the drivers that the
 /// message came through.
 Error errorOdbc(const QSqlError &error);

@@ -54,7 +54,9 @@ ClaseOdbc claseOdbc(const QSqlField &campo)
     case QMetaType::Double:
         return ClaseOdbc::Decimal;
     case QMetaType::QString:
-        return campo.typeID() == SqlChar || campo.typeID() == SqlWChar ? ClaseOdbc::TextoFijo : ClaseOdbc::Otro;
+        if (campo.typeID() == SqlChar || campo.typeID() == SqlWChar)
+            return ClaseOdbc::TextoFijo;
+        return campo.length() <= 0 ? ClaseOdbc::TextoLargo : ClaseOdbc::Otro;
     default:
         return ClaseOdbc::Otro;
     }
@@ -71,6 +73,7 @@ QVariant valorOdbc(const QVariant &crudo, ClaseOdbc clase)
         return decimal(crudo);
     case ClaseOdbc::TextoFijo:
         return QVariant(sinRelleno(crudo.toString()));
+    case ClaseOdbc::TextoLargo:
     case ClaseOdbc::Otro:
         break;
     }

@@ -7,7 +7,7 @@ class QSqlField;
 namespace nv::datos {
 
 /// How the values of a column come out of the driver, and so what has to be done to them.
-enum class ClaseOdbc { Entero, Decimal, TextoFijo, Otro };
+enum class ClaseOdbc { Entero, Decimal, TextoFijo, TextoLargo, Otro };
 
 ClaseOdbc claseOdbc(const QSqlField &campo);
 

@@ -12,6 +12,8 @@ private Q_SLOTS:
     void literals_are_the_statement_s_own();
     void a_changed_table_is_read_anew_data() { motoresConDialecto(); }
     void a_changed_table_is_read_anew();
+    void notes_come_whole_data() { motoresConDialecto(); }
+    void notes_come_whole();
     void texts_compare_in_Spanish_data() { motoresConDialecto(); }
     void texts_compare_in_Spanish();
     void dates_are_day_month_year_data() { motoresConDialecto(); }
@@ -96,6 +98,26 @@ void PruebaDialecto::a_changed_table_is_read_anew()
     QVERIFY(registros.siguiente());
     QCOMPARE(registros.texto(u"nombre"), u"Acme"_s);
     QCOMPARE(registros.entero16(u"CODIGO"), 1);
+}
+
+void PruebaDialecto::notes_come_whole()
+{
+    QFETCH(Motor, motor);
+    EMPEZAR_CON_CATALOGO(motor)
+    const nv::Transaccion transaccion(conexion());
+    const QString nota = u"Línea de notas: ñÑ, á, ü, 12 €.\r\n"_s.repeated(700);
+    ejecutar(u"UPDATE Articulos SET Desc_Memo = '%1' WHERE Codigo = 1"_s.arg(nota));
+    ejecutar(u"UPDATE Articulos SET Desc_Memo = '' WHERE Codigo = 2"_s);
+    ejecutar(u"UPDATE Articulos SET Desc_Memo = NULL WHERE Codigo = 3"_s);
+    nv::Registros registros =
+        abrir(u"SELECT Codigo, Desc_Memo, Descripcion FROM Articulos WHERE Codigo < 4 ORDER BY Codigo"_s);
+    QVERIFY(registros.siguiente());
+    QCOMPARE(registros.texto(u"Descripcion"), u"TORNILLO PLANO"_s); // behind the notes, read before them
+    QCOMPARE(registros.texto(u"Desc_Memo"), nota);
+    QVERIFY(registros.siguiente());
+    QVERIFY(!registros.esNulo(u"Desc_Memo") && registros.texto(u"Desc_Memo").isEmpty());
+    QVERIFY(registros.siguiente());
+    QVERIFY(registros.esNulo(u"Desc_Memo"));
 }
 
 void PruebaDialecto::texts_compare_in_Spanish()

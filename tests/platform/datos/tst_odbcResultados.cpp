@@ -1,5 +1,7 @@
 #include "tst_odbcMotores.h"
 
+#include <QSqlQuery>
+
 #include <array>
 #include <set>
 #include <thread>
@@ -18,6 +20,9 @@ private Q_SLOTS:
     void ends_of_a_transaction();
     void table_made_again_under_an_open_list_data() { motores(); }
     void table_made_again_under_an_open_list();
+    void server_rolls_back_by_itself_data();
+    void server_rolls_back_by_itself();
+    void driver_alone_takes_one_live_result();
     void two_workstations_and_one_counter_data() { motores(); }
     void two_workstations_and_one_counter();
 };
@@ -130,6 +135,51 @@ void PruebaOdbcResultados::table_made_again_under_an_open_list()
     QVERIFY(falla([&] { ejecutar(u"DROP TABLE #NoEsta"_s); }));
     transaccion.confirmar();
     QCOMPARE(filas(u"SELECT COUNT(*) FROM #TempBA"_s), QStringList{u"4"_s});
+}
+
+void PruebaOdbcResultados::server_rolls_back_by_itself_data()
+{
+    QTest::addColumn<Motor>("motor");
+    QTest::newRow("FreeTDS") << Motor::Doble;
+    QTest::newRow("server") << Motor::Servidor;
+}
+
+void PruebaOdbcResultados::server_rolls_back_by_itself()
+{
+    QFETCH(Motor, motor);
+    EMPEZAR(motor)
+    diezFilas();
+    ejecutar(u"SET XACT_ABORT ON"_s);
+    {
+        nv::Transaccion transaccion(conexion());
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo > 5"_s);
+        QVERIFY(falla([&] { ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s); }));
+    }
+    QVERIFY(!conexion().enTransaccion());
+    QCOMPARE(filas(u"SELECT COUNT(*) FROM #Lista"_s), QStringList{u"10"_s});
+    nv::Transaccion otra(conexion());
+    ejecutar(u"DELETE FROM #Lista WHERE Codigo > 5"_s);
+    otra.confirmar();
+    QCOMPARE(filas(u"SELECT COUNT(*) FROM #Lista"_s), QStringList{u"5"_s});
+}
+
+/// What the connection's open lists are put away for. Without it the cases above would prove nothing.
+void PruebaOdbcResultados::driver_alone_takes_one_live_result()
+{
+    EMPEZAR(Motor::DobleAnfitrion)
+    diezFilas();
+    const QSqlDatabase base = QSqlDatabase::database(QSqlDatabase::connectionNames().constFirst(), false);
+    const QString lista = u"SELECT Codigo FROM #Lista ORDER BY Codigo"_s;
+    QSqlQuery una(base);
+    una.setForwardOnly(true);
+    QVERIFY(una.exec(lista) && una.next());
+    QSqlQuery otra(base);
+    otra.setForwardOnly(true);
+    QVERIFY(!otra.exec(lista));
+    QVERIFY2(otra.lastError().databaseText().contains(u"Invalid cursor state"_s),
+             qPrintable(otra.lastError().databaseText()));
+    una.finish();
+    QVERIFY(otra.exec(lista));
 }
 
 void PruebaOdbcResultados::two_workstations_and_one_counter()

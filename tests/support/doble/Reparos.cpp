@@ -74,9 +74,8 @@ QString conFechas(const QString &sentencia, OrdenFecha orden)
         const QDate dia = leida(visto, orden);
         if (!dia.isValid())
             throw Fallo{
-                242,
-                u"The conversion of a varchar data type to a datetime data type resulted in an out-of-range value."_s,
-                true};
+                FechaImposible,
+                u"The conversion of a varchar data type to a datetime data type resulted in an out-of-range value."_s};
         salida += u'\'' + dia.toString(u"dd/MM/yyyy"_s) + u'\'';
     }
     return salida;

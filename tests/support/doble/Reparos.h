@@ -9,8 +9,9 @@ struct Fallo
 {
     int numero;
     QString texto;
-    bool deshace = false; ///< the server has rolled the transaction back by itself
 };
+
+inline constexpr int FechaImposible = 242;
 
 enum class OrdenFecha { MesDiaAno, DiaMesAno };
 

@@ -62,11 +62,11 @@ QByteArray Sesion::responder(const QString &texto)
     try {
         orden(texto, respuesta);
     } catch (const Fallo &fallo) {
-        if (fallo.deshace)
+        if (m_todoONada)
             deshacer();
         respuesta = {};
         respuesta.error(fallo.numero, fallo.texto);
-        if (fallo.numero == ClaveRepetida || fallo.numero == ValorObligatorio)
+        if (fallo.numero == ClaveRepetida || fallo.numero == ValorObligatorio || fallo.numero == FechaImposible)
             respuesta.aviso(3621, u"The statement has been terminated."_s);
         respuesta.finConError();
     }
@@ -100,6 +100,8 @@ bool Sesion::ordenDeSesion(const Piezas &piezas, Respuesta &respuesta)
     if (piezas[0].es(u"SET")) {
         if (segunda == u"dateformat" && piezas.size() > 2)
             m_fechas = piezas[2].es(u"dmy") ? OrdenFecha::DiaMesAno : OrdenFecha::MesDiaAno;
+        else if (segunda == u"xact_abort" && piezas.size() > 2)
+            m_todoONada = piezas[2].es(u"ON");
         respuesta.fin();
     } else if (piezas[0].es(u"KILL")) {
         if (!m_matar(segunda.toInt()))

@@ -36,6 +36,7 @@ private:
     std::unique_ptr<Conexion> m_conexion;
     QHash<QString, std::vector<Columna>> m_propias; // its #tables
     OrdenFecha m_fechas = OrdenFecha::MesDiaAno;    // until the session says otherwise
+    bool m_todoONada = false;                       // any error rolls its transaction back
     int m_nivel = 0;                                // transactions begun
 };
 
