@@ -127,6 +127,12 @@ void tst_Modelo6::details_show_the_assortment_state()
                                 for (const QString &nombre : {u"lblSurtBloqGeneral"_s, u"lblSurtObligatorio"_s})
                                     QCOMPARE(campo(d, nombre)->isVisible(), nombre == aviso);
                                 retratar(d, u"modelo6_%1"_s.arg(obligatorio));
+                                // Taken from the warehouse meanwhile.
+                                catalogo.base.ejecutar(u"DELETE FROM Surtidos_Almacen"_s);
+                                d.EjecutarBusqueda();
+                                QCOMPARE(campo<nvCheckBox>(d, u"chkSurtBloqueado"_s)->Value(), bloqueo);
+                                QVERIFY(campo(d, u"lblSurtBloqGeneral"_s)->isHidden());
+                                QVERIFY(campo(d, u"lblSurtObligatorio"_s)->isHidden());
                             });
 }
 
