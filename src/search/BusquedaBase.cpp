@@ -38,7 +38,7 @@ void BusquedaBase::MostrarModal()
 
 void BusquedaBase::Aceptar()
 {
-    if (m_rejilla->filaActual() < 1)
+    if (!puedeAceptar())
         return;
     mensajes::guardar(this, tituloAceptar(), [this] {
         const Eleccion elegido = eleccion();
@@ -46,6 +46,7 @@ void BusquedaBase::Aceptar()
         Descripcion = elegido.descripcion;
         if (GuardarBusqueda)
             copiar();
+        alAceptar();
         hide();
     });
 }
@@ -65,6 +66,11 @@ void BusquedaBase::keyPressEvent(QKeyEvent *evento)
         boton->click();
     else
         QDialog::keyPressEvent(evento);
+}
+
+bool BusquedaBase::puedeAceptar() const
+{
+    return m_rejilla->filaActual() >= 1;
 }
 
 Eleccion BusquedaBase::eleccion() const

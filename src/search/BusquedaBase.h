@@ -23,8 +23,8 @@ public:
     void MostrarModal() override;
 
 public Q_SLOTS:
-    /// Nothing while there is no item row or the heading is current. Otherwise collects the choice, copies the search
-    /// if asked to, and hides; a failure is shown and leaves the dialog open.
+    /// Nothing while it may not accept. Otherwise collects the choice, copies the search if asked to, and hides; a
+    /// failure is shown and leaves the dialog open.
     void Aceptar();
     /// Cancel, however it is asked for: the button, Esc, the window's cross.
     void reject() override;
@@ -34,9 +34,13 @@ protected:
 
     /// Fills the form from the properties; every failure is the dialog's own to show.
     virtual void cargar() = 0;
+    /// Whether Accept has anything to do: an item row is current.
+    virtual bool puedeAceptar() const;
     /// The choice that Accept returns.
     virtual Eleccion eleccion() const;
     virtual ColumnasEleccion columnasEleccion() const = 0;
+    /// The search is copied, the dialog about to hide.
+    virtual void alAceptar() {}
     /// Title of a failing Accept.
     virtual QString tituloAceptar() const;
     /// Title of a failing search.

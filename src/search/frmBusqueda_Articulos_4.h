@@ -37,6 +37,8 @@ protected:
     frmBusqueda_Articulos_4(QWidget *padre, std::vector<nv::ColumnaRejilla> columnas);
 
     void cargar() override;
+    /// Marks are taken wherever the current row is; none of them is no choice.
+    bool puedeAceptar() const override { return MultiResultado || BusquedaBase::puedeAceptar(); }
     nv::Eleccion eleccion() const override;
     nv::ColumnasEleccion columnasEleccion() const override;
     QString tituloAceptar() const override;

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void failed_search_keeps_the_list();
     void accept_that_fails_names_the_button();
     void without_rows_accept_stays();
+    void several_results_without_marks_are_no_choice();
     void fixed_family_holds_although_a_name_cannot_be_read();
 };
 
@@ -226,7 +227,7 @@ void tst_Modelo3::accept_that_fails_names_the_button()
 void tst_Modelo3::without_rows_accept_stays()
 {
     CatalogoCriterios catalogo;
-    catalogo.abrir<Dialogo>([](Dialogo &d) { d.MultiResultado = true; },
+    catalogo.abrir<Dialogo>([](Dialogo &) {},
                             [](Dialogo &d) {
                                 QTest::mouseClick(campo(d, u"cmdAceptar"_s), Qt::LeftButton);
                                 QVERIFY(d.isVisible());
@@ -235,6 +236,20 @@ void tst_Modelo3::without_rows_accept_stays()
                                 QTest::mouseClick(campo(d, u"cmdAceptar"_s), Qt::LeftButton);
                                 QVERIFY2(d.isVisible(), "the heading is no choice");
                             });
+}
+
+void tst_Modelo3::several_results_without_marks_are_no_choice()
+{
+    CatalogoCriterios catalogo;
+    for (const bool buscada : {false, true})
+        catalogo.abrir<Dialogo>([](Dialogo &d) { d.MultiResultado = true; },
+                                [buscada](Dialogo &d) {
+                                    if (buscada)
+                                        pulsa(d, Qt::Key_F9);
+                                    QTest::mouseClick(campo(d, u"cmdAceptar"_s), Qt::LeftButton);
+                                    QVERIFY(!d.isVisible());
+                                    QCOMPARE(d.Codigo, QString());
+                                });
 }
 
 void tst_Modelo3::fixed_family_holds_although_a_name_cannot_be_read()
