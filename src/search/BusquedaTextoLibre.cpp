@@ -8,7 +8,6 @@
 #include "platform/widgets/nvTextBox.h"
 #include "search/piezas/FranjaMensaje.h"
 #include "search/piezas/Marcas.h"
-#include "search/sql/CopiaBusqueda.h"
 
 #include <QPointer>
 #include <QScopeGuard>
@@ -137,52 +136,39 @@ void BusquedaTextoLibre::recuperar(const QString &texto)
         alLlenar();
     });
     Registros registros = ranura::exigida().Abrir(sentencia);
+    // Before the rows: where reading them fails, those that came before stay and can be accepted.
+    recordar(sentencia);
     const Lector leer = lector(registros);
     while (registros.siguiente())
         filas.push_back(leer(registros));
-    m_buscada = sentencia;
-    recordar(sentencia);
+}
+
+int BusquedaTextoLibre::marcadas() const
+{
+    return MultiResultado ? m_marcas->cuantas() : 0;
+}
+
+/// A list without items is accepted too, and gives no code.
+bool BusquedaTextoLibre::puedeAceptar() const
+{
+    return rejilla()->filasDatos() == 0 || marcadas() > 0 || BusquedaBase::puedeAceptar();
 }
 
 Eleccion BusquedaTextoLibre::eleccion() const
 {
-    if (m_marcas->cuantas() == 0 || !MultiResultado)
+    if (marcadas() == 0)
         return BusquedaBase::eleccion();
-    Eleccion marcadas = eleccionMarcada(*rejilla(), columnasEleccion(), 0, u"1");
-    if (m_marcas->cuantas() == 1) {
-        marcadas.codigo.remove(0, 1);
-        marcadas.descripcion.remove(0, 1);
+    Eleccion lista = eleccionMarcada(*rejilla(), columnasEleccion(), 0, u"1");
+    if (marcadas() == 1) {
+        lista.codigo.remove(0, 1);
+        lista.descripcion.remove(0, 1);
     }
-    return marcadas;
+    return lista;
 }
 
-void BusquedaTextoLibre::confirmar()
+void BusquedaTextoLibre::alAceptar()
 {
-    const bool varios = MultiResultado && m_marcas->cuantas() > 1;
-    const QPointer<BusquedaTextoLibre> vivo(this);
-    if (rejilla()->filasDatos() == 0)
-        aceptarVacia();
-    else
-        Aceptar();
-    // Only now: a copy that failed leaves the dialog open and the property as it was.
-    if (vivo && isHidden())
-        MultiResultado = varios;
-}
-
-/// A list without items returns no code.
-void BusquedaTextoLibre::aceptarVacia()
-{
-    mensajes::guardar(this, tituloAceptar(), [this] {
-        Codigo.clear();
-        Descripcion.clear();
-        if (GuardarBusqueda && !m_buscada.vacia()) {
-            const QString terminal = cEmpresa->Terminal();
-            Conexion &conexion = ranura::exigida();
-            conexion.Ejecutar(sql::borrarCopia(terminal));
-            conexion.Ejecutar(sql::insertarCopia(terminal, cEmpresa->CodigoArticulos(), listaCopia(), m_buscada));
-        }
-        hide();
-    });
+    MultiResultado = marcadas() > 1;
 }
 
 } // namespace nv

@@ -55,7 +55,11 @@ protected:
     virtual bool hayCriterios() const;
 
     void cargar() override;
+    bool puedeAceptar() const override;
+    /// The marked rows whatever row is current, else the current row.
     Eleccion eleccion() const override;
+    /// Leaves in `MultiResultado` whether several rows are returned.
+    void alAceptar() override;
     ColumnasEleccion columnasEleccion() const override { return m_configuracion.eleccion; }
     QString tituloAceptar() const override { return m_configuracion.tituloAceptar; }
     QString tituloBusqueda() const override;
@@ -78,10 +82,9 @@ private:
     void montar();
     void conectarRejilla();
     void ajustar();
+    int marcadas() const;
     void buscarEscrito();
     void recuperar(const QString &texto);
-    void confirmar();
-    void aceptarVacia();
     void volverACaja();
     void escribirEnCaja(const QString &texto);
     void ordenarTabulacion(bool rejillaPrimero);
@@ -93,7 +96,6 @@ private:
     QHBoxLayout *m_criterios;
     Marcas *m_marcas;
     FranjaMensaje *m_franja;
-    Sentencia m_buscada; ///< of the last search that went well
     qint16 m_tarifa = 0;
     bool m_soloRefPrincipal = true;
     bool m_ajustada = false;

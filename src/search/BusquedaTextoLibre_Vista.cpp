@@ -85,17 +85,14 @@ void BusquedaTextoLibre::montar()
     columna->addLayout(m_criterios);
     columna->addWidget(rejilla(), 1);
     columna->addLayout(botonera(
-        this, [this] { confirmar(); }, [this] { reject(); }));
+        this, [this] { Aceptar(); }, [this] { reject(); }));
     setMinimumSize(twips::aPixeles(AnchoMinimo, this), twips::aPixeles(AltoMinimo, this));
     setSizeGripEnabled(true);
 }
 
 void BusquedaTextoLibre::conectarRejilla()
 {
-    // Accept here also knows lists without items and writes back whether there are several.
-    disconnect(rejilla(), &Rejilla::Intro, this, nullptr);
-    connect(rejilla(), &Rejilla::Intro, this, &BusquedaTextoLibre::confirmar);
-    connect(rejilla(), &Rejilla::DobleClic, this, &BusquedaTextoLibre::confirmar);
+    connect(rejilla(), &Rejilla::DobleClic, this, &BusquedaTextoLibre::Aceptar);
     connect(rejilla(), &Rejilla::Caracter, this, &BusquedaTextoLibre::escribirEnCaja);
     connect(rejilla(), &Rejilla::Espacio, this, [this] {
         if (MultiResultado)

@@ -50,7 +50,7 @@ private Q_SLOTS:
     void check_boxes_search_again_with_the_size_in_force();
     void size_is_taken_on_enter_only();
     void size_that_is_no_amount_is_an_error();
-    void rows_before_a_failure_stay();
+    void rows_before_a_failure_stay_and_can_be_accepted();
 
 private:
     void abrir(const std::function<void(Dialogo &)> &accion, const QString &texto = {})
@@ -206,23 +206,30 @@ void tst_Modelo5::size_that_is_no_amount_is_an_error()
     QCOMPARE(conductor.cajas()[0].texto, u"Desbordamiento."_s);
 }
 
-void tst_Modelo5::rows_before_a_failure_stay()
+void tst_Modelo5::rows_before_a_failure_stay_and_can_be_accepted()
 {
     m->base.ejecutar(u"UPDATE Tarifas SET BackColor = 99999999999 WHERE Cod_Tarifa = 3"_s);
     Conductor conductor;
     Dialogo dialogo(nullptr);
     dialogo.cEmpresa = &m->empresa;
     dialogo.Busqueda_Descripcion = u"GRANDE"_s;
+    dialogo.GuardarBusqueda = true;
     conductor.responde(u"Aceptar"_s);
     conductor.con<Dialogo>([](Dialogo &d) {
         QCOMPARE(columna(d, Codigo), QStringList(u"10"_s));
         QCOMPARE(fondos(d, 1), u"OOOOOO.OO....."_s);
-        d.reject();
+        lista(d)->setFilaActual(1);
+        QTest::keyClick(lista(d), Qt::Key_Return);
+        QVERIFY(!d.isVisible());
     });
     dialogo.MostrarModal();
     QVERIFY(conductor.terminado());
+    QCOMPARE(conductor.cajas()[0].titulo, u"Recuperar_Registros"_s);
     QCOMPARE(conductor.cajas()[0].texto, u"Desbordamiento."_s);
     QCOMPARE(conductor.cajas()[0].icono, QMessageBox::Critical);
+    QCOMPARE(dialogo.Codigo, u"10"_s);
+    QCOMPARE(m->base.filas(u"SELECT Cod_Articulo FROM Articulos_Buscar ORDER BY Cod_Articulo"_s),
+             QStringList({u"10"_s, u"12"_s}));
 }
 
 QTEST_MAIN(tst_Modelo5)

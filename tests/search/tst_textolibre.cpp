@@ -39,7 +39,7 @@ private Q_SLOTS:
     void clicks_mark_and_accept();
     void accept_returns_what_is_marked_data();
     void accept_returns_what_is_marked();
-    void accept_on_the_heading_needs_an_empty_list();
+    void accept_on_the_heading_needs_marks_or_an_empty_list();
     void saved_search_holds_every_item_found();
     void failed_copy_leaves_everything_as_it_was();
     void failed_search_leaves_the_dialog_usable();
@@ -331,27 +331,37 @@ void tst_TextoLibre::accept_returns_what_is_marked()
         });
 }
 
-void tst_TextoLibre::accept_on_the_heading_needs_an_empty_list()
+void tst_TextoLibre::accept_on_the_heading_needs_marks_or_an_empty_list()
 {
+    const auto rojos = [](Dialogo &d) {
+        varios(d);
+        d.Busqueda_Descripcion = u"ROJO"_s;
+    };
+    abrir(
+        [](Dialogo &d) {
+            lista(d)->setFilaActual(0);
+            d.Aceptar();
+            QVERIFY(d.isVisible());
+            QVERIFY(d.MultiResultado);
+            QTest::mouseClick(todas(d), Qt::LeftButton);
+            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
+            QVERIFY(!d.isVisible());
+            QCOMPARE(d.Codigo, u"|11|10|12"_s);
+            QVERIFY(d.MultiResultado);
+        },
+        rojos);
     abrir(
         [](Dialogo &d) {
             QTest::keyClick(lista(d), Qt::Key_Space);
-            lista(d)->setFilaActual(0);
-            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
-            QVERIFY(d.isVisible());
-            QVERIFY(d.MultiResultado);
             buscar(caja(d, "txtBusqueda"), u"nada de esto"_s);
             QCOMPARE(lista(d)->filasDatos(), 0);
             d.Codigo = u"9"_s;
-            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
+            d.Aceptar();
             QVERIFY(!d.isVisible());
             QCOMPARE(d.Codigo, u""_s);
             QVERIFY(!d.MultiResultado);
         },
-        [](Dialogo &d) {
-            varios(d);
-            d.Busqueda_Descripcion = u"ROJO"_s;
-        });
+        rojos);
 }
 
 void tst_TextoLibre::saved_search_holds_every_item_found()
