@@ -267,23 +267,27 @@ Consulta::Consulta(const Piezas &piezas)
 std::vector<Columna> columnasDe(const Consulta &consulta, const std::vector<Fila> &filas, const Declaradas &declaradas)
 {
     const Tipador tipador(consulta, declaradas);
-    std::vector<Columna> columnas;
+    std::vector<std::pair<QString, std::optional<TipoSql>>> previstas;
     for (const Consulta::Elemento &elemento : consulta.lista) {
-        if (!elemento.expresion.empty() && elemento.expresion.back().esSigno(u'*')) {
-            const bool deUna = elemento.expresion.size() == 3;
-            const std::vector<Columna> todas = tipador.todas(deUna ? nombreDe(elemento.expresion[0]) : QString());
-            if (todas.empty())
-                return {};
-            columnas.insert(columnas.end(), todas.begin(), todas.end());
+        if (elemento.expresion.empty() || !elemento.expresion.back().esSigno(u'*')) {
+            previstas.emplace_back(elemento.nombre, tipador.tipo(elemento.expresion));
             continue;
         }
-        const std::optional<TipoSql> declarado = tipador.tipo(elemento.expresion);
+        const bool deUna = elemento.expresion.size() == 3;
+        const std::vector<Columna> todas = tipador.todas(deUna ? nombreDe(elemento.expresion[0]) : QString());
+        if (todas.empty())
+            return {};
+        for (const Columna &columna : todas)
+            previstas.emplace_back(columna.nombre, columna.tipo);
+    }
+    if (!filas.empty() && filas.front().size() != previstas.size())
+        return {};
+    std::vector<Columna> columnas;
+    for (const auto &[nombre, tipo] : previstas) {
         const std::size_t lugar = columnas.size();
-        const bool vale = declarado && std::all_of(filas.begin(), filas.end(), [&](const Fila &fila) {
-                              return lugar < fila.size() && declarado->admite(fila[lugar]);
-                          });
-        const bool cabe = filas.empty() || lugar < filas.front().size();
-        columnas.push_back({elemento.nombre, vale ? *declarado : (cabe ? tipoPorValores(filas, lugar) : TipoSql())});
+        const bool vale = tipo && std::all_of(filas.begin(), filas.end(),
+                                              [&](const Fila &fila) { return tipo->admite(fila[lugar]); });
+        columnas.push_back({nombre, vale ? *tipo : tipoPorValores(filas, lugar)});
     }
     return columnas;
 }
