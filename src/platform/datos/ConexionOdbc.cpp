@@ -113,13 +113,15 @@ QSqlDatabase nuevaBase(const QString &nombre)
     return QSqlDatabase::addDatabase(ControladorQt, nombre);
 }
 
-/// Qt puts "DSN=" before a text that names neither a driver nor a server.
+/// Qt puts "DSN=" before a text that names neither a driver nor a server, and counts the zero behind the text as part
+/// of it: a driver may take it for the end of the last value, as of a password.
 QString paraQt(const QString &texto)
 {
     const bool conOrigen = texto.startsWith(u"DSN="_s, Qt::CaseInsensitive) &&
                            !texto.contains(u"DRIVER="_s, Qt::CaseInsensitive) &&
                            !texto.contains(u"SERVER="_s, Qt::CaseInsensitive);
-    return conOrigen ? texto.sliced(4) : texto;
+    const QString limpio = conOrigen ? texto.sliced(4) : texto;
+    return limpio.endsWith(u';') ? limpio : limpio + u';';
 }
 
 } // namespace

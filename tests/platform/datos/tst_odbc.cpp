@@ -56,6 +56,7 @@ private Q_SLOTS:
     void connection_dropped_under_the_component();
     void connection_killed_by_the_server_data();
     void connection_killed_by_the_server();
+    void last_value_of_the_text_is_taken_as_written();
     void connections_that_cannot_be_made();
     void schema_is_made_whole_or_not_at_all();
     void server_makes_the_schema_and_takes_a_catalogue_data();
@@ -231,6 +232,19 @@ void PruebaOdbc::connection_killed_by_the_server()
     soltar();
     QVERIFY(empezar(motor));
     QCOMPARE(filas(u"SELECT 1"_s), QStringList{u"1"_s});
+}
+
+/// As for a password at the end of the text: the driver must not see more of it than there is.
+void PruebaOdbc::last_value_of_the_text_is_taken_as_written()
+{
+    EMPEZAR(Motor::Doble)
+    ejecutar(u"CREATE TABLE nv_Contador (Cod_Empresa smallint NOT NULL PRIMARY KEY)"_s);
+    QStringList partes = textoDoble().split(u';', Qt::SkipEmptyParts);
+    const QStringList base = partes.filter(u"DATABASE="_s);
+    partes.removeOne(base.value(0));
+    const std::unique_ptr<nv::Conexion> otra = nv::datos::abrirOdbc((partes + base).join(u';'));
+    QCOMPARE(filasDe(*otra, u"SELECT COUNT(*) FROM nv_Contador"_s), QStringList{u"0"_s});
+    ejecutar(u"DROP TABLE nv_Contador"_s);
 }
 
 void PruebaOdbc::connections_that_cannot_be_made()

@@ -156,15 +156,16 @@ protected:
         case Motor::Anfitrion:
             return sobreAnfitrion(textoSqlite());
         case Motor::Doble:
-            return nv::datos::abrirOdbc(m_doble.texto(u"vacia"_s));
+            return nv::datos::abrirOdbc(textoDoble());
         case Motor::DobleAnfitrion:
-            return sobreAnfitrion(m_doble.texto(u"vacia"_s));
+            return sobreAnfitrion(textoDoble());
         case Motor::Servidor:
             break;
         }
         return nv::datos::abrirOdbc(m_servidor);
     }
 
+    QString textoDoble() const { return m_doble.texto(u"vacia"_s); }
     nv::Conexion &conexion() { return *m_conexion; }
     void soltar() { m_conexion.reset(); }
     qint64 ejecutar(const QString &sentencia) { return conexion().Ejecutar(Sentencia::deConsola(escrita(sentencia))); }

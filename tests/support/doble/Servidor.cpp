@@ -112,6 +112,8 @@ BaseSuite &Servidor::base(const QString &nombre)
 {
     const std::lock_guard guarda(m_cerrojo);
     const QString propio = nombre.isEmpty() ? u"pruebas"_s : nombre;
+    if (propio.contains(QChar(u'\0')))
+        throw Error{0, u"Cannot open database \"%1\" requested by the login."_s.arg(propio), {}};
     return m_bases.try_emplace(propio, QDir(m_carpeta).filePath(propio + u".nv"_s)).first->second;
 }
 
