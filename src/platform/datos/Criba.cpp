@@ -118,7 +118,8 @@ private:
         const QStringView alias = parte[1].lexema->texto;
         const QString clave = alias.toString().toLower();
         if (parte[0].es(u"Articulos")) {
-            m_articulos = m_articulos.isEmpty() ? alias.toString() : QString();
+            ++m_veces;
+            m_articulos = m_veces == 1 ? alias.toString() : QString();
             m_tablas.insert(clave, parte[0].lexema->texto.toString());
             return;
         }
@@ -135,19 +136,23 @@ private:
     }
 
     QString m_articulos;
+    int m_veces = 0; // of the items: only once are they surely the ones meant
     QHash<QString, QString> m_tablas;
 };
 
 /// The pattern of "a.columna LIKE pattern" or "ISNULL(a.columna, x) LIKE pattern" over an indexed column.
-const Ficha *patronDe(Fichas fichas, const Tablas &tablas)
+const Ficha *patronDe(Fichas fichas, const Tablas &tablas, const Ficha *&omision)
 {
+    omision = nullptr;
     fichas = sinParentesis(fichas);
     if (fichas.size() < 5 || !fichas[fichas.size() - 2].es(u"LIKE") || !fichas.back().esMarca())
         return nullptr;
     Fichas operando = fichas.first(fichas.size() - 2);
     if (operando.size() == 8 && operando[0].es(u"ISNULL") && operando[1].esSigno(u'(') && operando[5].esSigno(u',') &&
-        operando[6].esMarca())
+        operando[6].esMarca()) {
+        omision = &operando[6];
         operando = operando.subspan(2, 3);
+    }
     const bool columna = operando.size() == 3 && operando[1].esSigno(u'.') &&
                          tablas.esIndexada(operando[0].lexema->texto, operando[2].lexema->texto);
     return columna ? &fichas.back() : nullptr;
@@ -187,21 +192,26 @@ std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &l
             continue;
         }
         std::vector<std::size_t> grupo;
+        std::vector<std::size_t> omisiones;
         const std::vector<Fichas> alternativas = cortar(sinParentesis(parte), u"OR");
         for (const Fichas alternativa : alternativas) {
-            const Ficha *patron = patronDe(alternativa, tablas);
+            const Ficha *omision = nullptr;
+            const Ficha *patron = patronDe(alternativa, tablas, omision);
             // A fixed beginning already has a range of its index, which is faster.
             const bool rango = alternativas.size() == 1 && !parte[0].es(u"ISNULL") && patron &&
                                patron->lexema->texto == QChar(marca::PatronConPrefijo);
             if (!patron || rango)
                 break;
             grupo.push_back(literal[patron->lugar]);
+            if (omision)
+                omisiones.push_back(literal[omision->lugar]);
         }
         if (grupo.size() != alternativas.size())
             continue;
         if (salida.grupos.empty())
             salida.lugar = parte[0].lugar;
         salida.grupos.push_back(std::move(grupo));
+        salida.omisiones.insert(salida.omisiones.end(), omisiones.begin(), omisiones.end());
     }
     if (!conEmpresa || salida.grupos.empty())
         return {};

@@ -24,6 +24,7 @@ struct CondicionesCribables
     std::size_t empresa = 0;      ///< literal that holds the company of the items
     /// Per condition the literals with its patterns: one of them must fit, of each condition.
     std::vector<std::vector<std::size_t>> grupos;
+    std::vector<std::size_t> omisiones; ///< literals that stand in for a missing value, and may fit where nothing does
 };
 
 /// `literal` is the number of literals before each token. Nothing is found in what is only partly understood.

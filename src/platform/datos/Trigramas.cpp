@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <memory>
 #include <sqlite3.h>
 
@@ -197,10 +198,15 @@ void ponerAlDia(sqlite3 *base)
 
 std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &condiciones, const Plantilla &plantilla)
 {
+    const auto literal = [&](std::size_t cual) { return plantilla.literales[static_cast<qsizetype>(cual)]; };
+    const auto larga = [&](std::size_t cual) { return literal(cual).escrito.size() >= Largo; };
+    bool entera = false;
+    const qint64 empresa = literal(condiciones.empresa).escrito.toShort(&entera);
+    if (!entera || std::any_of(condiciones.omisiones.begin(), condiciones.omisiones.end(), larga))
+        return {};
     const QString consulta = consultaDe(condiciones, plantilla);
     if (consulta.isEmpty())
         return {};
-    const qint64 empresa = plantilla.literales[static_cast<qsizetype>(condiciones.empresa)].escrito.toLongLong();
     const Sentencia sentencia =
         preparada(base, "SELECT rowid FROM nv_Trigramas WHERE nv_Trigramas MATCH ?1 AND rowid BETWEEN ?2 AND ?3"
                         " UNION ALL SELECT Id FROM nv_Pendientes WHERE Id BETWEEN ?2 AND ?3");

@@ -210,10 +210,18 @@ void PruebaTrigramas::many_candidates_keep_the_order()
     QCOMPARE(primeros(u"tuerca"_s), (QStringList{u"899"_s, u"898"_s, u"896"_s}));
     QCOMPARE(primeros(u"perno"_s), (QStringList{u"900"_s, u"897"_s, u"894"_s}));
     QCOMPARE(primeros(u"tornillo"_s), QStringList());
+    const QString todas = u"SELECT COUNT(*) FROM Articulos a WHERE a.Cod_Empresa=%1 AND %2 LIKE '%ERNO%'"_s;
+    const auto cuantas = [&](const QString &empresa, const QString &columna) {
+        return base.filas(todas.arg(empresa, columna)).join(u' ');
+    };
+    QCOMPARE(cuantas(u"1.0"_s, u"a.Descripcion"_s), u"300"_s);
+    base.ejecutar(u"UPDATE Articulos SET Descripcion=NULL WHERE Codigo < 4"_s);
+    QCOMPARE(cuantas(u"1"_s, u"ISNULL(a.Descripcion,'')"_s), u"299"_s);
+    QCOMPARE(cuantas(u"1"_s, u"ISNULL(a.Descripcion,'invierno')"_s), u"302"_s);
     QCOMPARE(
         base.ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) SELECT '7', a.Codigo FROM Articulos a"
                       u" WHERE a.Cod_Empresa=1 AND a.Descripcion LIKE '%PERNO%'"_s),
-        300);
+        299);
 }
 
 void PruebaTrigramas::catalogue_without_index_is_given_one()
