@@ -1,8 +1,8 @@
 #include "medidas_busqueda.h"
 
 #include "Medida.h"
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/nvAlmacen.h"
 #include "platform/widgets/Rejilla.h"
 #include "search/frmBusqueda_Articulos_2.h"

@@ -3,10 +3,10 @@
 #include "Medida.h"
 #include "barcodes/clsArticulo_CBarra.h"
 #include "catalogo/Catalogo.h"
-#include "common/Conexion.h"
-#include "common/EmpresaBD.h"
-#include "common/Error.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/EmpresaBD.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
 
 #include <QCoreApplication>
 #include <QProcess>

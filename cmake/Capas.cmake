@@ -1,4 +1,4 @@
-# One static library per layer, from every source below its folder.
+# One object library per layer, from every source below its folder; all of them go into the one library `nvArticulo`.
 add_library(nv_avisos INTERFACE)
 target_compile_options(nv_avisos INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 target_compile_definitions(
@@ -13,19 +13,15 @@ if(NV_SANEADORES)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# What only this project may include.
+add_library(nv_interno INTERFACE)
+target_include_directories(nv_interno INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
 function(nv_capa nombre carpeta)
   file(GLOB_RECURSE fuentes CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${carpeta}/*.cpp
        ${PROJECT_SOURCE_DIR}/${carpeta}/*.h ${PROJECT_SOURCE_DIR}/${carpeta}/*.qrc)
-  if(NOT fuentes)
-    return()
-  endif()
-  add_library(nv_${nombre} STATIC ${fuentes})
-  target_include_directories(nv_${nombre} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
-                                                  $<INSTALL_INTERFACE:include/nvArticulo>)
-  target_link_libraries(
-    nv_${nombre}
-    PUBLIC ${ARGN}
-    PRIVATE $<BUILD_INTERFACE:nv_avisos>)
-  set_target_properties(nv_${nombre} PROPERTIES EXPORT_NAME ${nombre})
-  install(TARGETS nv_${nombre} EXPORT nvArticuloTargets ARCHIVE DESTINATION lib)
+  add_library(nv_${nombre} OBJECT ${fuentes})
+  target_include_directories(nv_${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/include)
+  target_link_libraries(nv_${nombre} PRIVATE ${ARGN} nv_interno nv_avisos)
+  target_sources(nvArticulo PRIVATE $<TARGET_OBJECTS:nv_${nombre}>)
 endfunction()

@@ -1,8 +1,8 @@
 #include "Base.h"
 
 #include "catalogo/Catalogo.h"
-#include "common/Error.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,13 +15,6 @@ namespace nv {
 
 namespace {
 
-/// Half-made files of a first start that was given up or failed.
-void borrarArchivo(const QString &ruta)
-{
-    for (const QString &cola : {QString(), u"-wal"_s, u"-shm"_s})
-        QFile::remove(ruta + cola);
-}
-
 /// `dirImagenes` empty: no pictures.
 void generarConAviso(Conexion &conexion, const QString &dirImagenes, int articulos, QWidget *padre)
 {
@@ -30,22 +23,12 @@ void generarConAviso(Conexion &conexion, const QString &dirImagenes, int articul
     aviso.setWindowModality(Qt::ApplicationModal);
     aviso.setMinimumDuration(300);
     aviso.setMinimumWidth(380);
-    OpcionesCatalogo opciones;
-    opciones.articulos = articulos;
-    opciones.dia = QDate::currentDate();
-    opciones.dirImagenes = dirImagenes;
-    opciones.progreso = [&aviso](int hechos, int) {
+    const auto progreso = [&aviso](int hechos, int) {
         aviso.setValue(hechos);
         return !aviso.wasCanceled();
     };
-    if (!generarCatalogo(conexion, opciones))
+    if (!generarCatalogo(conexion, {articulos, QDate::currentDate(), dirImagenes, progreso}))
         throw Error{0, u"No se ha preparado el catálogo de demostración."_s, u"Base"_s};
-}
-
-QString imagenesDe(const QString &ruta)
-{
-    const QFileInfo archivo(ruta);
-    return archivo.absoluteDir().filePath(archivo.completeBaseName() + u"_imagenes"_s);
 }
 
 void exigirEmpresa(EmpresaBD &empresa)
@@ -55,81 +38,67 @@ void exigirEmpresa(EmpresaBD &empresa)
 
 } // namespace
 
-Base::~Base()
-{
-    // The connection closes its file before the folder goes.
-    m_empresa.reset();
-    m_conexion.reset();
-}
-
-Base &Base::operator=(Base &&otra) noexcept
-{
-    m_empresa = std::move(otra.m_empresa);
-    m_conexion = std::move(otra.m_conexion);
-    m_carpeta = std::move(otra.m_carpeta);
-    m_ruta = std::move(otra.m_ruta);
-    return *this;
-}
+Base::Base(std::unique_ptr<Conexion> conexion, const QString &ruta)
+    : m_conexion(std::move(conexion))
+    , m_empresa(*m_conexion, EmpresaDemostracion)
+    , m_parametros(*m_conexion)
+    , m_ruta(ruta)
+{}
 
 QString Base::rutaHabitual()
 {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(u"demostracion.nv"_s);
 }
 
-Base Base::abrirExistente(const QString &ruta)
+std::unique_ptr<Base> Base::abrirExistente(const QString &ruta)
 {
     if (!QFileInfo(ruta).isFile())
         throw Error{0, u"No existe el archivo «%1»."_s.arg(QDir::toNativeSeparators(ruta)), u"Base"_s};
     return abrir(ruta, 0, nullptr);
 }
 
-Base Base::abrir(const QString &ruta, int articulos, QWidget *padre)
+std::unique_ptr<Base> Base::abrir(const QString &ruta, int articulos, QWidget *padre)
 {
-    const bool nuevo = !QFileInfo::exists(ruta);
-    if (nuevo && !QDir().mkpath(QFileInfo(ruta).absolutePath()))
+    const QFileInfo archivo(ruta);
+    const bool nuevo = !archivo.exists();
+    if (nuevo && !QDir().mkpath(archivo.absolutePath()))
         throw Error{0, u"No se puede crear la carpeta de «%1»."_s.arg(QDir::toNativeSeparators(ruta)), u"Base"_s};
-    Base base;
-    base.m_ruta = ruta;
     try {
-        base.m_conexion = datos::abrirEmbebida(ruta);
-        if (nuevo)
-            generarConAviso(*base.m_conexion, imagenesDe(ruta), articulos, padre);
-        base.m_empresa = std::make_unique<EmpresaBD>(*base.m_conexion, EmpresaDemostracion);
-        if (tieneEmpresa(*base.m_conexion))
-            exigirEmpresa(*base.m_empresa);
-        else
-            generarConAviso(*base.m_conexion, imagenesDe(ruta), articulos, padre);
+        std::unique_ptr<Base> base(new Base(datos::abrirEmbebida(ruta), ruta));
+        if (nuevo || !tieneEmpresa(base->conexion()))
+            generarConAviso(base->conexion(),
+                            archivo.absoluteDir().filePath(archivo.completeBaseName() + u"_imagenes"_s), articulos,
+                            padre);
+        exigirEmpresa(base->empresa());
+        return base;
     } catch (const Error &) {
-        base.m_empresa.reset();
-        base.m_conexion.reset();
-        if (nuevo)
-            borrarArchivo(ruta);
+        // Half-made files of a first start that was given up or failed.
+        for (const QString &cola : {QString(), u"-wal"_s, u"-shm"_s}) {
+            if (nuevo)
+                QFile::remove(ruta + cola);
+        }
         throw;
     }
-    return base;
 }
 
-Base Base::enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre)
+std::unique_ptr<Base> Base::enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre)
 {
-    Base base;
-    base.m_ruta = u"ODBC"_s;
-    base.m_conexion = datos::abrirOdbc(textoConexion);
+    std::unique_ptr<Base> base(new Base(datos::abrirOdbc(textoConexion), u"ODBC"_s));
     if (crear) {
-        datos::crearEsquema(*base.m_conexion);
-        generarConAviso(*base.m_conexion, {}, articulos, padre);
+        datos::crearEsquema(base->conexion());
+        generarConAviso(base->conexion(), {}, articulos, padre);
     }
-    base.m_empresa = std::make_unique<EmpresaBD>(*base.m_conexion, EmpresaDemostracion);
-    exigirEmpresa(*base.m_empresa);
+    exigirEmpresa(base->empresa());
     return base;
 }
 
-Base Base::enTemporal(int articulos, QWidget *padre)
+std::unique_ptr<Base> Base::enTemporal(int articulos, QWidget *padre)
 {
     auto carpeta = std::make_unique<QTemporaryDir>();
     if (!carpeta->isValid())
         throw Error{0, u"No se puede crear una carpeta temporal: %1"_s.arg(carpeta->errorString()), u"Base"_s};
-    Base base = abrir(carpeta->filePath(u"temporal.nv"_s), articulos, padre);
-    base.m_carpeta = std::move(carpeta);
+    std::unique_ptr<Base> base = abrir(carpeta->filePath(u"temporal.nv"_s), articulos, padre);
+    base->m_carpeta = std::move(carpeta);
     return base;
 }
 

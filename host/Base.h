@@ -1,11 +1,10 @@
 #pragma once
 
-#include "common/Conexion.h"
-#include "common/EmpresaBD.h"
+#include "ParametrosBD.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/EmpresaBD.h"
 
-#include <QString>
 #include <QTemporaryDir>
-#include <functional>
 #include <memory>
 
 class QWidget;
@@ -13,37 +12,35 @@ class QWidget;
 namespace nv {
 
 /// The catalogue that the host works on: connection, company and, for a temporary one, the folder that goes with it.
+/// Where one is made with `articulos` items of the demonstration, a progress box stands on top of `padre` meanwhile.
 class Base
 {
 public:
-    Base() = default;
-    Base(Base &&) = default;
-    Base &operator=(Base &&otra) noexcept;
-    ~Base();
-
-    bool abierta() const { return m_conexion != nullptr; }
     Conexion &conexion() { return *m_conexion; }
-    EmpresaBD &empresa() { return *m_empresa; }
+    EmpresaBD &empresa() { return m_empresa; }
+    ParametrosBD &parametros() { return m_parametros; }
     const QString &ruta() const { return m_ruta; }
     bool temporal() const { return m_carpeta != nullptr; }
 
-    /// A file of the demonstration; one that does not exist is made with `articulos` items, with a progress box on top
-    /// of `padre` while that takes. Throws Error.
-    static Base abrir(const QString &ruta, int articulos, QWidget *padre);
+    /// A file of the demonstration; one that does not exist is made. Throws Error.
+    static std::unique_ptr<Base> abrir(const QString &ruta, int articulos, QWidget *padre);
     /// An existing file only: a mistyped name is no wish for a new catalogue. Throws Error.
-    static Base abrirExistente(const QString &ruta);
+    static std::unique_ptr<Base> abrirExistente(const QString &ruta);
     /// In a folder that goes when the object does. Throws Error.
-    static Base enTemporal(int articulos, QWidget *padre);
-    /// A database of the server, by its ODBC connection text. `crear` makes the schema in an empty one and fills it with
-    /// `articulos` items of the demonstration, without pictures. Throws Error.
-    static Base enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre);
+    static std::unique_ptr<Base> enTemporal(int articulos, QWidget *padre);
+    /// A database of the server, by its ODBC connection text. `crear` makes the schema in an empty one and fills it,
+    /// without pictures. Throws Error.
+    static std::unique_ptr<Base> enServidor(const QString &textoConexion, bool crear, int articulos, QWidget *padre);
     /// In the user's data folder.
     static QString rutaHabitual();
 
 private:
-    std::unique_ptr<QTemporaryDir> m_carpeta;
+    Base(std::unique_ptr<Conexion> conexion, const QString &ruta);
+
+    std::unique_ptr<QTemporaryDir> m_carpeta; ///< outlives the connection, which closes its file
     std::unique_ptr<Conexion> m_conexion;
-    std::unique_ptr<EmpresaBD> m_empresa;
+    EmpresaBD m_empresa;
+    ParametrosBD m_parametros;
     QString m_ruta;
 };
 

@@ -1,46 +1,34 @@
 #include "PanelAjustes.h"
 
-#include "common/Conexion.h"
-#include "common/EmpresaBD.h"
-#include "control/nvArticulo.h"
+#include "Base.h"
+#include "Formas.h"
+#include "nvArticulo/nvArticulo.h"
 #include "platform/pickers/nvProveedor.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QComboBox>
-#include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
-namespace {
+using namespace formas;
 
 const QString ClaveModelo = u"BusquedaArticulos"_s;
-
 /// Of the search dialogs, by model.
-QStringList nombresModelos()
-{
-    return {u"0 - Descripción, código, referencia y familia"_s,
-            u"1 - Precios y existencias, varias marcas"_s,
-            u"2 - Texto libre con existencias y precios"_s,
-            u"3 - Proveedor, familia y marca"_s,
-            u"4 - Almacén y más vendidos"_s,
-            u"5 - Existencias por almacén y ofertas"_s,
-            u"6 - Surtido del almacén"_s,
-            u"7 - Texto libre con marca"_s,
-            u"8 - Texto libre, a la venta por familia"_s};
-}
-
-} // namespace
+constexpr auto Modelos = u"0 - Descripción, código, referencia y familia|1 - Precios y existencias, varias marcas|"
+                         u"2 - Texto libre con existencias y precios|3 - Proveedor, familia y marca|"
+                         u"4 - Almacén y más vendidos|5 - Existencias por almacén y ofertas|6 - Surtido del almacén|"
+                         u"7 - Texto libre con marca|8 - Texto libre, a la venta por familia";
 
 PanelAjustes::PanelAjustes(QWidget *padre)
     : QWidget(padre)
+    , m_modelo(nombrado<QComboBox>(u"cboModelo"_s))
+    , m_proveedor(nombrado<nvProveedor>(u"txtProveedor"_s))
 {
     auto *columna = new QVBoxLayout(this);
     columna->addWidget(grupoEmpresa());
@@ -48,80 +36,29 @@ PanelAjustes::PanelAjustes(QWidget *padre)
     columna->addStretch();
 }
 
-nvCheckBox *PanelAjustes::casilla(const QString &nombre, const QString &texto, std::function<bool()> leer,
-                                  std::function<void(bool)> escribir)
-{
-    auto *caja = new nvCheckBox(texto);
-    caja->setObjectName(nombre);
-    m_casillas.push_back({caja, std::move(leer), escribir});
-    connect(caja, &QCheckBox::toggled, this, [this, escribir = std::move(escribir)](bool marcada) {
-        if (m_leyendo || !m_empresa)
-            return;
-        if (!mensajes::guardar(window(), u"Ajustes"_s, [&] { escribir(marcada); }))
-            releer();
-    });
-    return caja;
-}
-
-nvCheckBox *PanelAjustes::ajuste(const QString &clave, const QString &texto)
-{
-    return casilla(
-        u"chk"_s + clave, texto, [this, clave] { return m_empresa->ValorBooleano(clave); },
-        [this, clave](bool marcada) { m_empresa->PonerValor(clave, marcada ? u"1"_s : u"0"_s); });
-}
-
-bool PanelAjustes::denegado(int control) const
-{
-    Sentencia s(u"SELECT Permiso FROM SGD_Controles_Grupos WHERE Cod_Formulario = 1 AND Cod_Control =");
-    s << control << u" AND Permiso > 0";
-    return m_conexion->Abrir(s).siguiente();
-}
-
-void PanelAjustes::denegar(int control, bool denegado)
-{
-    Sentencia fuera(u"DELETE FROM SGD_Controles_Grupos WHERE Cod_Formulario = 1 AND Cod_Control =");
-    m_conexion->Ejecutar(fuera << control);
-    if (denegado) {
-        Sentencia fila(
-            u"INSERT INTO SGD_Controles_Grupos (Cod_Formulario, Cod_Control, Cod_Grupo, Permiso) VALUES (1, ");
-        m_conexion->Ejecutar(fila << control << u", 1, 1)");
-    }
-    // Permissions are asked for once in the life of a box.
-    Q_EMIT ArticuloCaducado();
-}
-
-nvCheckBox *PanelAjustes::permiso(const QString &nombre, const QString &texto, int control)
-{
-    return casilla(
-        nombre, texto, [this, control] { return !denegado(control); },
-        [this, control](bool marcada) { denegar(control, !marcada); });
-}
-
 QWidget *PanelAjustes::grupoEmpresa()
 {
-    auto *grupo = new QGroupBox(u"Empresa"_s);
-    m_modelo = new QComboBox;
-    m_modelo->setObjectName(u"cboModelo"_s);
-    m_modelo->addItems(nombresModelos());
+    m_modelo->addItems(QString::fromUtf16(Modelos).split(u'|'));
     m_modelo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_modelo->setMinimumContentsLength(20);
-    connect(m_modelo, &QComboBox::currentIndexChanged, this, &PanelAjustes::cambiarModelo);
-
-    auto *etiqueta = new QLabel(u"Modelo de &búsqueda:"_s);
-    etiqueta->setBuddy(m_modelo);
+    m_modelo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    connect(m_modelo, &QComboBox::currentIndexChanged, this, [this](int modelo) {
+        escribir([&] {
+            m_base->empresa().PonerValor(ClaveModelo, QString::number(modelo));
+            m_articulo->setModelo(static_cast<qint16>(modelo));
+        });
+    });
+    auto *grupo = new QGroupBox(u"Empresa"_s);
     auto *columna = new QVBoxLayout(grupo);
-    auto *fila = new QHBoxLayout;
-    fila->addWidget(etiqueta);
-    fila->addWidget(m_modelo, 1);
-    columna->addLayout(fila);
+    columna->addLayout(enFila({rotulo(u"Modelo de &búsqueda:"_s, m_modelo), m_modelo}));
     columna->addWidget(ajuste(u"EsUlvaro"_s, u"Edición de moda (EsUlvaro)"_s));
     columna->addWidget(casilla(
         u"chkOrdenCualidades"_s, u"En los códigos, posiciones 9-10 = X y 11-12 = Y"_s,
-        [this] { return m_empresa->OrdenCualidades(); },
+        [this] { return m_base->empresa().OrdenCualidades(); },
         [this](bool marcada) {
             Sentencia s(u"UPDATE Empresas SET OrdenCualidades =");
-            m_conexion->Ejecutar(s << (marcada ? 1 : 0) << u" WHERE Codigo =" << m_empresa->Codigo());
-            m_empresa->Recargar();
+            m_base->conexion().Ejecutar(s << int(marcada) << u" WHERE Codigo =" << m_base->empresa().Codigo());
+            m_base->empresa().Recargar();
         }));
     columna->addWidget(ajuste(u"OficinaCentral"_s, u"&Oficina central"_s));
     columna->addWidget(permiso(u"chkPermisoReferencias"_s, u"Permiso para crear referencias"_s, 19));
@@ -131,71 +68,84 @@ QWidget *PanelAjustes::grupoEmpresa()
 
 QWidget *PanelAjustes::grupoArticulo()
 {
-    auto *grupo = new QGroupBox(u"Caja de artículo"_s);
     auto *rejilla = new QGridLayout;
-    const auto propiedad = [this](const QString &nombre, bool (nvArticulo::*leer)() const,
-                                  void (nvArticulo::*escribir)(bool)) {
-        return casilla(
-            u"chk"_s + nombre, nombre, [this, leer] { return m_articulo && ((*m_articulo).*leer)(); },
-            [this, escribir](bool marcada) {
-                if (m_articulo)
-                    ((*m_articulo).*escribir)(marcada);
-            });
-    };
-    const auto campo = [this](const QString &nombre, bool nvArticulo::*miembro) {
-        return casilla(
-            u"chk"_s + nombre, nombre, [this, miembro] { return m_articulo && (*m_articulo).*miembro; },
-            [this, miembro](bool marcada) {
-                if (m_articulo)
-                    (*m_articulo).*miembro = marcada;
-            });
-    };
-    const std::vector<nvCheckBox *> cajas{
-        propiedad(u"Vital"_s, &nvArticulo::Vital, &nvArticulo::setVital),
-        propiedad(u"Inicial"_s, &nvArticulo::Inicial, &nvArticulo::setInicial),
-        campo(u"DejarEnBlanco"_s, &nvArticulo::DejarEnBlanco),
-        campo(u"MultiResultado"_s, &nvArticulo::MultiResultado),
-        campo(u"SeleccionarTodo"_s, &nvArticulo::SeleccionarTodo),
-        campo(u"GuardarBusqueda"_s, &nvArticulo::GuardarBusqueda),
-        propiedad(u"KeyUpChangeFocus"_s, &nvArticulo::KeyUpChangeFocus, &nvArticulo::setKeyUpChangeFocus),
-        propiedad(u"Locked"_s, &nvArticulo::Locked, &nvArticulo::setLocked),
-    };
-    for (std::size_t i = 0; i < cajas.size(); ++i)
-        rejilla->addWidget(cajas[i], static_cast<int>(i / 2), static_cast<int>(i % 2));
-
-    m_escaner = casilla(
-        u"chkEscaner"_s, u"Modo &escáner"_s, [this] { return m_articulo && !m_articulo->KeyEnterChangeFocus(); },
-        [this](bool marcada) {
-            if (m_articulo)
-                m_articulo->setKeyEnterChangeFocus(!marcada);
-            Q_EMIT ModoEscaner(marcada);
-        });
-    m_escaner->setToolTip(u"Cada artículo leído es una línea de una unidad."_s);
-    m_proveedor = new nvProveedor;
-    m_proveedor->setObjectName(u"txtProveedor"_s);
-    connect(m_proveedor, &SelectorCodigo::Cambio, this, [this] {
-        if (m_articulo && !m_leyendo)
-            m_articulo->setProveedor(m_proveedor->Codigo());
-    });
-    auto *etiqueta = new QLabel(u"&Proveedor:"_s);
-    etiqueta->setBuddy(m_proveedor->caja());
-    auto *fila = new QHBoxLayout;
-    fila->addWidget(etiqueta);
-    fila->addWidget(m_proveedor, 1);
-
+    int lugar = 0;
+    for (const char *nombre : {"Vital", "Inicial", "DejarEnBlanco", "MultiResultado", "SeleccionarTodo",
+                               "GuardarBusqueda", "KeyUpChangeFocus", "Locked"}) {
+        rejilla->addWidget(propiedad(nombre), lugar / 2, lugar % 2);
+        ++lugar;
+    }
+    m_proveedor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    connect(m_proveedor, &SelectorCodigo::Cambio, this,
+            [this] { escribir([this] { m_articulo->setProveedor(m_proveedor->Codigo()); }); });
+    auto *grupo = new QGroupBox(u"Caja de artículo"_s);
     auto *columna = new QVBoxLayout(grupo);
     columna->addLayout(rejilla);
-    columna->addLayout(fila);
+    columna->addLayout(enFila({rotulo(u"&Proveedor:"_s, m_proveedor->caja()), m_proveedor}));
     return grupo;
 }
 
-void PanelAjustes::setOrigen(Conexion *conexion, EmpresaBD *empresa)
+nvCheckBox *PanelAjustes::casilla(const QString &nombre, const QString &texto, std::function<bool()> leer,
+                                  std::function<void(bool)> cambiar)
 {
-    m_conexion = conexion;
-    m_empresa = empresa;
-    m_proveedor->setConexion(conexion);
-    m_proveedor->setcEmpresa(empresa);
-    setEnabled(empresa != nullptr);
+    auto *caja = nombrado<nvCheckBox>(nombre, texto);
+    m_lecturas.push_back([caja, leer = std::move(leer)] { caja->setChecked(leer()); });
+    connect(caja, &QCheckBox::toggled, this,
+            [this, cambiar = std::move(cambiar)](bool marcada) { escribir([&] { cambiar(marcada); }); });
+    return caja;
+}
+
+nvCheckBox *PanelAjustes::ajuste(const QString &clave, const QString &texto)
+{
+    return casilla(
+        u"chk"_s + clave, texto, [this, clave] { return m_base->empresa().ValorBooleano(clave); },
+        [this, clave](bool marcada) { m_base->empresa().PonerValor(clave, QString::number(marcada)); });
+}
+
+/// A row denies.
+nvCheckBox *PanelAjustes::permiso(const QString &nombre, const QString &texto, int control)
+{
+    const auto leer = [this, control] {
+        Sentencia s(u"SELECT Permiso FROM SGD_Controles_Grupos WHERE Cod_Formulario = 1 AND Cod_Control =");
+        return !m_base->conexion().Abrir(s << control << u" AND Permiso > 0").siguiente();
+    };
+    const auto cambiar = [this, control](bool concedido) {
+        Conexion &conexion = m_base->conexion();
+        Transaccion transaccion(conexion);
+        Sentencia fuera(u"DELETE FROM SGD_Controles_Grupos WHERE Cod_Formulario = 1 AND Cod_Control =");
+        conexion.Ejecutar(fuera << control);
+        Sentencia fila(
+            u"INSERT INTO SGD_Controles_Grupos (Cod_Formulario, Cod_Control, Cod_Grupo, Permiso) VALUES (1, ");
+        if (!concedido)
+            conexion.Ejecutar(fila << control << u", 1, 1)");
+        transaccion.confirmar();
+        // Permissions are asked for once in the life of a box.
+        Q_EMIT ArticuloCaducado();
+    };
+    return casilla(nombre, texto, leer, cambiar);
+}
+
+nvCheckBox *PanelAjustes::propiedad(const QByteArray &nombre)
+{
+    return casilla(
+        u"chk"_s + QString::fromLatin1(nombre), QString::fromLatin1(nombre),
+        [this, nombre] { return m_articulo->property(nombre).toBool(); },
+        [this, nombre](bool marcada) { m_articulo->setProperty(nombre, marcada); });
+}
+
+/// Nothing while the panel reads; a change that fails shows again what is set.
+void PanelAjustes::escribir(const std::function<void()> &cambio)
+{
+    if (!m_leyendo && m_base && m_articulo && !mensajes::guardar(window(), u"Ajustes"_s, cambio))
+        releer();
+}
+
+void PanelAjustes::setBase(Base *base)
+{
+    m_base = base;
+    m_proveedor->setConexion(base ? &base->conexion() : nullptr);
+    m_proveedor->setcEmpresa(base ? &base->empresa() : nullptr);
+    setEnabled(base != nullptr);
 }
 
 void PanelAjustes::setArticulo(nvArticulo *articulo)
@@ -203,32 +153,16 @@ void PanelAjustes::setArticulo(nvArticulo *articulo)
     m_articulo = articulo;
 }
 
-nvCheckBox *PanelAjustes::casillaEscaner() const
-{
-    return m_escaner;
-}
-
-void PanelAjustes::cambiarModelo(int modelo)
-{
-    if (m_leyendo || !m_empresa || modelo < 0)
-        return;
-    mensajes::guardar(window(), u"Ajustes"_s, [&] {
-        m_empresa->PonerValor(ClaveModelo, QString::number(modelo));
-        if (m_articulo)
-            m_articulo->setModelo(static_cast<qint16>(modelo));
-    });
-}
-
 void PanelAjustes::releer()
 {
-    if (!m_empresa)
+    if (!m_base || !m_articulo)
         return;
     m_leyendo = true;
     mensajes::guardar(window(), u"Ajustes"_s, [this] {
-        m_modelo->setCurrentIndex(m_empresa->ValorEntero16(ClaveModelo));
-        for (const Casilla &casilla : m_casillas)
-            casilla.caja->setChecked(casilla.leer());
-        if (m_articulo && m_proveedor->Codigo() != m_articulo->Proveedor())
+        m_modelo->setCurrentIndex(m_base->empresa().ValorEntero16(ClaveModelo));
+        for (const auto &leer : m_lecturas)
+            leer();
+        if (m_proveedor->Codigo() != m_articulo->Proveedor())
             m_proveedor->setCodigo(m_articulo->Proveedor());
         m_proveedor->Cargar();
     });

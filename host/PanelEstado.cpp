@@ -1,100 +1,61 @@
 #include "PanelEstado.h"
 
-#include "control/nvArticulo.h"
+#include "Formas.h"
+#include "Propiedades.h"
+#include "nvArticulo/nvArticulo.h"
 
 #include <QFontDatabase>
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
-#include <QVBoxLayout>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
-namespace {
+using namespace formas;
 
 constexpr int LineasGuardadas = 1000;
 
-QString siNo(bool valor)
-{
-    return valor ? u"True"_s : u"False"_s;
-}
-
-struct Propiedad
-{
-    const char16_t *nombre;
-    QString (*leer)(nvArticulo &);
-};
-
-constexpr std::array<Propiedad, 13> Propiedades{{
-    {u"Text", [](nvArticulo &a) { return a.Text(); }},
-    {u"Codigo", [](nvArticulo &a) { return a.Codigo(); }},
-    {u"Nombre", [](nvArticulo &a) { return a.Nombre(); }},
-    {u"Existe", [](nvArticulo &a) { return siNo(a.Existe()); }},
-    {u"Pendiente", [](nvArticulo &a) { return siNo(a.Pendiente()); }},
-    {u"TieneCualidad", [](nvArticulo &a) { return siNo(a.TieneCualidad()); }},
-    {u"Valor_CualidadX", [](nvArticulo &a) { return QString::number(a.Valor_CualidadX()); }},
-    {u"Valor_CualidadY", [](nvArticulo &a) { return QString::number(a.Valor_CualidadY()); }},
-    {u"Nombre_CualidadX", [](nvArticulo &a) { return a.Nombre_CualidadX(); }},
-    {u"Nombre_CualidadY", [](nvArticulo &a) { return a.Nombre_CualidadY(); }},
-    {u"Proveedor", [](nvArticulo &a) { return QString::number(a.Proveedor()); }},
-    {u"MultiCodigo", [](nvArticulo &a) { return a.MultiCodigo(); }},
-    {u"MultiDescripcion", [](nvArticulo &a) { return a.MultiDescripcion(); }},
-}};
-
-} // namespace
-
-PanelEstado::PanelEstado(QWidget *padre)
-    : QWidget(padre)
+QWidget *PanelEstado::grupoComponente()
 {
     auto *grupo = new QGroupBox(u"Componente"_s);
-    auto *rejilla = new QGridLayout(grupo);
-    rejilla->setColumnStretch(1, 1);
-    rejilla->setVerticalSpacing(2);
-    for (const Propiedad &propiedad : Propiedades) {
-        const QString nombre = QString::fromUtf16(propiedad.nombre);
-        const int fila = static_cast<int>(m_valores.size());
+    auto *formulario = new QFormLayout(grupo);
+    formulario->setVerticalSpacing(2);
+    for (const QString &nombre : {u"Text"_s, u"Codigo"_s, u"Nombre"_s, u"Existe"_s, u"Pendiente"_s, u"TieneCualidad"_s,
+                                  u"Valor_CualidadX"_s, u"Valor_CualidadY"_s, u"Nombre_CualidadX"_s,
+                                  u"Nombre_CualidadY"_s, u"Proveedor"_s, u"MultiCodigo"_s, u"MultiDescripcion"_s}) {
         auto *titulo = new QLabel(nombre);
         titulo->setForegroundRole(QPalette::PlaceholderText);
-        auto *valor = new QLabel;
-        valor->setObjectName(u"estado"_s + nombre);
+        auto *valor = nombrado<QLabel>(u"estado"_s + nombre);
         valor->setTextFormat(Qt::PlainText);
         valor->setTextInteractionFlags(Qt::TextSelectableByMouse);
         // A long list of codes must not widen the window.
         valor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         valor->setAccessibleName(nombre);
-        rejilla->addWidget(titulo, fila, 0);
-        rejilla->addWidget(valor, fila, 1);
+        formulario->addRow(titulo, valor);
         m_valores.push_back(valor);
     }
+    return grupo;
+}
 
-    m_sentencias = new QPlainTextEdit;
-    m_sentencias->setObjectName(u"txtSentencias"_s);
+PanelEstado::PanelEstado(QWidget *padre)
+    : QWidget(padre)
+    , m_sentencias(nombrado<QPlainTextEdit>(u"txtSentencias"_s))
+    , m_resumen(nombrado<QLabel>(u"lblSentencias"_s))
+{
+    m_pronto.setSingleShot(true);
+    connect(&m_pronto, &QTimer::timeout, this, &PanelEstado::mostrar);
     m_sentencias->setReadOnly(true);
     m_sentencias->setMaximumBlockCount(LineasGuardadas);
     m_sentencias->setTabChangesFocus(true);
     m_sentencias->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_sentencias->setAccessibleName(u"Sentencias enviadas"_s);
-    m_resumen = new QLabel;
-    auto *limpiar = new QPushButton(u"&Limpiar"_s);
-    limpiar->setObjectName(u"cmdLimpiar"_s);
+    auto *limpiar = nombrado<QPushButton>(u"cmdLimpiar"_s, u"&Limpiar"_s);
     connect(limpiar, &QPushButton::clicked, this, &PanelEstado::limpiarSentencias);
-
-    auto *cabecera = new QHBoxLayout;
-    auto *titulo = new QLabel(u"&Sentencias"_s);
-    titulo->setBuddy(m_sentencias);
-    cabecera->addWidget(titulo);
-    cabecera->addStretch();
-    cabecera->addWidget(m_resumen);
-    cabecera->addWidget(limpiar);
     auto *columna = new QVBoxLayout(this);
-    columna->addWidget(grupo);
-    columna->addLayout(cabecera);
+    columna->addWidget(grupoComponente());
+    columna->addLayout(enFila({rotulo(u"&Sentencias"_s, m_sentencias), nullptr, m_resumen, limpiar}));
     columna->addWidget(m_sentencias, 1);
 }
 
@@ -141,16 +102,8 @@ void PanelEstado::sentencia(const SucesoSentencia &suceso)
     actualizar();
 }
 
-void PanelEstado::actualizar()
-{
-    if (std::exchange(m_previsto, true))
-        return;
-    QTimer::singleShot(0, this, &PanelEstado::mostrar);
-}
-
 void PanelEstado::mostrar()
 {
-    m_previsto = false;
     if (!m_pendientes.isEmpty()) {
         m_sentencias->appendPlainText(m_pendientes.join(u'\n'));
         m_pendientes.clear();
@@ -158,10 +111,10 @@ void PanelEstado::mostrar()
     }
     if (!m_articulo)
         return;
-    for (std::size_t i = 0; i < Propiedades.size(); ++i) {
-        const QString valor = Propiedades[i].leer(*m_articulo);
-        m_valores[i]->setText(valor);
-        m_valores[i]->setToolTip(valor.toHtmlEscaped());
+    for (QLabel *rotulo : m_valores) {
+        const QString valor = propiedades::leida(*m_articulo, rotulo->accessibleName()).value_or(QString());
+        rotulo->setText(valor);
+        rotulo->setToolTip(valor.toHtmlEscaped());
     }
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "common/Conexion.h"
+#include "nvArticulo/Conexion.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
-#include <vector>
 
 class QLabel;
 class QPlainTextEdit;
@@ -26,22 +26,23 @@ public:
     void setConexion(Conexion *conexion);
     void setArticulo(nvArticulo *articulo);
     /// Soon, once for many calls.
-    void actualizar();
+    void actualizar() { m_pronto.start(0); }
     void limpiarSentencias();
 
     void sentencia(const SucesoSentencia &suceso) override;
 
 private:
+    QWidget *grupoComponente();
     void mostrar();
 
     QPointer<nvArticulo> m_articulo;
     Conexion *m_conexion = nullptr;
-    std::vector<QLabel *> m_valores;
+    QList<QLabel *> m_valores; ///< each under the accessible name of its property
     QPlainTextEdit *m_sentencias;
     QLabel *m_resumen;
     QStringList m_pendientes;
     qint64 m_numero = 0;
-    bool m_previsto = false;
+    QTimer m_pronto;
 };
 
 } // namespace nv

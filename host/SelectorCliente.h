@@ -10,12 +10,9 @@ class SelectorCliente : public SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
-
-protected:
-    Sentencia consultaNombre(const QString &codigo) const override;
-    Sentencia consultaLista() const override;
-    QString titulo() const override;
+    explicit SelectorCliente(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Clientes", De::Clientes, Por::Nombre, u"Clientes"}, padre)
+    {}
 };
 
 } // namespace nv

@@ -17,6 +17,11 @@ public:
     constexpr int hasta(int limite) { return static_cast<int>(siguiente() % static_cast<quint64>(limite)); }
     constexpr int entre(int minimo, int maximo) { return minimo + hasta(maximo - minimo + 1); }
     constexpr bool deCada100(int veces) { return hasta(100) < veces; }
+    template <class Lista>
+    constexpr decltype(auto) uno(const Lista &lista)
+    {
+        return lista[static_cast<decltype(lista.size())>(hasta(static_cast<int>(lista.size())))];
+    }
 
 private:
     constexpr quint64 siguiente()

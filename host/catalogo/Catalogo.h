@@ -25,6 +25,6 @@ bool tieneEmpresa(Conexion &conexion);
 
 /// Fills an empty catalogue in one transaction: the same options give the same rows, and an item does not depend on how
 /// many there are. False when `progreso` gave up. Throws Error, with everything rolled back.
-bool generarCatalogo(Conexion &conexion, const OpcionesCatalogo &opciones);
+bool generarCatalogo(Conexion &conexion, OpcionesCatalogo opciones);
 
 } // namespace nv

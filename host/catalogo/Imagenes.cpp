@@ -16,6 +16,7 @@ namespace {
 QPainterPath silueta(int familia)
 {
     QPainterPath camino;
+    QPolygon contorno;
     switch (familia % 4) {
     case 0:
         camino.addRoundedRect(130, 60, 60, 150, 18, 18);
@@ -23,31 +24,18 @@ QPainterPath silueta(int familia)
         break;
     case 1:
         camino.addRect(100, 40, 120, 34);
-        camino.moveTo(146, 74);
-        camino.lineTo(174, 74);
-        camino.lineTo(166, 200);
-        camino.lineTo(160, 214);
-        camino.lineTo(154, 200);
-        camino.closeSubpath();
+        contorno.setPoints(5, 146, 74, 174, 74, 166, 200, 160, 214, 154, 200);
         break;
     case 2:
         camino.addEllipse(80, 80, 130, 130);
         camino.addRoundedRect(206, 132, 70, 24, 10, 10);
         break;
     default:
-        camino.moveTo(110, 50);
-        camino.lineTo(210, 50);
-        camino.lineTo(250, 100);
-        camino.lineTo(222, 120);
-        camino.lineTo(204, 102);
-        camino.lineTo(204, 212);
-        camino.lineTo(116, 212);
-        camino.lineTo(116, 102);
-        camino.lineTo(98, 120);
-        camino.lineTo(70, 100);
-        camino.closeSubpath();
-        break;
+        contorno.setPoints(10, 110, 50, 210, 50, 250, 100, 222, 120, 204, 102, 204, 212, 116, 212, 116, 102, 98, 120,
+                           70, 100);
     }
+    camino.addPolygon(contorno);
+    camino.closeSubpath();
     return camino;
 }
 
@@ -57,22 +45,21 @@ bool dibujarImagen(const QString &dir, int codigo, const QString &descripcion, i
 {
     QImage imagen(320, 280, QImage::Format_RGB32);
     imagen.fill(QColor(250, 250, 247));
-    {
-        QPainter pintor(&imagen);
-        pintor.setRenderHint(QPainter::Antialiasing);
-        const QColor base = QColor::fromHsv((codigo * 47 + familia * 40) % 360, 120, 190);
-        QLinearGradient relleno(80, 30, 240, 210);
-        relleno.setColorAt(0, base.lighter(125));
-        relleno.setColorAt(1, base.darker(125));
-        pintor.setPen(QPen(base.darker(170), 2));
-        pintor.setBrush(relleno);
-        pintor.drawPath(silueta(familia));
-        pintor.setPen(QColor(70, 70, 70));
-        QFont fuente;
-        fuente.setPixelSize(14);
-        pintor.setFont(fuente);
-        pintor.drawText(QRect(10, 222, 300, 50), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, descripcion);
-    }
+    QPainter pintor(&imagen);
+    pintor.setRenderHint(QPainter::Antialiasing);
+    const QColor base = QColor::fromHsv((codigo * 47 + familia * 40) % 360, 120, 190);
+    QLinearGradient relleno(80, 30, 240, 210);
+    relleno.setColorAt(0, base.lighter(125));
+    relleno.setColorAt(1, base.darker(125));
+    pintor.setPen(QPen(base.darker(170), 2));
+    pintor.setBrush(relleno);
+    pintor.drawPath(silueta(familia));
+    pintor.setPen(QColor(70, 70, 70));
+    QFont fuente;
+    fuente.setPixelSize(14);
+    pintor.setFont(fuente);
+    pintor.drawText(QRect(10, 222, 300, 50), Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, descripcion);
+    pintor.end();
     return imagen.save(QDir(dir).filePath(u"%1.jpg"_s.arg(codigo)), "JPEG", 85);
 }
 

@@ -7,55 +7,49 @@ namespace nv::guion {
 QStringList Orden::palabras() const
 {
     QStringList palabras;
-    QString actual;
+    QString actual; // null between words
     bool comillas = false;
-    bool hay = false;
     for (qsizetype i = 0; i < resto.size(); ++i) {
         const QChar c = resto[i];
-        if (comillas && c == u'\\' && i + 1 < resto.size()) {
-            const QChar siguiente = resto[++i];
-            actual += siguiente == u'n' ? QChar(u'\n') : siguiente;
+        if (c == u' ' && !comillas) {
+            if (!actual.isNull())
+                palabras << std::exchange(actual, QString());
         } else if (c == u'"') {
             comillas = !comillas;
-            hay = true;
-        } else if (c == u' ' && !comillas) {
-            if (hay)
-                palabras << actual;
-            actual.clear();
-            hay = false;
+            actual += u""_s;
+        } else if (comillas && c == u'\\' && i + 1 < resto.size()) {
+            const QChar siguiente = resto[++i];
+            actual += siguiente == u'n' ? QChar(u'\n') : siguiente;
         } else {
             actual += c;
-            hay = true;
         }
     }
-    if (hay)
+    if (!actual.isNull())
         palabras << actual;
     return palabras;
 }
 
-std::optional<Orden> leida(const QString &linea, int numero)
+std::optional<Orden> Orden::leida(const QString &linea, int numero)
 {
     const QString limpia = linea.trimmed();
     if (limpia.isEmpty() || limpia.startsWith(u'#'))
         return std::nullopt;
-    const qsizetype blanco = limpia.indexOf(u' ');
-    if (blanco < 0)
-        return Orden{numero, limpia, {}};
-    return Orden{numero, limpia.first(blanco), limpia.sliced(blanco + 1).trimmed()};
+    return Orden{numero, limpia.section(u' ', 0, 0), limpia.section(u' ', 1).trimmed()};
 }
 
-std::optional<Comparacion> comparacion(const QString &resto)
+std::optional<std::pair<QString, QString>> Orden::comparacion() const
 {
-    QString entero = resto;
-    if (entero.endsWith(u" ="_s))
-        entero += u' ';
+    const QString entero = resto.endsWith(u" ="_s) ? resto + u' ' : resto;
     const qsizetype igual = entero.indexOf(u" = "_s);
     if (igual < 0)
         return std::nullopt;
-    QString texto = entero.sliced(igual + 3);
-    if (texto.size() >= 2 && texto.startsWith(u'"') && texto.endsWith(u'"'))
-        texto = texto.sliced(1, texto.size() - 2);
-    return Comparacion{entero.first(igual).trimmed(), texto};
+    return std::pair(entero.first(igual).trimmed(), sinComillas(entero.sliced(igual + 3)));
+}
+
+QString sinComillas(const QString &texto)
+{
+    const bool puestas = texto.size() >= 2 && texto.startsWith(u'"') && texto.endsWith(u'"');
+    return puestas ? texto.sliced(1, texto.size() - 2) : texto;
 }
 
 QString enUnaLinea(QString texto)

@@ -6,6 +6,18 @@
 
 namespace nv::guion {
 
+/// Thrown where a script cannot be followed at all.
+struct GuionMalo
+{
+    QString motivo;
+};
+
+/// Thrown by a command that cannot be done, or does not hold, yet: it is tried again for a while.
+struct AunNo
+{
+    QString motivo;
+};
+
 /// One line of a script: the command and what follows it, trimmed.
 struct Orden
 {
@@ -13,21 +25,21 @@ struct Orden
     QString nombre;
     QString resto;
 
+    /// Nothing for blank lines and comments ("#").
+    static std::optional<Orden> leida(const QString &linea, int numero);
+
     /// The rest in words; quotes keep blanks together, \n and \" inside them mean what they mean elsewhere.
     QStringList palabras() const;
+    /// "OBJETO = TEXTO" cut at the first " = " (or a final " ="); the text loses the quotes around it.
+    std::optional<std::pair<QString, QString>> comparacion() const;
+    QString primera() const { return resto.section(u' ', 0, 0); }
+    QString demas() const { return resto.section(u' ', 1).trimmed(); }
+    /// As it was written, with single blanks around the name.
+    QString texto() const { return resto.isEmpty() ? nombre : nombre + u' ' + resto; }
 };
 
-/// Nothing for blank lines and comments ("#").
-std::optional<Orden> leida(const QString &linea, int numero);
-
-/// "OBJETO = TEXTO" cut at the first " = " (or a final " ="); the text loses the quotes around it.
-struct Comparacion
-{
-    QString objeto;
-    QString texto;
-};
-std::optional<Comparacion> comparacion(const QString &resto);
-
+/// Without the quotes around it, which keep outer blanks.
+QString sinComillas(const QString &texto);
 /// One line: line breaks as \n.
 QString enUnaLinea(QString texto);
 

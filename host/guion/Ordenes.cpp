@@ -1,164 +1,277 @@
-// The commands that act on the program; those that look at it stand in Comprobaciones.cpp.
-#include "common/Error.h"
-#include "control/nvArticulo.h"
-#include "guion/Objetos.h"
-#include "guion/Reproductor.h"
-#include "guion/Teclado.h"
+#include "guion/Ordenes.h"
+
+#include "Propiedades.h"
+#include "guion/Persona.h"
+#include "nvArticulo/Error.h"
 #include "platform/widgets/Rejilla.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QHash>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QMetaProperty>
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace nv::guion {
 
-Reproductor::Efecto Reproductor::aunNo(const QString &motivo)
+namespace {
+
+void exigirIgual(const QString &que, const QString &hay, const QString &esperado)
 {
-    m_motivo = motivo;
-    return Efecto::Esperar;
+    const QString uno = enUnaLinea(hay);
+    const QString otro = enUnaLinea(esperado);
+    if (uno != otro)
+        throw AunNo{u"%1: hay «%2», se espera «%3»"_s.arg(que, uno, otro)};
 }
 
-Reproductor::Efecto Reproductor::hacer(const Orden &orden)
-{
-    using Ejecutor = Efecto (Reproductor::*)(const Orden &);
-    static const QHash<QString, Ejecutor> ordenes{
-        {u"teclea"_s, &Reproductor::teclear},      {u"pulsa"_s, &Reproductor::pulsarTecla},
-        {u"enfoca"_s, &Reproductor::enfocar},      {u"clic"_s, &Reproductor::clic},
-        {u"dobleclic"_s, &Reproductor::clic},      {u"responde"_s, &Reproductor::responder},
-        {u"pon"_s, &Reproductor::poner},           {u"reinicia"_s, &Reproductor::reiniciar},
-        {u"sql"_s, &Reproductor::consultar},       {u"muestra"_s, &Reproductor::mostrar},
-        {u"captura"_s, &Reproductor::capturar},    {u"rejilla"_s, &Reproductor::mostrarRejilla},
-        {u"comprueba"_s, &Reproductor::comprobar}, {u"traza"_s, &Reproductor::trazar}};
-    const Ejecutor ejecutor = ordenes.value(orden.nombre);
-    if (!ejecutor)
-        return malGuion(u"línea %1: no hay orden %2"_s.arg(orden.linea).arg(orden.nombre));
-    try {
-        return (this->*ejecutor)(orden);
-    } catch (const Error &error) {
-        fallar(u"línea %1: %2"_s.arg(orden.linea).arg(error.descripcion));
-        return Efecto::Hecho;
-    }
-}
-
-/// Restarting may have put another box in its place.
-nvArticulo &Reproductor::articulo() const
-{
-    auto *actual = m_entorno.ventana->findChild<nvArticulo *>(m_nombreArticulo);
-    if (!actual)
-        throw Error{0, u"la ventana no tiene caja de artículo"_s, {}};
-    return *actual;
-}
-
-/// By objectName in the window on top, else in the main one, where the item box's own children come first.
-QWidget *Reproductor::objeto(const QString &nombre) const
-{
-    QWidget *activa = guion::ventanaActiva(m_entorno.ventana);
-    if (activa != m_entorno.ventana) {
-        if (QWidget *widget = guion::buscado(activa, nombre))
-            return widget;
-    }
-    auto *propio = articulo().findChild<QWidget *>(nombre);
-    return propio ? propio : guion::buscado(m_entorno.ventana, nombre);
-}
-
-Reproductor::Efecto Reproductor::teclear(const Orden &orden)
-{
-    const bool comillas = orden.resto.size() >= 2 && orden.resto.startsWith(u'"') && orden.resto.endsWith(u'"');
-    guion::teclear(m_entorno.ventana, comillas ? orden.resto.sliced(1, orden.resto.size() - 2) : orden.resto);
-    return Efecto::Hecho;
-}
-
-Reproductor::Efecto Reproductor::pulsarTecla(const Orden &orden)
-{
-    if (!guion::pulsar(m_entorno.ventana, orden.resto))
-        return malGuion(u"línea %1: no hay tecla %2"_s.arg(orden.linea).arg(orden.resto));
-    return Efecto::Hecho;
-}
-
-Reproductor::Efecto Reproductor::enfocar(const Orden &orden)
-{
-    QWidget *widget = objeto(orden.resto);
-    if (!widget || !widget->isVisible() || !widget->isEnabled() ||
-        widget->window() != guion::ventanaActiva(m_entorno.ventana))
-        return aunNo(u"no se puede enfocar %1"_s.arg(orden.resto));
-    widget->setFocus();
-    return Efecto::Hecho;
-}
-
-Reproductor::Efecto Reproductor::clic(const Orden &orden)
-{
-    const bool doble = orden.nombre == u"dobleclic";
-    const QStringList palabras = orden.palabras();
-    QWidget *widget = objeto(palabras.value(0));
-    if (!widget || !widget->isVisible() || widget->window() != guion::ventanaActiva(m_entorno.ventana))
-        return aunNo(u"no hay objeto %1 a la vista"_s.arg(palabras.value(0)));
-    auto *rejilla = qobject_cast<Rejilla *>(widget);
-    if (palabras.size() == 3 && rejilla) {
-        const int fila = palabras[1].toInt();
-        const int columna = palabras[2].toInt();
-        if (fila >= rejilla->filas() || columna >= rejilla->model()->columnCount())
-            return aunNo(u"%1 no tiene la celda %2 %3"_s.arg(palabras[0], palabras[1], palabras[2]));
-        const auto [lienzo, lugar] = guion::celda(*rejilla, fila, columna);
-        guion::pulsarRaton(lienzo, lugar, doble);
-    } else if (palabras.size() == 1) {
-        const bool casilla = qobject_cast<QCheckBox *>(widget) != nullptr;
-        guion::pulsarRaton(widget, casilla ? QPoint(8, widget->height() / 2) : widget->rect().center(), doble);
-    } else {
-        return malGuion(u"línea %1: %2 OBJETO [FILA COLUMNA]"_s.arg(orden.linea).arg(orden.nombre));
-    }
-    return Efecto::Hecho;
-}
-
-Reproductor::Efecto Reproductor::responder(const Orden &orden)
+QMessageBox &mensaje()
 {
     auto *caja = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (!caja)
-        return aunNo(u"no hay ningún mensaje que responder"_s);
-    const QList<QAbstractButton *> botones = caja->buttons();
-    for (QAbstractButton *candidato : botones) {
-        if (candidato->text().remove(u'&') == orden.resto) {
-            candidato->click();
-            return Efecto::Hecho;
-        }
-    }
-    return aunNo(u"el mensaje no tiene botón %1"_s.arg(orden.resto));
+        throw AunNo{u"no hay ningún mensaje"_s};
+    return *caja;
 }
 
-Reproductor::Efecto Reproductor::poner(const Orden &orden)
+} // namespace
+
+Ordenes::Ordenes(const Entorno &entorno, std::function<void(const QString &)> decir)
+    : m_entorno(entorno)
+    , m_decir(std::move(decir))
 {
-    const QString nombre = orden.resto.section(u' ', 0, 0);
-    const QString valor = orden.resto.section(u' ', 1).trimmed();
-    if (nombre.startsWith(u"empresa.")) {
+    m_entorno.conexion->escuchar(this);
+}
+
+Ordenes::~Ordenes()
+{
+    m_entorno.conexion->dejarDeEscuchar(this);
+}
+
+void Ordenes::hacer(const Orden &orden)
+{
+    using Ejecutor = std::function<void(Ordenes &, const Orden &)>;
+    static const QHash<QString, Ejecutor> ordenes{
+        {u"teclea"_s, [](Ordenes &o, const Orden &que) { teclear(o.m_entorno.ventana, sinComillas(que.resto)); }},
+        {u"escribe"_s, [](Ordenes &o, const Orden &que) { o.escribir(que.primera(), sinComillas(que.demas())); }},
+        {u"pulsa"_s, [](Ordenes &o, const Orden &que) { pulsar(o.m_entorno.ventana, que.resto); }},
+        {u"enfoca"_s, [](Ordenes &o, const Orden &que) { o.enfocar(que.resto); }},
+        {u"clic"_s, [](Ordenes &o, const Orden &que) { o.clic(que.palabras(), false); }},
+        {u"dobleclic"_s, [](Ordenes &o, const Orden &que) { o.clic(que.palabras(), true); }},
+        {u"responde"_s, [](Ordenes &o, const Orden &que) { o.responder(que.resto); }},
+        {u"pon"_s, [](Ordenes &o, const Orden &que) { o.poner(que.primera(), que.demas()); }},
+        {u"reinicia"_s, [](Ordenes &o, const Orden &que) { o.reiniciar(que.resto); }},
+        {u"sql"_s, [](Ordenes &o, const Orden &que) { o.consultar(que.resto); }},
+        {u"muestra"_s, [](Ordenes &o, const Orden &que) { o.imprimir({que.resto + u" = "_s + o.valor(que.resto)}); }},
+        {u"rejilla"_s, [](Ordenes &o, const Orden &que) { o.mostrarRejilla(que.palabras()); }},
+        {u"captura"_s, [](Ordenes &o, const Orden &que) { o.capturar(que.resto); }},
+        {u"traza"_s, [](Ordenes &o, const Orden &que) { o.trazar(que.resto); }},
+        {u"comprueba"_s, [](Ordenes &o, const Orden &que) { o.comprobar(que); }}};
+    const auto ejecutor = ordenes.constFind(orden.nombre);
+    if (ejecutor == ordenes.constEnd())
+        throw GuionMalo{u"no hay orden %1"_s.arg(orden.nombre)};
+    (*ejecutor)(*this, orden);
+}
+
+/// In the window on top.
+template <class Widget>
+Widget &Ordenes::objeto(const QString &nombre) const
+{
+    if (auto *widget = qobject_cast<Widget *>(buscado(ventanaActiva(m_entorno.ventana), nombre)))
+        return *widget;
+    throw AunNo{
+        u"no hay %1 %2 en la ventana"_s.arg(std::is_same_v<Widget, Rejilla> ? u"rejilla"_s : u"objeto"_s, nombre)};
+}
+
+/// What a person can reach.
+QWidget &Ordenes::aMano(const QString &nombre) const
+{
+    auto &widget = objeto<QWidget>(nombre);
+    if (!widget.isVisible() || !widget.isEnabled())
+        throw AunNo{u"%1 no está a mano"_s.arg(nombre)};
+    return widget;
+}
+
+/// Text or state of a widget ("nombre:visible"…), or a property of the item box.
+QString Ordenes::valor(const QString &nombre) const
+{
+    const QString estado = nombre.section(u':', 1);
+    if (QWidget *widget = buscado(ventanaActiva(m_entorno.ventana), nombre.section(u':', 0, 0))) {
+        if (estado.isEmpty())
+            return enUnaLinea(textoDe(widget));
+        if (estado == u"visible")
+            return QString::number(widget->isVisible());
+        if (estado == u"activo")
+            return QString::number(widget->isEnabled());
+        if (auto *linea = qobject_cast<QLineEdit *>(widget); linea && estado == u"seleccion")
+            return linea->selectedText();
+    } else if (const auto propiedad = propiedades::leida(m_entorno.articulo(), nombre)) {
+        return enUnaLinea(*propiedad);
+    }
+    throw AunNo{u"no hay objeto ni propiedad %1"_s.arg(nombre)};
+}
+
+void Ordenes::imprimir(const QStringList &lineas)
+{
+    for (const QString &linea : lineas)
+        m_decir(linea);
+    m_salida = lineas.join(u"\\n"_s);
+}
+
+/// In place of what stands there. Boxes may change the case of what is typed, no more.
+void Ordenes::escribir(const QString &nombre, const QString &texto)
+{
+    comprobarFoco(nombre);
+    pulsar(m_entorno.ventana, u"Ctrl+A"_s);
+    teclear(m_entorno.ventana, texto);
+    const QString hay = textoDe(&objeto<QWidget>(nombre));
+    if (hay.compare(texto, Qt::CaseInsensitive) != 0)
+        throw Error{0, u"%1: hay «%2» después de escribir «%3»"_s.arg(nombre, hay, texto)};
+}
+
+void Ordenes::enfocar(const QString &nombre)
+{
+    aMano(nombre).setFocus();
+    comprobarFoco(nombre);
+}
+
+void Ordenes::clic(const QStringList &palabras, bool doble)
+{
+    if (palabras.size() != 1 && palabras.size() != 3)
+        throw GuionMalo{u"clic OBJETO [FILA COLUMNA]"_s};
+    QWidget &widget = aMano(palabras[0]);
+    if (palabras.size() == 1) {
+        const bool casilla = qobject_cast<QCheckBox *>(&widget) != nullptr;
+        return pulsarRaton(&widget, casilla ? QPoint(8, widget.height() / 2) : widget.rect().center(), doble);
+    }
+    auto &rejilla = objeto<Rejilla>(palabras[0]);
+    const int fila = palabras[1].toInt();
+    const int columna = palabras[2].toInt();
+    if (fila >= rejilla.filas() || columna >= rejilla.model()->columnCount())
+        throw AunNo{u"%1 no tiene la celda %2 %3"_s.arg(palabras[0], palabras[1], palabras[2])};
+    const auto [lienzo, lugar] = celda(rejilla, fila, columna);
+    pulsarRaton(lienzo, lugar, doble);
+}
+
+void Ordenes::responder(const QString &boton)
+{
+    for (QAbstractButton *candidato : mensaje().buttons()) {
+        if (textoDe(candidato) == boton)
+            return candidato->click();
+    }
+    throw AunNo{u"el mensaje no tiene botón %1"_s.arg(boton)};
+}
+
+void Ordenes::poner(const QString &nombre, const QString &valor)
+{
+    if (nombre.startsWith(u"empresa."))
         m_entorno.ponEmpresa(nombre.sliced(8), valor);
-        return Efecto::Hecho;
-    }
-    if (nombre == u"Modelo") {
-        articulo().setModelo(static_cast<qint16>(valor.toInt()));
-        return Efecto::Hecho;
-    }
-    const QMetaObject *clase = articulo().metaObject();
-    const QMetaProperty propiedad = clase->property(clase->indexOfProperty(nombre.toUtf8().constData()));
-    if (!propiedad.isWritable())
-        return malGuion(u"línea %1: no hay propiedad %2 que se pueda poner"_s.arg(orden.linea).arg(nombre));
-    const bool logica = propiedad.typeId() == QMetaType::Bool;
-    propiedad.write(&articulo(), logica ? QVariant(valor == u"True" || valor == u"1") : QVariant(valor));
-    return Efecto::Hecho;
+    else if (!propiedades::poner(m_entorno.articulo(), nombre, valor))
+        throw GuionMalo{u"no hay propiedad %1 que se pueda poner"_s.arg(nombre)};
 }
 
 /// Closes what is open first; that takes as many turns as there are windows.
-Reproductor::Efecto Reproductor::reiniciar(const Orden &orden)
+void Ordenes::reiniciar(const QString &modelo)
 {
-    if (QApplication::activeModalWidget()) {
-        cerrarModal();
-        return aunNo(u"hay una ventana que no se cierra"_s);
+    if (QWidget *modal = QApplication::activeModalWidget()) {
+        cerrar(modal);
+        throw AunNo{u"hay una ventana que no se cierra"_s};
     }
-    m_entorno.reinicia(orden.resto.isEmpty() ? std::nullopt : std::optional(orden.resto.toInt()));
-    return Efecto::Hecho;
+    m_entorno.reinicia(modelo.isEmpty() ? std::nullopt : std::optional(modelo.toInt()));
 }
 
-} // namespace nv
+void Ordenes::consultar(const QString &sentencia)
+{
+    const Sentencia escrita = Sentencia::deConsola(sentencia);
+    if (!sentencia.startsWith(u"SELECT", Qt::CaseInsensitive))
+        return imprimir({u"%1 filas"_s.arg(m_entorno.conexion->Ejecutar(escrita))});
+    QStringList filas;
+    for (Registros registros = m_entorno.conexion->Abrir(escrita); registros.siguiente();) {
+        QStringList fila;
+        for (int i = 0; i < registros.columnas(); ++i)
+            fila << enUnaLinea(registros.textoO(i, u"NULL"_s));
+        filas << fila.join(u" | "_s);
+    }
+    imprimir(filas);
+}
+
+void Ordenes::mostrarRejilla(const QStringList &palabras)
+{
+    const auto &rejilla = objeto<Rejilla>(palabras.value(0));
+    const int ultima = rejilla.filas() - 1;
+    const int hasta = palabras.size() > 2 ? std::min(palabras[2].toInt(), ultima) : ultima;
+    QStringList filas;
+    for (int fila = palabras.value(1).toInt(); fila <= hasta; ++fila)
+        filas << textoDeFila(rejilla, fila);
+    imprimir(filas);
+}
+
+void Ordenes::capturar(const QString &nombre)
+{
+    if (m_entorno.capturas.isEmpty())
+        return;
+    const QDir carpeta(m_entorno.capturas);
+    const QString fichero = carpeta.filePath(nombre + u".png"_s);
+    if (!carpeta.mkpath(u"."_s) || !ventanaActiva(m_entorno.ventana)->grab().save(fichero))
+        throw Error{0, u"no se puede guardar la imagen %1"_s.arg(fichero)};
+}
+
+void Ordenes::trazar(const QString &como)
+{
+    m_traza = como == u"on";
+    if (!m_traza && como != u"off")
+        throw GuionMalo{u"traza on|off"_s};
+}
+
+void Ordenes::comprobar(const Orden &orden)
+{
+    const QStringList palabras = orden.palabras();
+    const auto empieza = [&](const QString &que, qsizetype minimo, qsizetype maximo) {
+        return orden.resto.startsWith(que) && palabras.size() >= minimo && palabras.size() <= maximo;
+    };
+    const QWidget *modal = QApplication::activeModalWidget();
+    const auto comparacion = orden.comparacion();
+    const QString &que = comparacion ? comparacion->first : palabras.value(0);
+    const auto igual = [&](const QString &hay) { exigirIgual(que, hay, comparacion->second); };
+    // With its icon when the script names it.
+    if (empieza(u"mensaje \""_s, 3, 4))
+        exigirIgual(u"mensaje"_s, leido(mensaje()).first(palabras.size() - 1).join(u" / "_s),
+                    palabras.sliced(1).join(u" / "_s));
+    else if (empieza(u"ventana \""_s, 2, 2))
+        exigirIgual(que, ventanaActiva(m_entorno.ventana)->windowTitle(), palabras[1]);
+    else if (empieza(u"foco "_s, 2, 2))
+        comprobarFoco(palabras[1]);
+    else if (orden.resto == u"nada abierto")
+        exigirIgual(u"abierto"_s, modal ? modal->windowTitle() : QString(), {});
+    else if (!comparacion)
+        throw GuionMalo{u"comprueba OBJETO = TEXTO"_s};
+    else if (que == u"salida")
+        igual(m_salida);
+    else if (que.startsWith(u"filas "))
+        igual(QString::number(objeto<Rejilla>(que.sliced(6).trimmed()).filasDatos()));
+    else
+        igual(valor(que));
+}
+
+/// A box inside a compound counts as the compound, too.
+void Ordenes::comprobarFoco(const QString &nombre) const
+{
+    const QWidget *foco = conFoco(m_entorno.ventana);
+    const QString hay = foco ? foco->objectName() : QString();
+    while (foco && foco->objectName() != nombre)
+        foco = foco->isWindow() ? nullptr : foco->parentWidget();
+    if (!foco)
+        exigirIgual(u"foco"_s, hay, nombre);
+}
+
+void Ordenes::sentencia(const SucesoSentencia &suceso)
+{
+    if (!m_traza)
+        return;
+    m_decir(u"  sql "_s + suceso.texto);
+    if (!suceso.error.isEmpty())
+        m_decir(u"  error "_s + enUnaLinea(suceso.error));
+}
+
+} // namespace nv::guion

@@ -1,75 +1,48 @@
 #include "importacion/Csv.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
-LectorCsv::LectorCsv(const QByteArray &texto)
+std::vector<RegistroCsv> leerCsv(const QByteArray &octetos)
 {
     QStringDecoder decodificador(QStringDecoder::Utf8);
-    m_texto = decodificador(texto);
+    const QString texto = decodificador(octetos);
     if (decodificador.hasError())
-        throw Error{0, u"El archivo no está en UTF-8."_s, u"LectorCsv"_s};
-}
-
-void LectorCsv::fallar(const QString &motivo) const
-{
-    throw Error{0, u"Línea %1: %2"_s.arg(m_lineaRegistro).arg(motivo), u"LectorCsv"_s};
-}
-
-std::optional<QStringList> LectorCsv::siguiente()
-{
-    while (m_lugar < m_texto.size() && (m_texto[m_lugar] == u'\n' || m_texto[m_lugar] == u'\r')) {
-        if (m_texto[m_lugar] == u'\n')
-            ++m_linea;
-        ++m_lugar;
-    }
-    if (m_lugar >= m_texto.size())
-        return std::nullopt;
-    m_lineaRegistro = m_linea;
-    QStringList campos;
-    for (bool ultimo = false; !ultimo;)
-        campos.push_back(campo(ultimo));
-    return campos;
-}
-
-QString LectorCsv::campo(bool &ultimo)
-{
-    QString valor;
-    const bool entrecomillado = m_lugar < m_texto.size() && m_texto[m_lugar] == u'"';
-    if (entrecomillado) {
-        for (++m_lugar;; ++m_lugar) {
-            if (m_lugar >= m_texto.size())
-                fallar(u"hay unas comillas sin cerrar."_s);
-            const QChar c = m_texto[m_lugar];
-            if (c == u'"') {
-                if (m_lugar + 1 >= m_texto.size() || m_texto[m_lugar + 1] != u'"')
-                    break;
-                ++m_lugar;
+        throw Error{0, u"El archivo no está en UTF-8."_s, u"leerCsv"_s};
+    // A field, between quotes or not, and what ends it.
+    static const QRegularExpression patron(uR"re((?:"((?:[^"]|"")*+)"|([^,"\n]*?))(,|\r?\n|\r?\z))re"_s);
+    // The text is sound: to look through all of it at every field would be most of the work.
+    constexpr auto Opciones =
+        QRegularExpression::AnchorAtOffsetMatchOption | QRegularExpression::DontCheckSubjectStringMatchOption;
+    std::vector<RegistroCsv> registros;
+    int linea = 1;
+    for (qsizetype lugar = 0; lugar < texto.size();) {
+        RegistroCsv registro{linea, {}};
+        const qsizetype principio = lugar;
+        QRegularExpressionMatch campo;
+        do {
+            campo = patron.match(texto, lugar, QRegularExpression::NormalMatch, Opciones);
+            if (!campo.hasMatch()) {
+                const bool abiertas = QStringView(texto).sliced(lugar).count(u'"') % 2 != 0;
+                throw Error{0,
+                            u"Línea %1: hay unas comillas %2."_s.arg(registro.linea)
+                                .arg(abiertas ? u"sin cerrar"_s : u"fuera de sitio"_s),
+                            u"leerCsv"_s};
             }
-            if (c == u'\n')
-                ++m_linea;
-            valor += c;
-        }
-        ++m_lugar;
+            registro.campos << (campo.captured(1).replace(u"\"\""_s, u"\""_s) + campo.captured(2));
+            linea += static_cast<int>(campo.capturedView(0).count(u'\n'));
+            lugar = campo.capturedEnd();
+        } while (campo.capturedView(3) == u",");
+        if (campo.capturedStart(3) > principio)
+            registros.push_back(std::move(registro));
     }
-    while (m_lugar < m_texto.size() && m_texto[m_lugar] != u',' && m_texto[m_lugar] != u'\n') {
-        const QChar c = m_texto[m_lugar++];
-        const bool finDeLinea = c == u'\r' && (m_lugar >= m_texto.size() || m_texto[m_lugar] == u'\n');
-        if (finDeLinea)
-            break;
-        if (entrecomillado || c == u'"')
-            fallar(u"hay unas comillas fuera de sitio."_s);
-        valor += c;
-    }
-    ultimo = m_lugar >= m_texto.size() || m_texto[m_lugar] == u'\n';
-    if (!ultimo)
-        ++m_lugar;
-    return valor;
+    return registros;
 }
 
 } // namespace nv

@@ -1,9 +1,9 @@
 #include "barcodes/clsArticulo_CBarra.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Mensajes.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Registros.h"
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Registros.h"
+#include "nvArticulo/Sentencia.h"
 
 #include <QDate>
 #include <QString>

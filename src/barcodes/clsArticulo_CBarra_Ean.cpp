@@ -1,11 +1,10 @@
 #include "barcodes/Ean.h"
 #include "barcodes/clsArticulo_CBarra.h"
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
 
-#include <optional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -16,25 +15,6 @@ using nv::Sentencia;
 namespace {
 
 constexpr qint64 PrimerNumero = 9810001;
-
-/// Begins a unit of work, or joins the one that is open.
-class UnidadDeTrabajo
-{
-public:
-    explicit UnidadDeTrabajo(nv::Conexion &conexion)
-    {
-        if (!conexion.enTransaccion())
-            m_propia.emplace(conexion);
-    }
-    void confirmar()
-    {
-        if (m_propia)
-            m_propia->confirmar();
-    }
-
-private:
-    std::optional<nv::Transaccion> m_propia;
-};
 
 } // namespace
 
@@ -91,7 +71,7 @@ QString clsArticulo_CBarra::CrearAuto()
         registros.cerrar();
         bool sinContador = false;
         const auto emitir = [&] {
-            UnidadDeTrabajo unidad(*m_conexion);
+            nv::Transaccion unidad(*m_conexion);
             const QString numero = emitirNumero(sinContador);
             unidad.confirmar();
             return numero;

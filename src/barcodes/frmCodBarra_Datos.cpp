@@ -1,10 +1,10 @@
 #include "barcodes/frmCodBarra_Datos.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "control/nvArticulo.h"
-#include "platform/widgets/Botonera.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
@@ -16,20 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QLabel *etiqueta(const QString &texto, const QString &nombre, QWidget *campo, QWidget *padre)
-{
-    auto *label = new QLabel(texto, padre);
-    label->setObjectName(nombre);
-    campo->setAccessibleName(texto.chopped(1));
-    return label;
-}
-
-} // namespace
-
 frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
-    : QDialog(padre)
+    : FormularioModal(padre)
     , m_articulo(new nvArticulo(this))
     , m_codBarras(new nvTextBox(this))
     , m_unidades(new nvTextBox(this))
@@ -48,21 +36,20 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
 
     auto *campos = new QFormLayout;
     campos->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    campos->addRow(etiqueta(u"Artículo:"_s, u"lblArticulo"_s, m_articulo, this), m_articulo);
-    campos->addRow(etiqueta(u"C. Barra:"_s, u"lblCb"_s, m_codBarras, this), m_codBarras);
-    campos->addRow(etiqueta(u"Unidades:"_s, u"lblUnidades"_s, m_unidades, this), m_unidades);
+    campos->addRow(nv::nuevoRotulo(u"Artículo:"_s, m_articulo, this, u"lblArticulo"_s), m_articulo);
+    campos->addRow(nv::nuevoRotulo(u"C. Barra:"_s, m_codBarras, this, u"lblCb"_s), m_codBarras);
+    campos->addRow(nv::nuevoRotulo(u"Unidades:"_s, m_unidades, this, u"lblUnidades"_s), m_unidades);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(campos);
-    todo->addLayout(nv::botonera(
-        this, [this] { aceptar(); }, [this] { reject(); }));
+    todo->addLayout(botonera());
     todo->setSizeConstraint(QLayout::SetFixedSize);
-    nv::atajosAceptarCancelar(
-        this, [this] { aceptar(); }, [this] { reject(); });
+    atajosAceptarCancelar();
 }
 
 void frmCodBarra_Datos::MostrarModal()
 {
     m_articulo->setcEmpresa(cEmpresa);
+    m_articulo->setParametros(Parametros);
     m_articulo->setConexion(nv::ranura::actual());
     m_articulo->setText(Articulo);
     const QPointer<frmCodBarra_Datos> vivo(this);
@@ -72,14 +59,14 @@ void frmCodBarra_Datos::MostrarModal()
         return;
     m_codBarras->setText(CodBarras);
     m_articulo->setFocus();
-    exec();
+    ejecutar();
 }
 
 void frmCodBarra_Datos::aceptar()
 {
-    const QString atencion = u"¡ Atención !"_s;
     if (m_codBarras->text().isEmpty() || CodBarras.isEmpty()) {
-        nv::mensajes::mostrar(this, atencion, u"Debe especificar datos validos."_s, nv::mensajes::Icono::Exclamacion);
+        nv::mensajes::mostrar(this, nv::mensajes::atencion(), u"Debe especificar datos validos."_s,
+                              nv::mensajes::Icono::Exclamacion);
         return;
     }
     qint16 unidades = 0;
@@ -87,7 +74,7 @@ void frmCodBarra_Datos::aceptar()
         unidades = nv::ValEntero16(m_unidades->text());
     } catch (const nv::Error &) {
         const QPointer<nvTextBox> campo(m_unidades);
-        nv::mensajes::mostrar(this, atencion, u"Las unidades no pueden pasar de 32767."_s,
+        nv::mensajes::mostrar(this, nv::mensajes::atencion(), u"Las unidades no pueden pasar de 32767."_s,
                               nv::mensajes::Icono::Exclamacion);
         if (campo)
             campo->setFocus();
@@ -103,5 +90,5 @@ void frmCodBarra_Datos::aceptar()
 void frmCodBarra_Datos::reject()
 {
     Aceptado = false;
-    QDialog::reject();
+    FormularioModal::reject();
 }

@@ -1,14 +1,18 @@
 #pragma once
 
-#include <QDialog>
+#include "platform/widgets/FormularioModal.h"
 
 class cEmpresa;
 class nvArticulo;
 class nvTextBox;
 
+namespace NVUTConfig {
+class clsConfig;
+}
+
 /// Confirms a new barcode for an item: which item, which barcode, how many units one scan stands for. Writes nothing.
 /// For one use: members set, shown modally, read while hidden.
-class frmCodBarra_Datos : public QDialog
+class frmCodBarra_Datos : public nv::FormularioModal
 {
     Q_OBJECT
 
@@ -19,6 +23,7 @@ public:
     void MostrarModal();
 
     ::cEmpresa *cEmpresa = nullptr;
+    NVUTConfig::clsConfig *Parametros = nullptr;
     QString Articulo; ///< item code as text
     QString CodBarras;
     qint16 Unidades = 1; ///< result: units per scan, at least 1
@@ -27,9 +32,10 @@ public:
 public Q_SLOTS:
     void reject() override;
 
-private:
-    void aceptar();
+protected:
+    void aceptar() override;
 
+private:
     nvArticulo *m_articulo;
     nvTextBox *m_codBarras;
     nvTextBox *m_unidades;

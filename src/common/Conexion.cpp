@@ -1,6 +1,6 @@
-#include "common/Conexion.h"
+#include "nvArticulo/Conexion.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -62,7 +62,7 @@ Registros Conexion::Abrir(const Sentencia &sentencia)
 {
     return Registros(anunciada(sentencia.texto(), [&] {
         exigirEnviable(sentencia);
-        return abrir(sentencia.texto());
+        return abrir(sentencia);
     }));
 }
 
@@ -70,7 +70,7 @@ qint64 Conexion::Ejecutar(const Sentencia &sentencia)
 {
     return anunciada(sentencia.texto(), [&] {
         exigirEnviable(sentencia);
-        return ejecutar(sentencia.texto());
+        return ejecutar(sentencia);
     });
 }
 
@@ -115,7 +115,8 @@ Transaccion::~Transaccion()
 
 void Transaccion::confirmar()
 {
-    m_conexion.Confirmar();
+    if (m_propia)
+        m_conexion.Confirmar();
     m_abierta = false;
 }
 

@@ -1,10 +1,14 @@
 #pragma once
 
-#include "common/Moneda.h"
+#include "nvArticulo/Moneda.h"
 
 #include <QString>
 
 class cEmpresa;
+
+namespace NVUTConfig {
+class clsConfig;
+}
 
 namespace nv {
 
@@ -33,8 +37,9 @@ public:
     virtual void MostrarModal() = 0;
 
     ::cEmpresa *cEmpresa = nullptr;
-    QString Codigo;      ///< result; empty after Cancel; "|A|B" for several
-    QString Descripcion; ///< result
+    NVUTConfig::clsConfig *Parametros = nullptr; ///< none: every parameter has its default
+    QString Codigo;                              ///< result; empty after Cancel; "|A|B" for several
+    QString Descripcion;                         ///< result
     qint32 Cliente = 0;
     qint16 Familia_1 = 0; ///< fixed family; 0 or less = free
     qint16 Familia_2 = 0;

@@ -1,7 +1,7 @@
-#include "common/EmpresaBD.h"
+#include "nvArticulo/EmpresaBD.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,12 +13,6 @@ qint16 codigoO(const Registros &registros, QStringView columna, qint16 siNulo)
 {
     const int lugar = registros.columna(columna);
     return registros.esNulo(lugar) ? siNulo : registros.entero16(lugar);
-}
-
-Moneda importeO(const Registros &registros, QStringView columna)
-{
-    const int lugar = registros.columna(columna);
-    return registros.esNulo(lugar) ? Moneda() : registros.moneda(lugar);
 }
 
 } // namespace
@@ -74,7 +68,7 @@ EmpresaBD::Impuesto EmpresaBD::impuesto(qint16 tipo) const
             m_conexion.Abrir(Sentencia(u"SELECT Codigo, Porcentaje, Porcentaje2 FROM Tipos_Impuesto"));
         while (registros.siguiente())
             leidos.insert(registros.entero16(u"Codigo"),
-                          {importeO(registros, u"Porcentaje"), importeO(registros, u"Porcentaje2")});
+                          {registros.monedaO(u"Porcentaje"), registros.monedaO(u"Porcentaje2")});
         m_impuestos = std::move(leidos);
     }
     return m_impuestos->value(tipo);

@@ -1,6 +1,6 @@
-#include "common/Moneda.h"
+#include "nvArticulo/Moneda.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 #include <cmath>
 #include <limits>
@@ -22,7 +22,7 @@ Entero128 divididoRedondeando(Entero128 dividendo, Entero128 divisor)
 qint64 enRango(Entero128 valor)
 {
     if (valor > std::numeric_limits<qint64>::max() || valor < std::numeric_limits<qint64>::min())
-        throw Error{errores::Desbordamiento, QStringLiteral("Desbordamiento."), {}};
+        throw errores::desbordamiento();
     return static_cast<qint64>(valor);
 }
 
@@ -88,7 +88,7 @@ Moneda Moneda::deTexto(QStringView texto)
         }
     }
     if (!hayCifra)
-        throw Error{errores::NoCoinciden, QStringLiteral("No coinciden los tipos."), {}};
+        throw errores::noCoinciden();
     valor *= Potencias[4 - std::min(std::max(decimales, 0), 4)];
     valor += sube ? 1 : 0;
     return Moneda(enRango(negativo ? -valor : valor));
@@ -98,7 +98,7 @@ Moneda Moneda::deReal(double valor)
 {
     const double escalado = std::round(valor * static_cast<double>(Escala));
     if (!(std::abs(escalado) < 9.2e18))
-        throw Error{errores::Desbordamiento, QStringLiteral("Desbordamiento."), {}};
+        throw errores::desbordamiento();
     return Moneda(static_cast<qint64>(escalado));
 }
 

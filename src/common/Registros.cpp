@@ -1,10 +1,9 @@
-#include "common/Registros.h"
+#include "nvArticulo/Registros.h"
 
-#include "common/Error.h"
 #include "common/Valores.h"
+#include "nvArticulo/Error.h"
 
 #include <QLocale>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -17,14 +16,6 @@ QVariant sinNulo(const QVariant &valor)
     if (valor.isNull())
         throw Error{errores::ValorNulo, u"Uso no válido de Null."_s, {}};
     return valor;
-}
-
-template <class Entero>
-Entero estrecho(qint64 valor)
-{
-    if (valor < std::numeric_limits<Entero>::min() || valor > std::numeric_limits<Entero>::max())
-        throw Error{errores::Desbordamiento, u"Desbordamiento."_s, {}};
-    return static_cast<Entero>(valor);
 }
 
 Moneda importe(const QVariant &valor)
@@ -143,8 +134,8 @@ QDate Registros::fechaO(int columna) const
     const QVariant leido = valor(columna);
     if (leido.typeId() != QMetaType::QString)
         return leido.toDate();
-    const QString texto = leido.toString().trimmed().left(10);
-    const QDate espanola = QDate::fromString(texto, u"dd/MM/yyyy"_s);
+    const QString texto = leido.toString().trimmed().section(u' ', 0, 0).left(10);
+    const QDate espanola = QDate::fromString(texto, u"d/M/yyyy"_s);
     return espanola.isValid() ? espanola : QDate::fromString(texto, Qt::ISODate);
 }
 

@@ -1,6 +1,6 @@
 #include "common/Valores.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 #include <cmath>
 #include <limits>
@@ -64,7 +64,7 @@ Entero redondeadoEn(double valor)
 {
     const double redondeado = std::round(valor);
     if (!(redondeado >= std::numeric_limits<Entero>::min() && redondeado <= std::numeric_limits<Entero>::max()))
-        throw Error{errores::Desbordamiento, u"Desbordamiento."_s, {}};
+        throw errores::desbordamiento();
     return static_cast<Entero>(redondeado);
 }
 
@@ -121,7 +121,7 @@ double Val(QStringView texto)
     bool bien = false;
     const double valor = normal.toDouble(&bien);
     if (!std::isfinite(valor))
-        throw Error{errores::Desbordamiento, u"Desbordamiento."_s, {}};
+        throw errores::desbordamiento();
     return valor;
 }
 
@@ -138,7 +138,7 @@ QString ValTexto(QStringView texto)
     if (numero.cifras.isEmpty())
         return u"0"_s;
     if (numero.enteras > std::numeric_limits<double>::max_exponent10 + 1)
-        throw Error{errores::Desbordamiento, u"Desbordamiento."_s, {}};
+        throw errores::desbordamiento();
     if (numero.enteras < std::numeric_limits<double>::min_exponent10)
         return u"0"_s;
     QString resultado = numero.negativo ? u"-"_s : QString();

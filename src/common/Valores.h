@@ -1,9 +1,10 @@
 #pragma once
 
-#include "common/Moneda.h"
+#include "nvArticulo/Error.h"
 
 #include <QDate>
 #include <QString>
+#include <limits>
 
 namespace nv {
 
@@ -29,6 +30,15 @@ QString ValTexto(QStringView texto);
 /// Val of the text rounded half away from zero. Throw Error (6) when it does not fit.
 qint16 ValEntero16(QStringView texto);
 qint32 ValEntero32(QStringView texto);
+
+/// The same number in fewer bits. Throws Error (6) when it does not fit.
+template <class Entero>
+Entero estrecho(qint64 valor)
+{
+    if (valor < std::numeric_limits<Entero>::min() || valor > std::numeric_limits<Entero>::max())
+        throw errores::desbordamiento();
+    return static_cast<Entero>(valor);
+}
 
 /// The text read as a Boolean setting: "1", "-1", any number but 0, "True", "Verdadero", "Sí", "Si"; all else false.
 bool comoBooleano(QStringView texto);

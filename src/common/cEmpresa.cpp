@@ -1,4 +1,4 @@
-#include "common/cEmpresa.h"
+#include "nvArticulo/cEmpresa.h"
 
 #include "common/Valores.h"
 

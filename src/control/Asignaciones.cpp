@@ -1,10 +1,9 @@
 #include "control/Asignaciones.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
-#include "control/Dialogos.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Mensajes.h"
 
 using namespace Qt::StringLiterals;
@@ -51,17 +50,17 @@ bool Asignaciones::referencia(qint32 &articulo, qint32 &proveedor, QString &refe
 {
     return guardada([&] {
         if (m_empresa.ValorBooleano(u"EsUlvaro"_s)) {
-            DatosCreacion datos{articulo, proveedor, referencia, recordados};
+            DatosCreacion datos{recordados, articulo, proveedor, referencia};
             if (!m_dialogos.crearArticulo(m_padre, m_empresa, m_conexion, datos))
                 return false;
             articulo = datos.Codigo;
             proveedor = datos.Proveedor;
             referencia = datos.Ref;
-            recordados = datos.valores;
+            recordados = datos;
             return true;
         }
         DatosReferencia datos{QString::number(articulo), proveedor, referencia};
-        if (!m_dialogos.pedirReferencia(m_padre, m_empresa, datos))
+        if (!m_dialogos.pedirReferencia(m_padre, m_servicios, datos))
             return false;
         articulo = codigoDe(datos.Articulo);
         proveedor = datos.Proveedor;
@@ -100,7 +99,7 @@ bool Asignaciones::codigoBarras(qint32 &articulo, QString &codigoBarras)
 {
     return guardada([&] {
         DatosCodigoBarras datos{QString::number(articulo), codigoBarras};
-        if (!m_dialogos.pedirCodigoBarras(m_padre, m_empresa, datos))
+        if (!m_dialogos.pedirCodigoBarras(m_padre, m_servicios, datos))
             return false;
         articulo = codigoDe(datos.Articulo);
         codigoBarras = datos.CodBarras;

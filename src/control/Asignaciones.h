@@ -1,16 +1,11 @@
 #pragma once
 
+#include "control/Dialogos.h"
+
 #include <QPointer>
-#include <QString>
 #include <QWidget>
 
-class cEmpresa;
-
 namespace nv {
-
-class Conexion;
-class Dialogos;
-struct ValoresCreacion;
 
 /// Attach what was not found to an item, after the user agreed. True when an item now carries it; the arguments then
 /// hold the item code and what was attached. Errors are shown. No transaction: the delete and the insert of a transfer
@@ -18,9 +13,10 @@ struct ValoresCreacion;
 class Asignaciones
 {
 public:
-    Asignaciones(Conexion &conexion, ::cEmpresa &empresa, Dialogos &dialogos, QWidget *padre)
+    Asignaciones(Conexion &conexion, const Servicios &servicios, Dialogos &dialogos, QWidget *padre)
         : m_conexion(conexion)
-        , m_empresa(empresa)
+        , m_servicios(servicios)
+        , m_empresa(servicios.empresaExigida())
         , m_dialogos(dialogos)
         , m_padre(padre)
     {}
@@ -38,6 +34,7 @@ private:
     bool guardada(Operacion &&operacion);
 
     Conexion &m_conexion;
+    const Servicios &m_servicios;
     ::cEmpresa &m_empresa;
     Dialogos &m_dialogos;
     QPointer<QWidget> m_padre;

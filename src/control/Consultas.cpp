@@ -1,8 +1,8 @@
 #include "control/Consultas.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
 #include "control/Dialogos.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 
 namespace nv {
 

@@ -1,15 +1,26 @@
 #pragma once
 
 #include "common/ContratoBusqueda.h"
+#include "common/DatosCreacion.h"
 #include "platform/widgets/DialogoPropio.h"
 
 #include <memory>
 
-class cEmpresa;
-
 namespace nv {
 
+class ComprobadorReferencias;
 class Conexion;
+
+/// What the host hands in besides the connection. Borrowed.
+struct Servicios
+{
+    ::cEmpresa *empresa = nullptr;
+    NVUTConfig::clsConfig *parametros = nullptr;   ///< none: every parameter has its default
+    ComprobadorReferencias *comprobador = nullptr; ///< none: the simple rule
+
+    /// Throws Error (91) without one.
+    ::cEmpresa &empresaExigida() const;
+};
 
 /// What the user confirmed about a barcode to attach.
 struct DatosCodigoBarras
@@ -24,30 +35,6 @@ struct DatosReferencia
     QString Articulo;
     qint32 Proveedor = 0;
     QString Referencia;
-};
-
-/// What the component remembers between two creations of an item, handed to the next one.
-struct ValoresCreacion
-{
-    qint16 Marca = 0;
-    qint16 TipoImpuesto = 0;
-    qint16 Familia_1 = 0;
-    qint16 Familia_2 = 0;
-    qint16 Familia_3 = 0;
-    qint16 CualidadX = 0;
-    qint16 CualidadY = 0;
-    QString Temporada;
-    qint16 NoGenerarSerieEAN = 0;
-    qint16 UnidadesDecimales = 0;
-};
-
-/// A new item in the fashion edition: its code is the result.
-struct DatosCreacion
-{
-    qint32 Codigo = 0;
-    qint32 Proveedor = 0;
-    QString Ref;
-    ValoresCreacion valores;
 };
 
 /// What the component asks of the forms. It includes none of them: the one implementation stands above both.
@@ -68,8 +55,8 @@ public:
     virtual qint32 elegirPlu(QWidget *padre, ::cEmpresa &empresa, qint32 plu) = 0;
 
     /// Barcode data dialog, and supplier reference edit: `datos` go in and come out; false when not accepted.
-    virtual bool pedirCodigoBarras(QWidget *padre, ::cEmpresa &empresa, DatosCodigoBarras &datos) = 0;
-    virtual bool pedirReferencia(QWidget *padre, ::cEmpresa &empresa, DatosReferencia &datos) = 0;
+    virtual bool pedirCodigoBarras(QWidget *padre, const Servicios &servicios, DatosCodigoBarras &datos) = 0;
+    virtual bool pedirReferencia(QWidget *padre, const Servicios &servicios, DatosReferencia &datos) = 0;
 
     /// Quick creation form; the item is complete in the database when the result is true.
     virtual bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) = 0;

@@ -1,16 +1,19 @@
-#include "control/nvArticulo.h"
+#include "nvArticulo/nvArticulo.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
 #include "control/CajaCodigo.h"
-#include "control/Dialogos.h"
+#include "control/Consultas.h"
+#include "control/Resolucion.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Foco.h"
+#include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
 #include <QEvent>
 #include <QLabel>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -20,26 +23,53 @@ constexpr int AnchoCaja = 1380;
 constexpr int AnchoMinimo = 930;
 constexpr int AltoMinimo = 195;
 
-/// A tool tip shows plain text: names hold "<" and "&".
-QString sinFormato(const QString &texto)
-{
-    return texto.isEmpty() ? texto : u"<span>"_s + texto.toHtmlEscaped() + u"</span>"_s;
-}
-
 bool enDisposicion(const QWidget *widget)
 {
     const QWidget *padre = widget->parentWidget();
     return padre && padre->layout();
 }
 
+/// What "forget the criteria" leaves: the code reads "0".
+nv::CriteriosBusqueda criteriosOlvidados()
+{
+    nv::CriteriosBusqueda criterios;
+    criterios.Busqueda_Codigo = u"0"_s;
+    return criterios;
+}
+
 } // namespace
+
+/// Marks the box as resolving or searching for as long as it lives, with a nested loop of a dialog inside. The box may
+/// die first: this is the one place that says whether it has.
+class nvArticulo::Ocupada
+{
+public:
+    explicit Ocupada(nvArticulo *articulo)
+        : m_articulo(articulo)
+    {
+        m_articulo->m_ocupada = true;
+    }
+    Ocupada(const Ocupada &) = delete;
+    Ocupada &operator=(const Ocupada &) = delete;
+    ~Ocupada()
+    {
+        if (m_articulo)
+            m_articulo->m_ocupada = false;
+    }
+    bool viva() const { return !m_articulo.isNull(); }
+
+private:
+    QPointer<nvArticulo> m_articulo;
+};
 
 nvArticulo::nvArticulo(QWidget *padre)
     : QWidget(padre)
     , m_caja(new nv::CajaCodigo(this))
     , m_nombre(new QLabel(this))
+    , m_servicios(std::make_unique<nv::Servicios>())
+    , m_dialogos(nv::crearDialogos())
+    , m_estado(std::make_unique<nv::EstadoCaja>())
     , m_keyFichaArt(nv::teclas::F4)
-    , m_creacion(std::make_unique<nv::ValoresCreacion>())
 {
     m_caja->setObjectName(u"txtCodigo"_s);
     m_caja->setAccessibleName(u"Código de artículo"_s);
@@ -50,23 +80,7 @@ nvArticulo::nvArticulo(QWidget *padre)
     m_nombre->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setFocusProxy(m_caja);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-
-    using nv::CajaCodigo;
-    connect(m_caja, &CajaCodigo::textChanged, this, &nvArticulo::alCambiar);
-    connect(m_caja, &CajaCodigo::teclaAbajo, this, &nvArticulo::alTeclaAbajo);
-    connect(m_caja, &CajaCodigo::teclaArriba, this, &nvArticulo::KeyUp);
-    connect(m_caja, &CajaCodigo::caracter, this, &nvArticulo::KeyPress);
-    connect(m_caja, &CajaCodigo::intro, this, &nvArticulo::alIntro);
-    connect(m_caja, &CajaCodigo::enfocada, this, &nvArticulo::alEnfocar);
-    connect(m_caja, &CajaCodigo::desenfocada, this, &nvArticulo::alDesenfocar);
-    connect(m_caja, &CajaCodigo::clic, this, &nvArticulo::Click);
-    connect(m_caja, &CajaCodigo::dobleClic, this, &nvArticulo::DblClick);
-    connect(m_caja, &CajaCodigo::ratonAbajo, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseDown, b, e, p); });
-    connect(m_caja, &CajaCodigo::ratonMovido, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseMove, b, e, p); });
-    connect(m_caja, &CajaCodigo::ratonArriba, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseUp, b, e, p); });
+    conectarCaja();
     InitProperties();
 }
 
@@ -76,180 +90,192 @@ nvArticulo::~nvArticulo()
     m_caja->disconnect(this);
 }
 
-void nvArticulo::setConexion(nv::Conexion *conexion)
+void nvArticulo::conectarCaja()
 {
-    nv::ranura::ofrecer(conexion);
+    using nv::CajaCodigo;
+    connect(m_caja, &CajaCodigo::textChanged, this, &nvArticulo::alCambiar);
+    connect(m_caja, &CajaCodigo::teclaAbajo, this, &nvArticulo::alTeclaAbajo);
+    connect(m_caja, &CajaCodigo::teclaArriba, this, &nvArticulo::KeyUp);
+    connect(m_caja, &CajaCodigo::caracter, this, &nvArticulo::KeyPress);
+    connect(m_caja, &CajaCodigo::intro, this, &nvArticulo::alIntro);
+    // Leaving the box resolves nothing: what was typed stays, and stays pending.
+    connect(m_caja, &CajaCodigo::enfocada, this, &nvArticulo::pintarSegunEstado);
+    connect(m_caja, &CajaCodigo::desenfocada, this, &nvArticulo::pintarSegunEstado);
+    connect(m_caja, &CajaCodigo::clic, this, &nvArticulo::Click);
+    connect(m_caja, &CajaCodigo::dobleClic, this, &nvArticulo::DblClick);
+    connect(m_caja, &CajaCodigo::ratonAbajo, this,
+            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseDown, b, e, p); });
+    connect(m_caja, &CajaCodigo::ratonMovido, this,
+            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseMove, b, e, p); });
+    connect(m_caja, &CajaCodigo::ratonArriba, this,
+            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseUp, b, e, p); });
 }
 
-void nvArticulo::setAppearance(int valor)
+bool nvArticulo::Refrescar_Datos()
 {
-    if (valor != 0 && valor != 1)
-        throw nv::Error{380, u"Valor de propiedad no válido."_s, {}};
-    m_appearance = valor;
-    m_caja->setFrame(valor == 1);
-    marcarCambiada(u"Appearance"_s);
+    nv::EstadoCaja cargado = estado();
+    const QPointer<nvArticulo> vivo(this);
+    bool encontrado = false;
+    nv::mensajes::guardar(window(), u"nvArticulos::Cargar"_s, [&] {
+        nv::Consultas consultas(nv::ranura::exigida(), m_servicios->empresaExigida(), *m_dialogos, window());
+        encontrado = nv::cargarDescripcion(cargado, consultas, m_vital);
+    });
+    if (vivo)
+        aplicar(cargado);
+    return encontrado;
 }
 
-void nvArticulo::setTipoFicha(eFormsFichas valor)
+qint32 nvArticulo::Buscar()
 {
-    m_tipoFicha = valor;
-    marcarCambiada(u"TipoFicha"_s);
-}
-
-void nvArticulo::setKeyFichaArt(qint32 valor)
-{
-    m_keyFichaArt = valor;
-    marcarCambiada(u"KeyFichaArt"_s);
-}
-
-void nvArticulo::setVital(bool valor)
-{
-    m_vital = valor;
-    marcarCambiada(u"Vital"_s);
-}
-
-void nvArticulo::setInicial(bool valor)
-{
-    m_inicial = valor;
-    marcarCambiada(u"Inicial"_s);
-}
-
-QString nvArticulo::Nombre() const
-{
-    return m_nombre->text();
-}
-
-bool nvArticulo::Enabled() const
-{
-    return parentWidget() ? isEnabledTo(parentWidget()) : isEnabled();
-}
-
-void nvArticulo::setEnabled(bool valor)
-{
-    QWidget::setEnabled(valor);
-    if (valor)
-        m_caja->setEnabled(true); // stored properties may have disabled the box alone
-    pintarSegunEstado();
-    marcarCambiada(u"Enabled"_s);
-}
-
-QFont nvArticulo::Font() const
-{
-    return m_caja->font();
-}
-
-void nvArticulo::setFont(const QFont &fuente)
-{
-    QWidget::setFont(fuente);
-    m_caja->setFont(fuente);
-    m_nombre->setFont(fuente);
-    marcarCambiada(u"Font"_s);
-}
-
-qint32 nvArticulo::MaxLength() const
-{
-    return m_caja->maxLength();
-}
-
-void nvArticulo::setCausesValidation(bool valor)
-{
-    m_causesValidation = valor;
-    marcarCambiada(u"CausesValidation"_s);
-}
-
-void nvArticulo::setKeyUpChangeFocus(bool valor)
-{
-    m_keyUpChangeFocus = valor;
-    marcarCambiada(u"KeyUpChangeFocus"_s);
-}
-
-void nvArticulo::setKeyEnterChangeFocus(bool valor)
-{
-    m_keyEnterChangeFocus = valor;
-    marcarCambiada(u"KeyEnterChangeFocus"_s);
-}
-
-bool nvArticulo::Locked() const
-{
-    return m_caja->isReadOnly();
-}
-
-void nvArticulo::setLocked(bool valor)
-{
-    m_caja->setReadOnly(valor);
-    marcarCambiada(u"Locked"_s);
-}
-
-QString nvArticulo::Text() const
-{
-    return nv::recortado(m_caja->text());
-}
-
-void nvArticulo::setText(const QString &texto)
-{
-    ponerCaja(nv::recortado(texto));
-    marcarCambiada(u"Text"_s);
-    if (const QString hueco = corchetes(1785); !hueco.isEmpty())
-        ponerNombre(hueco);
-    m_existe = false;
-    m_pendiente = true;
-}
-
-void nvArticulo::setToolTipText(const QString &texto)
-{
-    m_toolTipText = texto;
-    m_caja->setToolTip(sinFormato(texto));
-    marcarCambiada(u"ToolTipText"_s);
-}
-
-QString nvArticulo::Codigo() const
-{
+    if (m_ocupada)
+        return 0;
+    const QPointer<nvArticulo> vivo(this);
+    m_caja->clear();
+    qint16 codigo = nv::teclas::F3;
+    qint16 mayusculas = 0;
+    if (vivo)
+        alTeclaAbajo(codigo, mayusculas);
     try {
-        return nv::ValTexto(m_caja->text());
+        return vivo ? nv::ValEntero32(m_caja->text()) : 0;
     } catch (const nv::Error &) {
-        return u"0"_s; // an exponent beyond any number names no item
+        return 0;
     }
 }
 
-void nvArticulo::setCodigo(const QString &codigo)
+QVariant nvArticulo::Emular_Enter(const QString &strCodigo)
 {
-    ponerCaja(nv::recortado(codigo));
-    ponerNombre({});
-    m_existe = false;
-    m_pendiente = true;
+    const QVariant nada = QVariant::fromValue(qint16(0));
+    if (m_ocupada)
+        return nada;
+    const QPointer<nvArticulo> vivo(this);
+    m_caja->setText(strCodigo);
+    if (vivo)
+        alIntro();
+    return vivo && Existe() ? QVariant(Codigo()) : nada;
 }
 
-qint16 nvArticulo::Modelo()
+void nvArticulo::alTeclaAbajo(qint16 &codigo, qint16 &mayusculas)
 {
-    if (m_modelo == 0 && m_empresa)
-        m_modelo = m_empresa->ValorEntero16(u"BusquedaArticulos"_s);
-    return m_modelo;
+    const QPointer<nvArticulo> vivo(this);
+    const bool arriba = codigo == nv::teclas::Arriba && m_keyUpChangeFocus;
+    if (codigo == nv::teclas::F3 &&
+        !nv::mensajes::guardar(window(), nv::mensajes::atencion(), [this] { lanzarBusqueda(); }))
+        return;
+    if (vivo)
+        Q_EMIT KeyDown(codigo, mayusculas);
+    if (vivo && arriba)
+        nv::foco::atras(m_caja);
 }
 
-void nvArticulo::setModelo(qint16 valor)
+/// Resolves what was typed, shows what came of it, tells the host, moves on. An error is one message, and everything is
+/// what it was before.
+void nvArticulo::alIntro()
 {
-    m_modelo = valor;
-    marcarCambiada(u"Modelo"_s);
+    qint16 ascii = nv::teclas::Intro;
+    bool avanza = false;
+    if (!m_ocupada) {
+        const Ocupada ocupada(this);
+        try {
+            nv::Resolutor resolutor(*m_servicios, m_dialogos, window(), ajustes(), estado());
+            const nv::Resolucion hecho = resolutor.resolver();
+            if (ocupada.viva())
+                aplicar(hecho.estado);
+            if (ocupada.viva() && hecho.enfoca && m_caja->isEnabled() && m_caja->isVisible())
+                m_caja->setFocus();
+            ascii = hecho.tragada ? qint16{0} : ascii;
+            avanza = hecho.avanza;
+        } catch (const nv::Error &error) {
+            const QString carga = u"nvArticulos::Cargar"_s;
+            if (ocupada.viva())
+                nv::mensajes::mostrar(window(), error.origen == carga ? carga : nv::mensajes::atencion(),
+                                      error.descripcion, nv::mensajes::Icono::Critico);
+            // The next scan must replace what failed, not go on behind it.
+            if (ocupada.viva())
+                m_caja->selectAll();
+            return;
+        }
+        if (!ocupada.viva())
+            return;
+    }
+    const QPointer<nvArticulo> vivo(this);
+    Q_EMIT KeyPress(ascii);
+    if (vivo && avanza)
+        nv::foco::adelante(m_caja);
 }
 
-QString nvArticulo::Nombre_CualidadX() const
+void nvArticulo::lanzarBusqueda()
 {
-    return m_tieneCualidad ? m_nombreX : u"0"_s;
+    if (m_ocupada)
+        return;
+    const Ocupada ocupada(this);
+    nv::PeticionBusqueda pedida = peticion();
+    pedida.modelo = Modelo();
+    pedida.multiResultado = MultiResultado && pedida.modelo != 0;
+    pedida.seleccionarTodo = SeleccionarTodo && pedida.modelo == 1;
+    nv::CriteriosBusqueda criterios = m_estado->criterios;
+    if (Familia_1 == -1) {
+        Familia_1 = 0;
+        m_estado->criterios = criteriosOlvidados();
+        criterios = {};
+    }
+    pedida.familia[0] = std::max(Familia_1, qint16{0});
+    const auto resultado = nv::mostrarBusqueda(*m_dialogos, *m_servicios, window(), pedida, criterios);
+    if (!resultado || !ocupada.viva())
+        return;
+    nv::EstadoCaja nuevo = estado();
+    const bool varios = MultiResultado || resultado->codigo.isEmpty();
+    if (varios) {
+        nuevo.multiCodigo = resultado->codigo;
+        nuevo.multiDescripcion = resultado->codigo.isEmpty() ? QString() : resultado->descripcion;
+    } else {
+        nuevo.texto = resultado->codigo;
+        nuevo.nombre = resultado->descripcion;
+        nuevo.existe = false;
+        nuevo.pendiente = true;
+    }
+    if (!resultado->codigo.isEmpty())
+        nuevo.criterios = resultado->criterios;
+    aplicar(nuevo);
+    if (ocupada.viva() && !varios)
+        m_caja->selectAll();
 }
 
-QString nvArticulo::Nombre_CualidadY() const
+nv::EstadoCaja nvArticulo::estado() const
 {
-    return m_tieneCualidad ? m_nombreY : u"0"_s;
+    nv::EstadoCaja copia = *m_estado;
+    copia.texto = m_caja->text();
+    copia.nombre = m_nombre->text();
+    return copia;
 }
 
-void nvArticulo::SelectText()
+/// State last: writing the box tells the host of a change.
+void nvArticulo::aplicar(const nv::EstadoCaja &estado)
 {
-    m_caja->selectAll();
+    const QPointer<nvArticulo> vivo(this);
+    m_caja->setText(estado.texto);
+    if (!vivo)
+        return;
+    ponerNombre(estado.nombre);
+    *m_estado = estado;
 }
 
-void nvArticulo::Refresh()
+/// The host hears of the change first and still sees the former state.
+void nvArticulo::alCambiar()
 {
-    m_caja->repaint();
+    const QPointer<nvArticulo> vivo(this);
+    Q_EMIT Change();
+    if (!vivo)
+        return;
+    m_estado->existe = false;
+    m_estado->pendiente = true;
+}
+
+void nvArticulo::reenviarRaton(void (nvArticulo::*senal)(qint16 &, qint16 &, float &, float &), qint16 boton,
+                               qint16 mayusculas, QPointF lugar)
+{
+    auto x = static_cast<float>(nv::twips::dePixeles(qRound(lugar.x()), this));
+    auto y = static_cast<float>(nv::twips::dePixeles(qRound(lugar.y()), this));
+    Q_EMIT(this->*senal)(boton, mayusculas, x, y);
 }
 
 QSize nvArticulo::sizeHint() const
@@ -313,34 +339,10 @@ QString nvArticulo::corchetes(int twipsDescontados) const
     return libres >= 1 ? u'[' + QString(libres, u' ') + u']' : QString();
 }
 
-void nvArticulo::ponerCaja(const QString &texto)
-{
-    m_caja->setText(texto);
-}
-
 void nvArticulo::ponerNombre(const QString &nombre)
 {
     m_nombre->setText(nombre);
     m_caja->setAccessibleDescription(nombre.startsWith(u'[') ? QString() : nombre);
     const bool cabe = m_nombre->fontMetrics().horizontalAdvance(nombre) <= m_nombre->width();
-    m_nombre->setToolTip(cabe ? QString() : sinFormato(nombre));
-}
-
-void nvArticulo::marcarCambiada(const QString &propiedad)
-{
-    Q_EMIT PropertyChanged(propiedad);
-}
-
-::cEmpresa &nvArticulo::empresaExigida() const
-{
-    if (!m_empresa)
-        throw nv::Error{nv::errores::SinObjeto, u"No se ha establecido la empresa."_s, {}};
-    return *m_empresa;
-}
-
-nv::Dialogos &nvArticulo::dialogos()
-{
-    if (!m_dialogos)
-        m_dialogos = nv::crearDialogos();
-    return *m_dialogos;
+    m_nombre->setToolTip(cabe ? QString() : u"<span>"_s + nombre.toHtmlEscaped() + u"</span>"_s);
 }

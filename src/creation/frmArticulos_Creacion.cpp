@@ -1,135 +1,287 @@
 #include "creation/frmArticulos_Creacion.h"
 
+#include "common/Valores.h"
+#include "creation/ComprobacionBarras.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
+#include "platform/pickers/CascadaFamilias.h"
 #include "platform/pickers/nvFamilia.h"
 #include "platform/pickers/nvMarca.h"
+#include "platform/pickers/nvProveedor.h"
 #include "platform/pickers/nvTemporada.h"
-#include "platform/widgets/Botonera.h"
 #include "platform/widgets/Foco.h"
-#include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QGuiApplication>
+#include <QFormLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using nv::SelectorCodigo;
-
-namespace {
-
-constexpr int EsperaRaton = 20; // milliseconds
-
-bool esIntro(const QKeyEvent &tecla)
-{
-    return tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter;
-}
-
-} // namespace
+using nv::mensajes::Icono;
+using nv::mensajes::Respuesta;
 
 frmArticulos_Creacion::frmArticulos_Creacion(QWidget *padre)
-    : QDialog(padre)
+    : FormularioModal(padre)
+    , m_campos(this)
+    , m_barras(new nv::ComprobacionBarras(m_campos.barras, m_campos.codigo))
+    , m_aceptar(boton(u"F9 - &Aceptar"_s, u"cmdAceptar"_s, [this] { aceptar(); }))
+    , m_cancelar(boton(u"F12 - &Cancelar"_s, u"cmdCancelar"_s, [this] { cancelar(); }))
 {
     setWindowTitle(u"Creación de Artículos"_s);
-    crearCampos();
-    colocarCampos();
-    conectarCampos();
-    m_aceptar->setEnabled(false);
-    m_cancelar->setEnabled(false);
-    m_esperaRaton.setInterval(EsperaRaton);
+    auto *botones = new QHBoxLayout;
+    botones->addStretch();
+    for (QPushButton *uno : {m_aceptar, m_cancelar, boton(u"&Salir"_s, u"cmdCerrar"_s, [this] { cerrar(); })})
+        botones->addWidget(uno);
+    auto *todo = new QVBoxLayout(this);
+    todo->addLayout(m_campos.disposicion());
+    todo->addSpacing(nv::twips::aPixeles(90, this));
+    todo->addLayout(botones);
+    todo->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(m_campos.codigo, &nvTextBox::Intro, this, [this](bool &tratada) {
+        tratada = true;
+        nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { confirmarCodigo(); });
+    });
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{m_campos.codigo, m_campos.cualidades[0], m_campos.cualidades[1],
+                                          m_campos.sinSerieEan, m_campos.unidadesDecimales})
+        widget->installEventFilter(this);
+    connect(m_campos.familias, &nv::CascadaFamilias::Fin, this, [this] { m_campos.cualidades[0]->setFocus(); });
+    connect(m_campos.impuesto, &nvTextBox::Salida, this, [this] {
+        if (!m_llenando)
+            nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { m_campos.mostrarPorcentaje(*cEmpresa); });
+    });
+    conectarDescripciones();
+    atajo(Qt::Key_F9, [this] { m_aceptar->click(); });
+    atajo(Qt::Key_F12, [this] { m_cancelar->click(); });
+    permitirAceptar(false);
 }
 
-void frmArticulos_Creacion::conectarCampos()
-{
-    connect(m_codigo, &nvTextBox::Intro, this, [this](bool &tratada) {
-        tratada = true;
-        nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] { confirmarCodigo(); });
-    });
-    m_codigo->installEventFilter(this);
-    for (QWidget *widget : {static_cast<QWidget *>(m_cualidadX), static_cast<QWidget *>(m_cualidadY),
-                            static_cast<QWidget *>(m_sinSerieEan), static_cast<QWidget *>(m_unidadesDecimales)})
-        widget->installEventFilter(this);
+frmArticulos_Creacion::~frmArticulos_Creacion() = default;
 
+void frmArticulos_Creacion::conectarDescripciones()
+{
     const auto recomponer = [this] {
-        if (!m_suspendido)
+        if (!m_llenando)
             Formar_Descripciones();
     };
-    for (SelectorCodigo *selector :
-         {static_cast<SelectorCodigo *>(m_marca), static_cast<SelectorCodigo *>(m_temporada)}) {
+    const nv::CascadaFamilias *familias = m_campos.familias;
+    for (SelectorCodigo *selector : std::initializer_list<SelectorCodigo *>{
+             m_campos.marca, m_campos.temporada, familias->selector(0), familias->selector(1), familias->selector(2)}) {
         connect(selector, &SelectorCodigo::Cambio, this, recomponer);
         connect(selector, &SelectorCodigo::Salida, this, recomponer);
     }
-    connect(m_referencia, &QLineEdit::textChanged, this, recomponer);
-    connect(m_referencia, &nvTextBox::Salida, this, recomponer);
-    for (int nivel = 1; nivel <= 3; ++nivel) {
-        const nvFamilia *familia = m_familias[static_cast<std::size_t>(nivel - 1)];
-        connect(familia, &SelectorCodigo::Entrada, this, [this, nivel] { alEntrarFamilia(nivel); });
-        connect(familia, &SelectorCodigo::Cambio, this, [this, nivel] { alCambiarFamilia(nivel); });
-        connect(familia, &SelectorCodigo::Salida, this, [this, nivel] { alSalirFamilia(nivel); });
-        connect(familia, &SelectorCodigo::Intro, this, [this, nivel](bool &tratada) {
-            tratada = true;
-            trasFamilia(nivel);
-        });
-    }
-    connect(m_impuesto, &nvTextBox::Salida, this, [this] {
-        if (!m_suspendido)
-            nv::mensajes::guardar(this, u"¡ Atención !"_s, [this] { mostrarPorcentaje(); });
-    });
-    connect(m_barras, &QLineEdit::textChanged, this, [this] { m_barrasComprobadas = false; });
-    connect(m_barras, &nvTextBox::Salida, this, &frmArticulos_Creacion::alSalirBarras);
-    connect(&m_esperaRaton, &QTimer::timeout, this, [this] {
-        if (m_barrasPendientes && QGuiApplication::mouseButtons() == Qt::NoButton)
-            comprobarBarras();
-    });
-
-    connect(m_aceptar, &QPushButton::clicked, this, &frmArticulos_Creacion::aceptar);
-    connect(m_cancelar, &QPushButton::clicked, this, &frmArticulos_Creacion::cancelar);
-    connect(m_cerrar, &QPushButton::clicked, this, &frmArticulos_Creacion::cerrar);
-    nv::atajosAceptarCancelar(
-        this,
-        [this] {
-            if (m_aceptar->isEnabled())
-                aceptar();
-        },
-        [this] {
-            if (m_cancelar->isEnabled())
-                cancelar();
-        });
+    connect(m_campos.referencia, &QLineEdit::textChanged, this, recomponer);
+    connect(m_campos.referencia, &nvTextBox::Salida, this, recomponer);
 }
 
 void frmArticulos_Creacion::MostrarModal()
 {
     Aceptado = false;
-    m_formatoTicket.clear();
-    m_formatoLargo.clear();
     const QPointer<frmArticulos_Creacion> vivo(this);
-    const QString titulo = u"¡ Atención !"_s;
-    QStringList fallos;
+    nv::mensajes::Fallos fallos;
     // Half loaded it would know no limits and no qualities: an item begun in it could not be completed.
-    const bool cargado = nv::mensajes::guardar(this, titulo, [&] { Cargar(fallos); });
-    if (!vivo || !cargado || !cEmpresa || !Conexion)
+    const bool cargado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [&] { Cargar(fallos); });
+    if (!vivo || !cargado || !fallos.mostrar(this, nv::mensajes::atencion()))
         return;
-    for (const QString &fallo : std::as_const(fallos)) {
-        nv::mensajes::mostrar(this, titulo, fallo, nv::mensajes::Icono::Critico);
-        if (!vivo)
-            return;
-    }
-    centrar();
-    m_codigo->setFocus();
-    exec();
-}
-
-void frmArticulos_Creacion::centrar()
-{
     adjustSize();
     const QScreen *pantalla = parentWidget() ? parentWidget()->screen() : screen();
-    QRect marco(QPoint(), size());
-    marco.moveCenter(pantalla->availableGeometry().center());
-    move(marco.topLeft());
+    move(pantalla->availableGeometry().center() - rect().center());
+    m_campos.codigo->setFocus();
+    ejecutar();
+}
+
+/// The item's rows in the company and the connection that the host has given.
+nv::AltaArticulo &frmArticulos_Creacion::alta()
+{
+    if (!cEmpresa)
+        throw nv::errores::sinEmpresa();
+    if (!Conexion)
+        throw nv::Error{nv::errores::SinObjeto, u"No se ha establecido la conexión con la base de datos."_s, {}};
+    if (!m_alta)
+        m_alta = std::make_unique<nv::AltaArticulo>(*cEmpresa, *Conexion);
+    return *m_alta;
+}
+
+void frmArticulos_Creacion::Cargar(nv::mensajes::Fallos &fallos)
+{
+    nv::AltaArticulo &nueva = alta();
+    {
+        const QScopedValueRollback<bool> llenando(m_llenando, true);
+        m_barras->conectar(*cEmpresa, *Conexion);
+        m_campos.poner(*this, *cEmpresa, *Conexion, fallos);
+        const nv::AltaArticulo::Ajustes &ajustes = nueva.leerAjustes();
+        const bool porDefecto = CualidadX == 0 && CualidadY == 0;
+        m_campos.llenarCualidades(*Conexion, porDefecto ? ajustes.cualidades : std::array{CualidadX, CualidadY});
+        m_formatoTicket = nueva.leerFormato(false);
+        m_formatoLargo = nueva.leerFormato(true);
+        m_campos.sinSerieEan->setEnabled(ajustes.seriesAutomaticas);
+    }
+    Formar_Descripciones();
+}
+
+void frmArticulos_Creacion::Formar_Descripciones()
+{
+    const nv::CamposDescripcion campos = m_campos.paraDescripcion();
+    m_campos.ticket->setText(nv::componerDescripcion(m_formatoTicket, campos));
+    m_campos.descripcion->setText(nv::componerDescripcion(m_formatoLargo, campos));
+}
+
+void frmArticulos_Creacion::alPulsarF6()
+{
+    nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
+        const std::optional<qint64> siguiente = alta().siguienteCodigo();
+        if (siguiente) {
+            m_campos.codigo->setText(QString::number(*siguiente));
+            confirmarCodigo();
+        } else {
+            nv::mensajes::mostrar(this, nv::mensajes::atencion(),
+                                  u"No esta disponible esta opción en códigos alfanuméricos"_s, Icono::Exclamacion);
+        }
+    });
+}
+
+void frmArticulos_Creacion::confirmarCodigo()
+{
+    const QString texto = nv::recortado(m_campos.codigo->text());
+    if (texto.isEmpty())
+        return;
+    Codigo = nv::ValEntero32(texto);
+    if (Existe()) {
+        const QPointer<frmArticulos_Creacion> vivo(this);
+        nv::mensajes::mostrar(this, u"¡Atención!"_s, u"Este código ya está asignado a otro artículo."_s,
+                              Icono::Informacion);
+        if (vivo)
+            rechazarCodigo();
+        return;
+    }
+    if (!alta().cabe(Codigo)) {
+        rechazarCodigo();
+        return;
+    }
+    alta().abrir(Codigo);
+    // Of "12abc" the item is 12: the box must not go on naming another one.
+    if (!std::all_of(texto.begin(), texto.end(), nv::esDigito) || texto != m_campos.codigo->text())
+        m_campos.codigo->setText(QString::number(Codigo));
+    permitirAceptar(true);
+    nv::foco::adelante(m_campos.codigo);
+    m_campos.codigo->setEnabled(false);
+}
+
+void frmArticulos_Creacion::rechazarCodigo()
+{
+    m_campos.codigo->clear();
+    m_campos.codigo->setFocus();
+}
+
+void frmArticulos_Creacion::permitirAceptar(bool valor)
+{
+    m_aceptar->setEnabled(valor);
+    m_cancelar->setEnabled(valor);
+}
+
+bool frmArticulos_Creacion::Existe()
+{
+    return nv::etiquetado(u"frmArticulos_Creacion::Existe"_s, [this] { return alta().Existe(Codigo); });
+}
+
+bool frmArticulos_Creacion::EliminarF6()
+{
+    return nv::etiquetado(u"frmArticulos_Creacion::EliminarF6"_s, [this] {
+        if (m_alta)
+            m_alta->deshacer();
+        return true;
+    });
+}
+
+bool frmArticulos_Creacion::Validar_Articulo()
+{
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    const auto falta = [this, &vivo](const QString &texto, nv::CampoCreacion campo) {
+        nv::mensajes::mostrar(this, u"Validando artículo..."_s, texto, Icono::Exclamacion);
+        if (vivo)
+            m_campos.campo(campo)->setFocus();
+        return false;
+    };
+    const nv::FichaAlta ficha = m_campos.ficha();
+    if (const std::optional<nv::FaltaCreacion> primera = alta().falta(ficha))
+        return falta(primera->texto, primera->campo);
+    if (nv::recortado(ficha.descripcion).isEmpty()) {
+        const bool sigue = nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
+                                                   u"El artículo no tiene descripción. ¿Desea continuar?"_s,
+                                                   Respuesta::No) == Respuesta::Si;
+        if (vivo && !sigue)
+            m_campos.descripcion->setFocus();
+        if (!vivo || !sigue)
+            return false;
+    }
+    return !alta().referenciaRepetida(ficha) ||
+           falta(u"La referencia especificada ya existe."_s, nv::CampoCreacion::Referencia);
+}
+
+void frmArticulos_Creacion::aceptar()
+{
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    m_barras->comprobarPendiente();
+    if (!vivo)
+        return;
+    const bool hecho = nv::mensajes::guardar(this, u"Error"_s, [&] {
+        if (m_campos.asentarSelector())
+            Formar_Descripciones();
+        if (!Validar_Articulo())
+            return;
+        static_cast<DatosCreacion &>(*this) = alta().guardar(m_campos.ficha());
+        // The item is complete, whatever goes wrong from here on.
+        Aceptado = true;
+    });
+    if (!vivo || !hecho || !Aceptado)
+        return;
+    nv::mensajes::guardar(this, u"Error"_s, [this] { volverAEmpezar(); });
+    if (vivo)
+        hide();
+}
+
+void frmArticulos_Creacion::cancelar()
+{
+    m_barras->olvidar();
+    nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
+        EliminarF6();
+        volverAEmpezar();
+        m_cierreFallido = false;
+    });
+}
+
+void frmArticulos_Creacion::cerrar()
+{
+    m_barras->olvidar();
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    const bool borrado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { EliminarF6(); });
+    // With the connection gone for good nobody must be locked in: the second time the form closes all the same.
+    if (vivo && (borrado || std::exchange(m_cierreFallido, true)))
+        hide();
+}
+
+/// Fields for the next item, its code first.
+void frmArticulos_Creacion::volverAEmpezar()
+{
+    const QScopedValueRollback<bool> llenando(m_llenando, true);
+    m_barras->suspender(true);
+    m_campos.Limpiar_Controles();
+    m_campos.codigo->setEnabled(true);
+    m_campos.codigo->setFocus();
+    permitirAceptar(false);
+    m_barras->suspender(false);
 }
 
 bool frmArticulos_Creacion::eventFilter(QObject *objeto, QEvent *evento)
@@ -140,20 +292,19 @@ bool frmArticulos_Creacion::eventFilter(QObject *objeto, QEvent *evento)
         evento->ignore();
         return true;
     }
-    const bool deTecla = evento->type() == QEvent::ShortcutOverride || evento->type() == QEvent::KeyPress;
-    if (!deTecla)
-        return QDialog::eventFilter(objeto, evento);
+    const bool pulsada = evento->type() == QEvent::KeyPress;
+    if (!pulsada && evento->type() != QEvent::ShortcutOverride)
+        return FormularioModal::eventFilter(objeto, evento);
     const auto *tecla = static_cast<QKeyEvent *>(evento);
-    const bool pulsada = evento->type() == QEvent::KeyPress && !tecla->isAutoRepeat();
-    if (objeto == m_codigo) {
+    if (objeto == m_campos.codigo) {
         if (tecla->key() != Qt::Key_F6)
             return false;
         evento->accept();
-        if (pulsada)
+        if (pulsada && !tecla->isAutoRepeat())
             alPulsarF6();
         return true;
     }
-    if (evento->type() != QEvent::KeyPress || !esIntro(*tecla))
+    if (!pulsada || (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter))
         return false;
     nv::foco::adelante(static_cast<QWidget *>(objeto));
     return true;
@@ -161,14 +312,11 @@ bool frmArticulos_Creacion::eventFilter(QObject *objeto, QEvent *evento)
 
 void frmArticulos_Creacion::keyPressEvent(QKeyEvent *evento)
 {
-    auto *boton = qobject_cast<QPushButton *>(focusWidget());
     // A key held down must not cancel first and close next.
     if (evento->key() == Qt::Key_Escape && evento->isAutoRepeat())
         evento->accept();
-    else if (esIntro(*evento) && boton && !evento->isAutoRepeat())
-        boton->click();
     else
-        QDialog::keyPressEvent(evento);
+        FormularioModal::keyPressEvent(evento);
 }
 
 void frmArticulos_Creacion::reject()

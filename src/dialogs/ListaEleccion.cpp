@@ -1,7 +1,7 @@
 #include "dialogs/ListaEleccion.h"
 
 #include "common/Valores.h"
-#include "platform/widgets/Botonera.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/DescarteTeclas.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
@@ -16,15 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace nv {
 
-namespace {
-
-constexpr int Rafaga = 100; // ms
-
-} // namespace
-
 ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std::vector<ColumnaRejilla> &columnas,
                              int columnaCodigo)
-    : QDialog(padre)
+    : FormularioModal(padre)
     , m_buscado(new nvTextBox(this))
     , m_rejilla(new Rejilla(this))
     , m_columnaCodigo(columnaCodigo)
@@ -33,26 +27,25 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
     m_buscado->setObjectName(u"txtRef"_s);
     m_buscado->setReadOnly(true);
     m_buscado->setFocusPolicy(Qt::NoFocus);
-    m_buscado->setAccessibleName(etiqueta.chopped(1));
     m_rejilla->setObjectName(u"vsLineas"_s);
     m_rejilla->setAccessibleName(u"Artículos que coinciden"_s);
     m_rejilla->setColumnas(columnas);
 
     auto *arriba = new QHBoxLayout;
-    arriba->addWidget(new QLabel(etiqueta, this));
+    arriba->addWidget(nuevoRotulo(etiqueta, m_buscado, this));
     arriba->addWidget(m_buscado, 1);
     arriba->addStretch(1);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(arriba);
     todo->addWidget(m_rejilla, 1);
-    todo->addLayout(botonera(
-        this, [this] { aceptar(); }, [this] { reject(); }));
+    todo->addLayout(botonera());
+    atajosAceptarCancelar();
     resize(twips::aPixeles(9000, this), twips::aPixeles(4500, this));
 
-    connect(m_rejilla, &Rejilla::Caracter, this, [this] { m_ultimoCaracter.start(); });
+    connect(m_rejilla, &Rejilla::Caracter, this, [this] { m_rafaga.caracter(); });
     connect(m_rejilla, &Rejilla::Intro, this, [this] {
         // The Enter that ends a scanner's burst chooses nothing.
-        if (!m_ultimoCaracter.isValid() || m_ultimoCaracter.hasExpired(Rafaga))
+        if (!m_rafaga.enCurso())
             aceptar();
     });
     connect(m_rejilla, &Rejilla::DobleClic, this, [this](int fila, int) {
@@ -77,7 +70,7 @@ void ListaEleccion::MostrarModal()
         m_rejilla->setFilaActual(1);
     m_rejilla->setFocus();
     new DescarteTeclas(this);
-    exec();
+    ejecutar();
 }
 
 void ListaEleccion::aceptar()
@@ -92,7 +85,7 @@ void ListaEleccion::aceptar()
 void ListaEleccion::reject()
 {
     Codigo = -1;
-    QDialog::reject();
+    FormularioModal::reject();
 }
 
 } // namespace nv

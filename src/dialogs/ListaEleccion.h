@@ -1,10 +1,9 @@
 #pragma once
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
+#include "platform/widgets/FormularioModal.h"
+#include "platform/widgets/Rafaga.h"
 #include "platform/widgets/Rejilla.h"
-
-#include <QDialog>
-#include <QElapsedTimer>
 
 class nvTextBox;
 
@@ -12,7 +11,7 @@ namespace nv {
 
 /// Modal list of the items that share what was typed: the text on top, a grid, Accept and Cancel. For one use; `Codigo`
 /// is the item chosen, -1 after any kind of cancelling.
-class ListaEleccion : public QDialog
+class ListaEleccion : public FormularioModal
 {
     Q_OBJECT
 
@@ -37,13 +36,13 @@ protected:
 
     Rejilla *rejilla() const { return m_rejilla; }
 
-private:
-    void aceptar();
+    void aceptar() override;
 
+private:
     nvTextBox *m_buscado;
     Rejilla *m_rejilla;
     int m_columnaCodigo;
-    QElapsedTimer m_ultimoCaracter;
+    Rafaga m_rafaga;
 };
 
 } // namespace nv

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "platform/widgets/FormularioModal.h"
 
 class QListWidget;
 class cEmpresa;
@@ -11,7 +11,7 @@ class Conexion;
 
 /// Multiple choice among the values of one alternative attribute. For one use: members set, shown modally, read while
 /// hidden. Reads `Alternativos_Valores`.
-class frmAlternativos_Eleccion : public QDialog
+class frmAlternativos_Eleccion : public nv::FormularioModal
 {
     Q_OBJECT
 
@@ -33,11 +33,10 @@ public Q_SLOTS:
     void reject() override;
 
 protected:
-    void keyPressEvent(QKeyEvent *evento) override;
+    void aceptar() override;
 
 private:
     void cargar();
-    void aceptar();
 
     QListWidget *m_lista;
 };

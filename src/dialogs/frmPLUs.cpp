@@ -1,7 +1,7 @@
 #include "dialogs/frmPLUs.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,7 +25,7 @@ nv::Sentencia articulosDePlu(qint16 empresa, qint16 empresaArticulos, qint32 plu
 } // namespace
 
 frmPLUs::frmPLUs(QWidget *padre)
-    : ListaEleccion(padre, u"PLU:"_s, {{u"Dpto"_s, 1500}, {u"Código"_s, 1000}, {u"Descripción"_s}}, ::Codigo)
+    : ListaEleccion(padre, u"PLU:"_s, {{u"Dpto", 1500}, {u"Código", 1000}, {u"Descripción"}}, ::Codigo)
 {}
 
 void frmPLUs::cargar()

@@ -1,6 +1,6 @@
 #include "dialogs/frmReferencia_Articulos.h"
 
-#include "common/Conexion.h"
+#include "nvArticulo/Conexion.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,8 +41,8 @@ QString textoProveedor(qint32 codigo, const QString &nombre)
 } // namespace
 
 frmReferencia_Articulos::frmReferencia_Articulos(QWidget *padre)
-    : ListaEleccion(padre, u"Referencia:"_s,
-                    {{u"Código"_s, 1500, Qt::AlignLeft}, {u"Descripción"_s, 4000}, {u"Proveedor"_s}}, ::Codigo)
+    : ListaEleccion(padre, u"Referencia:"_s, {{u"Código", 1500, Qt::AlignLeft}, {u"Descripción", 4000}, {u"Proveedor"}},
+                    ::Codigo)
 {}
 
 void frmReferencia_Articulos::Cargar_Articulos()

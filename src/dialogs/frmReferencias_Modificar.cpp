@@ -1,68 +1,48 @@
 #include "dialogs/frmReferencias_Modificar.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
-#include "control/nvArticulo.h"
+#include "dialogs/ComprobadorSencillo.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
+#include "nvArticulo/nvArticulo.h"
 #include "platform/pickers/nvProveedor.h"
-#include "platform/widgets/Botonera.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QFormLayout>
-#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using nv::mensajes::Icono;
 using nv::mensajes::Respuesta;
 
-namespace {
-
-QString atencion()
-{
-    return u"¡ Atención !"_s;
-}
-
-} // namespace
-
 frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
-    : QDialog(padre)
+    : FormularioModal(padre)
     , m_articulo(new nvArticulo(this))
     , m_proveedor(new nvProveedor(this))
     , m_referencia(new nvTextBox(this))
-    , m_comprobador(std::make_unique<nv::ComprobadorSencillo>())
 {
     setWindowTitle(u"Referencias"_s);
     m_articulo->setObjectName(u"txtArticulo"_s);
-    m_articulo->setAccessibleName(u"Artículo"_s);
     m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
     m_proveedor->setObjectName(u"txtProv"_s);
-    m_proveedor->setAccessibleName(u"Proveedor"_s);
     m_referencia->setObjectName(u"txtReferencia"_s);
-    m_referencia->setAccessibleName(u"Referencia"_s);
     m_referencia->setMaximumWidth(nv::twips::aPixeles(3500, this));
 
     auto *campos = new QFormLayout;
     campos->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    campos->addRow(u"Artículo:"_s, m_articulo);
-    campos->addRow(u"Proveedor:"_s, m_proveedor);
-    campos->addRow(u"Referencia:"_s, m_referencia);
+    campos->addRow(nv::nuevoRotulo(u"Artículo:"_s, m_articulo, this), m_articulo);
+    campos->addRow(nv::nuevoRotulo(u"Proveedor:"_s, m_proveedor, this), m_proveedor);
+    campos->addRow(nv::nuevoRotulo(u"Referencia:"_s, m_referencia, this), m_referencia);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(campos);
-    todo->addLayout(nv::botonera(
-        this, [this] { aceptar(); }, [this] { reject(); }));
+    todo->addLayout(botonera());
     todo->setSizeConstraint(QLayout::SetFixedSize);
-    nv::atajosAceptarCancelar(
-        this, [this] { aceptar(); }, [this] { reject(); });
-}
-
-frmReferencias_Modificar::~frmReferencias_Modificar() = default;
-
-void frmReferencias_Modificar::setComprobador(std::unique_ptr<nv::ComprobadorReferencias> comprobador)
-{
-    m_comprobador = std::move(comprobador);
+    atajosAceptarCancelar();
 }
 
 void frmReferencias_Modificar::MostrarModal()
@@ -72,12 +52,13 @@ void frmReferencias_Modificar::MostrarModal()
     m_proveedor->setcEmpresa(cEmpresa);
     if (Proveedor != 0) {
         m_proveedor->setCodigo(Proveedor);
-        nv::mensajes::guardar(parentWidget(), atencion(), [this] { m_proveedor->Cargar(); });
+        nv::mensajes::guardar(parentWidget(), nv::mensajes::atencion(), [this] { m_proveedor->Cargar(); });
         if (!vivo)
             return;
     }
     m_referencia->setText(Referencia);
     m_articulo->setcEmpresa(cEmpresa);
+    m_articulo->setParametros(Parametros);
     m_articulo->setConexion(nv::ranura::actual());
     if (nv::Val(Articulo) != 0) {
         m_articulo->setText(Articulo);
@@ -86,13 +67,13 @@ void frmReferencias_Modificar::MostrarModal()
             return;
     }
     m_articulo->setFocus();
-    exec();
+    ejecutar();
 }
 
 bool frmReferencias_Modificar::Validar_Datos()
 {
     bool valido = false;
-    nv::mensajes::guardar(this, atencion(), [&] { valido = validar(); });
+    nv::mensajes::guardar(this, nv::mensajes::atencion(), [&] { valido = validar(); });
     return valido;
 }
 
@@ -113,7 +94,7 @@ bool frmReferencias_Modificar::validar()
     }
     if (falta.mensaje.isEmpty())
         return true;
-    nv::mensajes::mostrar(this, atencion(), falta.mensaje, Icono::Exclamacion);
+    nv::mensajes::mostrar(this, nv::mensajes::atencion(), falta.mensaje, Icono::Exclamacion);
     if (falta.campo)
         falta.campo->setFocus();
     return false;
@@ -139,8 +120,10 @@ bool frmReferencias_Modificar::admiteDuplicada()
     const QString referencia = m_referencia->text();
     if (proveedor <= 0 || referencia.isEmpty())
         return true;
-    const auto similar = m_comprobador->buscar(nv::ranura::exigida(), *cEmpresa, nv::ValEntero32(m_articulo->Codigo()),
-                                               proveedor, referencia);
+    nv::ComprobadorSencillo sencillo;
+    nv::ComprobadorReferencias &regla = Comprobador ? *Comprobador : sencillo;
+    const auto similar =
+        regla.buscar(nv::ranura::exigida(), *cEmpresa, nv::ValEntero32(m_articulo->Codigo()), proveedor, referencia);
     if (!similar)
         return true;
     const auto texto = [&](const QString &cierre) {
@@ -156,8 +139,8 @@ bool frmReferencias_Modificar::admiteDuplicada()
                                        Respuesta::No) == Respuesta::Si;
     case 2:
     case 4:
-        nv::mensajes::mostrar(this, atencion(), texto(u"NO SE PERMITE DUPLICAR UNA REFERENCIA DE PROVEEDOR."_s),
-                              Icono::Exclamacion);
+        nv::mensajes::mostrar(this, nv::mensajes::atencion(),
+                              texto(u"NO SE PERMITE DUPLICAR UNA REFERENCIA DE PROVEEDOR."_s), Icono::Exclamacion);
         return false;
     default:
         return true;
@@ -178,5 +161,5 @@ void frmReferencias_Modificar::aceptar()
 void frmReferencias_Modificar::reject()
 {
     Aceptado = false;
-    QDialog::reject();
+    FormularioModal::reject();
 }

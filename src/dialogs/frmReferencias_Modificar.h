@@ -1,34 +1,36 @@
 #pragma once
 
-#include "dialogs/ComprobacionReferencias.h"
+#include "nvArticulo/ComprobadorReferencias.h"
+#include "platform/widgets/FormularioModal.h"
 
-#include <QDialog>
 #include <QPointer>
-#include <memory>
 
 class nvArticulo;
 class nvProveedor;
 class nvTextBox;
 
+namespace NVUTConfig {
+class clsConfig;
+}
+
 /// Attaches a supplier reference to an existing item: asks for item, supplier and reference, and applies the company's
 /// rule on duplicate references. Writes nothing. For one use: members set, shown modally, read while hidden.
-class frmReferencias_Modificar : public QDialog
+class frmReferencias_Modificar : public nv::FormularioModal
 {
     Q_OBJECT
 
 public:
     explicit frmReferencias_Modificar(QWidget *padre);
-    ~frmReferencias_Modificar() override;
 
     /// Fills the fields, shows the dialog, returns once it has hidden itself.
     void MostrarModal();
     /// Shows the first message that applies and moves the focus.
     bool Validar_Datos();
-    /// Replaces the rule of what counts as similar.
-    void setComprobador(std::unique_ptr<nv::ComprobadorReferencias> comprobador);
 
     ::cEmpresa *cEmpresa = nullptr;
-    QString Articulo; ///< item code as decimal text; "0" = none
+    NVUTConfig::clsConfig *Parametros = nullptr;
+    nv::ComprobadorReferencias *Comprobador = nullptr; ///< what counts as similar; none: the simple rule
+    QString Articulo;                                  ///< item code as decimal text; "0" = none
     qint32 Proveedor = 0;
     QString Referencia;
     bool Aceptado = false;
@@ -36,13 +38,15 @@ public:
 public Q_SLOTS:
     void reject() override;
 
+protected:
+    void aceptar() override;
+
 private:
     struct Falta
     {
         QString mensaje;
         QPointer<QWidget> campo;
     };
-    void aceptar();
     bool validar();
     Falta campoQueFalta();
     bool admiteDuplicada();
@@ -50,5 +54,4 @@ private:
     nvArticulo *m_articulo;
     nvProveedor *m_proveedor;
     nvTextBox *m_referencia;
-    std::unique_ptr<nv::ComprobadorReferencias> m_comprobador;
 };

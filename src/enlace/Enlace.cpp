@@ -1,10 +1,10 @@
 #include "barcodes/frmCodBarra_Datos.h"
-#include "common/cEmpresa.h"
 #include "control/Dialogos.h"
 #include "creation/frmArticulos_Creacion.h"
 #include "dialogs/frmPLUs.h"
 #include "dialogs/frmReferencia_Articulos.h"
 #include "dialogs/frmReferencias_Modificar.h"
+#include "nvArticulo/cEmpresa.h"
 #include "search/Fabrica.h"
 
 namespace nv {
@@ -42,10 +42,11 @@ public:
         return lista.vivo() ? lista->Codigo : -1;
     }
 
-    bool pedirCodigoBarras(QWidget *padre, ::cEmpresa &empresa, DatosCodigoBarras &datos) override
+    bool pedirCodigoBarras(QWidget *padre, const Servicios &servicios, DatosCodigoBarras &datos) override
     {
         const DialogoPropio<frmCodBarra_Datos> forma(new frmCodBarra_Datos(padre));
-        forma->cEmpresa = &empresa;
+        forma->cEmpresa = servicios.empresa;
+        forma->Parametros = servicios.parametros;
         forma->Articulo = datos.Articulo;
         forma->CodBarras = datos.CodBarras;
         forma->MostrarModal();
@@ -55,10 +56,12 @@ public:
         return true;
     }
 
-    bool pedirReferencia(QWidget *padre, ::cEmpresa &empresa, DatosReferencia &datos) override
+    bool pedirReferencia(QWidget *padre, const Servicios &servicios, DatosReferencia &datos) override
     {
         const DialogoPropio<frmReferencias_Modificar> forma(new frmReferencias_Modificar(padre));
-        forma->cEmpresa = &empresa;
+        forma->cEmpresa = servicios.empresa;
+        forma->Parametros = servicios.parametros;
+        forma->Comprobador = servicios.comprobador;
         forma->Articulo = datos.Articulo;
         forma->Proveedor = datos.Proveedor;
         forma->Referencia = datos.Referencia;
@@ -72,30 +75,13 @@ public:
     bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) override
     {
         const DialogoPropio<frmArticulos_Creacion> forma(new frmArticulos_Creacion(padre));
-        ValoresCreacion &valores = datos.valores;
         forma->Conexion = &conexion;
         forma->cEmpresa = &empresa;
-        forma->Proveedor = datos.Proveedor;
-        forma->Ref = datos.Ref;
-        forma->Marca = valores.Marca;
-        forma->TipoImpuesto = valores.TipoImpuesto;
-        forma->Familia_1 = valores.Familia_1;
-        forma->Familia_2 = valores.Familia_2;
-        forma->Familia_3 = valores.Familia_3;
-        forma->CualidadX = valores.CualidadX;
-        forma->CualidadY = valores.CualidadY;
-        forma->Temporada = valores.Temporada;
-        forma->NoGenerarSerieEAN = valores.NoGenerarSerieEAN;
-        forma->UnidadesDecimales = valores.UnidadesDecimales;
+        static_cast<DatosCreacion &>(*forma) = datos;
         forma->MostrarModal();
         if (!forma.vivo() || !forma->Aceptado)
             return false;
-        datos = {forma->Codigo,
-                 forma->Proveedor,
-                 forma->Ref,
-                 {forma->Marca, forma->TipoImpuesto, forma->Familia_1, forma->Familia_2, forma->Familia_3,
-                  forma->CualidadX, forma->CualidadY, forma->Temporada, forma->NoGenerarSerieEAN,
-                  forma->UnidadesDecimales}};
+        datos = *forma;
         return true;
     }
 };

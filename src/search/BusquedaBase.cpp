@@ -1,23 +1,24 @@
 #include "search/BusquedaBase.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
+#include "nvArticulo/clsConfig.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Rejilla.h"
+#include "search/piezas/FranjaMensaje.h"
 #include "search/piezas/PunteroEspera.h"
 #include "search/sql/Condiciones.h"
 #include "search/sql/CopiaBusqueda.h"
 
-#include <QKeyEvent>
 #include <QPointer>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
 BusquedaBase::BusquedaBase(QWidget *padre)
-    : QDialog(padre)
+    : FormularioModal(padre)
     , m_rejilla(new Rejilla(this))
 {
     setWindowTitle(u"Búsqueda de Artículos"_s);
@@ -29,11 +30,11 @@ BusquedaBase::BusquedaBase(QWidget *padre)
 void BusquedaBase::MostrarModal()
 {
     if (!cEmpresa)
-        throw Error{errores::SinObjeto, u"No se ha establecido la empresa."_s, {}};
+        throw errores::sinEmpresa();
     const QPointer<BusquedaBase> vivo(this);
-    cargar();
+    alAbrir();
     if (vivo)
-        exec();
+        ejecutar();
 }
 
 void BusquedaBase::Aceptar()
@@ -54,18 +55,7 @@ void BusquedaBase::Aceptar()
 void BusquedaBase::reject()
 {
     Codigo.clear();
-    QDialog::reject();
-}
-
-void BusquedaBase::keyPressEvent(QKeyEvent *evento)
-{
-    const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-    auto *boton = qobject_cast<QPushButton *>(focusWidget());
-    // Without default buttons the toolkit leaves Enter on a focused one without effect.
-    if (intro && boton && !evento->isAutoRepeat())
-        boton->click();
-    else
-        QDialog::keyPressEvent(evento);
+    FormularioModal::reject();
 }
 
 bool BusquedaBase::puedeAceptar() const
@@ -93,6 +83,31 @@ Fragmento BusquedaBase::listaCopia() const
     return u", a.Codigo, a.Descripcion ";
 }
 
+void BusquedaBase::ponerFranja()
+{
+    m_franja = new FranjaMensaje(m_rejilla);
+}
+
+void BusquedaBase::ordenarTabulacion(bool rejillaPrimero)
+{
+    QWidgetList orden = m_antes;
+    orden.insert(rejillaPrimero ? 0 : orden.size(), m_rejilla);
+    tabular(orden + m_despues);
+}
+
+bool BusquedaBase::buscar(const std::function<void()> &busqueda)
+{
+    const QPointer<BusquedaBase> vivo(this);
+    const bool hecha = mensajes::guardar(this, tituloBusqueda(), [&] {
+        const PunteroEspera espera;
+        const FranjaMensaje::Aviso aviso(m_franja);
+        // The strip lets waiting events run, and the window may go with one of them.
+        if (vivo)
+            busqueda();
+    });
+    return hecha && vivo;
+}
+
 std::optional<qint32> BusquedaBase::limite() const
 {
     if (MultiResultado)
@@ -100,12 +115,26 @@ std::optional<qint32> BusquedaBase::limite() const
     return sql::limiteFilas(cEmpresa->Valor(u"Articulos_BusquedaCantMax"_s));
 }
 
-bool BusquedaBase::buscar(const std::function<void()> &busqueda)
+void BusquedaBase::completarAlmacen()
 {
-    return mensajes::guardar(this, tituloBusqueda(), [&] {
-        const PunteroEspera espera;
-        busqueda();
-    });
+    if (AlmacenStock == 0)
+        AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
+}
+
+QVariant BusquedaBase::parametroApp(QStringView sufijo, const QVariant &defecto) const
+{
+    if (!Parametros)
+        return defecto;
+    Parametros->setcEmpresa(cEmpresa);
+    return Parametros->GetParametro_App(NVUTConfig::Biblioteca.toString() + sufijo.toString(), defecto);
+}
+
+QVariant BusquedaBase::parametroUsuario(QStringView sufijo, const QVariant &defecto) const
+{
+    if (!Parametros)
+        return defecto;
+    Parametros->setcEmpresa(cEmpresa);
+    return Parametros->GetParametro_Usuario(NVUTConfig::Biblioteca.toString() + sufijo.toString(), defecto);
 }
 
 void BusquedaBase::copiar()

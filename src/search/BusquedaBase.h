@@ -1,20 +1,22 @@
 #pragma once
 
 #include "common/ContratoBusqueda.h"
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
+#include "platform/widgets/FormularioModal.h"
 #include "search/piezas/Eleccion.h"
 
-#include <QDialog>
+#include <QVariant>
 #include <functional>
 #include <optional>
 
 namespace nv {
 
+class FranjaMensaje;
 class Rejilla;
 
-/// What the item search dialogs share: the contract with their opener, Accept with its copy of the search, Cancel, and
-/// the guards under which they search. For one use; hides itself and is destroyed by its opener.
-class BusquedaBase : public QDialog, public ContratoBusqueda
+/// What the item search dialogs share: the contract with their opener, Accept with its copy of the search, Cancel, the
+/// tab order, and the guard under which they search. For one use; hides itself and is destroyed by its opener.
+class BusquedaBase : public FormularioModal, public ContratoBusqueda
 {
     Q_OBJECT
 
@@ -32,8 +34,8 @@ public Q_SLOTS:
 protected:
     explicit BusquedaBase(QWidget *padre);
 
-    /// Fills the form from the properties; every failure is the dialog's own to show.
-    virtual void cargar() = 0;
+    /// Fills the form from the properties and runs the search of a remembered criterion; failures are shown here.
+    virtual void alAbrir() = 0;
     /// Whether Accept has anything to do: an item row is current.
     virtual bool puedeAceptar() const;
     /// The choice that Accept returns.
@@ -41,28 +43,43 @@ protected:
     virtual ColumnasEleccion columnasEleccion() const = 0;
     /// The search is copied, the dialog about to hide.
     virtual void alAceptar() {}
-    /// Title of a failing Accept.
     virtual QString tituloAceptar() const;
-    /// Title of a failing search.
     virtual QString tituloBusqueda() const;
     /// Select list of the copy into `Articulos_Buscar`.
     virtual Fragmento listaCopia() const;
-
-    void keyPressEvent(QKeyEvent *evento) override;
+    void aceptar() override { Aceptar(); }
 
     Rejilla *rejilla() const { return m_rejilla; }
-    /// The row limit of a search: the company's, none when the caller takes many items.
-    std::optional<qint32> limite() const;
-    /// Runs `busqueda` under the wait pointer; an Error is shown once the pointer is back. False when one was shown.
+    /// The strip that says that a search is running, for the dialogs that have it.
+    void ponerFranja();
+    /// The next widget of the tab order: before the grid, and after it.
+    void tabularAntes(QWidget *campo) { m_antes.append(campo); }
+    void tabularDespues(QWidget *campo) { m_despues.append(campo); }
+    /// Once a search has found rows the grid is the first.
+    void ordenarTabulacion(bool rejillaPrimero);
+
+    /// Runs `busqueda` under the wait pointer, with the strip where there is one; an Error is shown once they are gone.
+    /// False when one was shown, or when the dialog is gone: no member may be used then.
     bool buscar(const std::function<void()> &busqueda);
     /// To be called when the rows of a search are in the grid: the statement whose whole result may be copied.
     void recordar(const Sentencia &sentencia) { m_ultima = sentencia; }
+    const Sentencia &ultima() const { return m_ultima; }
+    /// The row limit of a search: the company's, none when the caller takes many items.
+    std::optional<qint32> limite() const;
+    /// 0 becomes the company's default warehouse. Throws Error.
+    void completarAlmacen();
+    /// Parameters of the component's library, by the end of their key. Throw Error.
+    QVariant parametroApp(QStringView sufijo, const QVariant &defecto) const;
+    QVariant parametroUsuario(QStringView sufijo, const QVariant &defecto) const;
 
 private:
     void copiar();
 
     Rejilla *m_rejilla;
+    FranjaMensaje *m_franja = nullptr;
     Sentencia m_ultima;
+    QWidgetList m_antes;
+    QWidgetList m_despues;
 };
 
 } // namespace nv

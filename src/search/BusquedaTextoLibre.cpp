@@ -1,34 +1,186 @@
 #include "search/BusquedaTextoLibre.h"
 
-#include "common/Conexion.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
-#include "common/clsConfig.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
-#include "search/piezas/FranjaMensaje.h"
-#include "search/piezas/Marcas.h"
+#include "search/piezas/FilasMarcadas.h"
 
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
-void BusquedaTextoLibre::cargar()
+namespace {
+
+// In twips.
+constexpr int Margen = 120;
+constexpr int Alto = 7200;
+constexpr int AnchoMinimo = 6000;
+constexpr int AltoMinimo = 3000;
+
+/// The widths of these lists are made for a small letter: one in which a whole EAN fits its column.
+QFont letraDeLista(const QWidget *lista)
+{
+    constexpr int anchoEan = 1500; // twips
+    constexpr qreal minima = 7;
+    QFont letra = lista->font();
+    const int margenes = 2 * (lista->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lista) + 1);
+    const int sitio = twips::aPixeles(anchoEan, lista) - margenes - 1;
+    while (letra.pointSizeF() > minima && QFontMetrics(letra).horizontalAdvance(u"0000000000000"_s) > sitio)
+        letra.setPointSizeF(letra.pointSizeF() - 0.5);
+    return letra;
+}
+
+bool sinModificar(const QKeyEvent &tecla)
+{
+    return (tecla.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+} // namespace
+
+BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoLibre &configuracion)
+    : BusquedaBase(padre)
+    , m_configuracion(configuracion)
+    , m_caja(nuevaCaja(configuracion.caja, u"Descripción"_s))
+    , m_criterios(new QHBoxLayout)
+{
+    rejilla()->setFont(letraDeLista(rejilla()));
+    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    m_marcadas = new FilasMarcadas(rejilla(), 0, FilasMarcadas::Signo::Casilla);
+    m_todas = new CasillaTodas(rejilla(), m_marcadas);
+    rejilla()->setColumnWidth(0, twips::aPixeles(m_todas->anchoColumna(), this));
+    m_marcadas->setVisible(false);
+    montar();
+    conectarRejilla();
+    ponerFranja();
+}
+
+void BusquedaTextoLibre::montar()
+{
+    m_criterios->setSpacing(twips::aPixeles(90, this));
+    m_criterios->addWidget(m_caja, 1);
+    auto *columna = new QVBoxLayout(this);
+    const int margen = twips::aPixeles(Margen, this);
+    columna->setContentsMargins(margen, margen, margen, margen);
+    columna->setSpacing(margen);
+    columna->addLayout(m_criterios);
+    columna->addWidget(rejilla(), 1);
+    columna->addLayout(botonera());
+    tabularDespues(m_todas->casilla());
+    for (const QString &nombre : {u"cmdAceptar"_s, u"cmdCancelar"_s})
+        tabularDespues(findChild<QPushButton *>(nombre));
+    setMinimumSize(twips::aPixeles(AnchoMinimo, this), twips::aPixeles(AltoMinimo, this));
+    setSizeGripEnabled(true);
+}
+
+void BusquedaTextoLibre::conectarRejilla()
+{
+    connect(rejilla(), &Rejilla::DobleClic, this, &BusquedaTextoLibre::Aceptar);
+    connect(rejilla(), &Rejilla::Caracter, this, &BusquedaTextoLibre::escribirEnCaja);
+    connect(rejilla(), &Rejilla::Espacio, this, [this] {
+        if (MultiResultado)
+            m_marcadas->alternar(rejilla()->filaActual());
+        else
+            escribirEnCaja(u" "_s);
+    });
+    connect(rejilla(), &Rejilla::Clic, this, [this](int fila, int columna) {
+        if (MultiResultado && columna == 0)
+            m_marcadas->alternar(fila);
+    });
+    rejilla()->alPulsar = [this](QKeyEvent *tecla) { return alPulsar(*tecla); };
+}
+
+/// Up on the first row, or on the heading, where Down from the box stops, goes back to the box.
+bool BusquedaTextoLibre::alPulsar(const QKeyEvent &tecla)
+{
+    if (tecla.key() != Qt::Key_Up || !sinModificar(tecla) || rejilla()->filaActual() > 1)
+        return false;
+    m_caja->setFocus();
+    m_caja->selectAll();
+    return true;
+}
+
+nvTextBox *BusquedaTextoLibre::nuevaCaja(const QString &nombre, const QString &accesible)
+{
+    auto *nueva = new nvTextBox(this);
+    nueva->setObjectName(nombre);
+    nueva->setAccessibleName(accesible);
+    nueva->setMayusculas(m_configuracion.mayusculas);
+    nueva->installEventFilter(this);
+    tabularAntes(nueva);
+    return nueva;
+}
+
+void BusquedaTextoLibre::buscarConIntro(const nvTextBox *caja)
+{
+    connect(caja, &nvTextBox::Intro, this, [this](bool &tratada) {
+        tratada = true;
+        buscarEscrito();
+    });
+}
+
+bool BusquedaTextoLibre::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (evento->type() == QEvent::KeyPress && qobject_cast<nvTextBox *>(objeto)) {
+        const auto *tecla = static_cast<QKeyEvent *>(evento);
+        if (tecla->key() == Qt::Key_Down && sinModificar(*tecla)) {
+            rejilla()->setFilaActual(0);
+            rejilla()->setFocus();
+            return true;
+        }
+    }
+    return BusquedaBase::eventFilter(objeto, evento);
+}
+
+void BusquedaTextoLibre::escribirEnCaja(const QString &texto)
+{
+    QString mayusculas = texto;
+    for (QChar &c : mayusculas)
+        c = c.toUpper();
+    // Focus first: entering the box selects what it holds.
+    m_caja->setFocus();
+    m_caja->setText(mayusculas);
+}
+
+/// As wide as the columns, within the screen, and in its middle.
+void BusquedaTextoLibre::dimensionar()
+{
+    const QRect pantalla = screen()->availableGeometry();
+    const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
+                       2 * twips::aPixeles(Margen, this);
+    const QSize natural(rejilla()->horizontalHeader()->length() + bordes, twips::aPixeles(Alto, this));
+    // The whole width before a column is cut; the height leaves room for the title bar.
+    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
+    resize(natural.boundedTo(sitio).expandedTo(minimumSize()));
+    move(pantalla.center() - rect().center());
+}
+
+void BusquedaTextoLibre::alAbrir()
 {
     mostrarRecordados();
-    const QPointer<BusquedaTextoLibre> vivo(this);
-    const bool ajustada = mensajes::guardar(parentWidget(), windowTitle(), [this] { ajustar(); });
-    if (!vivo)
-        return;
-    m_marcas->setVisibles(MultiResultado);
+    m_marcadas->setVisible(MultiResultado);
+    m_todas->setVisible(MultiResultado);
+    mensajes::Fallos fallos;
+    const bool ajustada = fallos.paso([this] { ajustar(); });
+    ordenarTabulacion(false);
     dimensionar();
     m_caja->setFocus();
     m_caja->selectAll();
-    if (!ajustada || Busqueda_Descripcion.isEmpty())
+    if (!fallos.mostrar(this, windowTitle()) || !ajustada || Busqueda_Descripcion.isEmpty())
         return;
     // The grid is then the first in the tab order of a form that is about to appear.
     if (Recuperar_Registros(Busqueda_Descripcion) && rejilla()->filasDatos() > 0)
@@ -38,15 +190,11 @@ void BusquedaTextoLibre::cargar()
 /// Once; a search tries again what failed at load.
 void BusquedaTextoLibre::ajustar()
 {
-    if (AlmacenStock == 0)
-        AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
+    completarAlmacen();
     if (m_ajustada)
         return;
     leerAjustes();
-    NVUTConfig::clsConfig parametros;
-    parametros.setcEmpresa(cEmpresa);
-    const QString clave = QStringView(NVUTConfig::Biblioteca).toString() + m_configuracion.parametroReferencia;
-    m_soloRefPrincipal = comoBooleano(parametros.GetParametro_Usuario(clave, 1).toString());
+    m_soloRefPrincipal = comoBooleano(parametroUsuario(m_configuracion.parametroReferencia, 1).toString());
     m_ajustada = true;
 }
 
@@ -54,11 +202,7 @@ void BusquedaTextoLibre::leerAjustes()
 {
     const qint16 almacen = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
     Registros registros = ranura::exigida().Abrir(sql::tarifaAlmacen(cEmpresa->Codigo(), almacen));
-    m_tarifa = 0;
-    if (!registros.siguiente())
-        return;
-    const int tarifa = registros.columna(u"Tarifa");
-    m_tarifa = registros.esNulo(tarifa) ? qint16{0} : registros.entero16(tarifa);
+    m_tarifa = registros.siguiente() ? registros.entero16O(u"Tarifa") : qint16{0};
 }
 
 void BusquedaTextoLibre::mostrarRecordados()
@@ -76,14 +220,14 @@ bool BusquedaTextoLibre::hayTexto() const
     return !recortado(m_caja->text()).isEmpty();
 }
 
-bool BusquedaTextoLibre::hayCriterios() const
-{
-    return hayTexto();
-}
-
 sql::EntornoTextoLibre BusquedaTextoLibre::entorno() const
 {
     return {cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), AlmacenStock, m_tarifa, m_soloRefPrincipal, limite()};
+}
+
+QString BusquedaTextoLibre::tituloAceptar() const
+{
+    return m_configuracion.formulario + u":cmdAceptar_Click"_s;
 }
 
 QString BusquedaTextoLibre::tituloBusqueda() const
@@ -113,7 +257,6 @@ bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
             throw;
         }
     });
-    // After an error box the form may be gone.
     if (!hecha || rejilla()->filasDatos() == 0)
         return hecha;
     ordenarTabulacion(true);
@@ -126,8 +269,7 @@ bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
 void BusquedaTextoLibre::recuperar(const QString &texto)
 {
     rejilla()->vaciar();
-    m_marcas->reiniciar();
-    const FranjaMensaje::Aviso aviso(*m_franja);
+    m_todas->reiniciar();
     ajustar();
     const Sentencia sentencia = consulta(texto);
     std::vector<FilaRejilla> filas;
@@ -138,14 +280,15 @@ void BusquedaTextoLibre::recuperar(const QString &texto)
     Registros registros = ranura::exigida().Abrir(sentencia);
     // Before the rows: where reading them fails, those that came before stay and can be accepted.
     recordar(sentencia);
-    const Lector leer = lector(registros);
+    const LectorFila leer = lectorDeFilas(
+        m_configuracion.columnas, registros, [this] { return m_marcadas->celdaNueva(); }, celdasPropias(registros));
     while (registros.siguiente())
         filas.push_back(leer(registros));
 }
 
 int BusquedaTextoLibre::marcadas() const
 {
-    return MultiResultado ? m_marcas->cuantas() : 0;
+    return MultiResultado ? m_marcadas->cuantas() : 0;
 }
 
 /// A list without items is accepted too, and gives no code.
@@ -158,7 +301,7 @@ Eleccion BusquedaTextoLibre::eleccion() const
 {
     if (marcadas() == 0)
         return BusquedaBase::eleccion();
-    Eleccion lista = eleccionMarcada(*rejilla(), columnasEleccion(), 0, u"1");
+    Eleccion lista = m_marcadas->eleccion(columnasEleccion());
     if (marcadas() == 1) {
         lista.codigo.remove(0, 1);
         lista.descripcion.remove(0, 1);

@@ -1,6 +1,6 @@
 #include "search/Fabrica.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 #include "search/frmBusqueda_Articulos_1.h"
 #include "search/frmBusqueda_Articulos_2.h"
 #include "search/frmBusqueda_Articulos_3.h"

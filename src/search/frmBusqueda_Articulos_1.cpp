@@ -1,184 +1,154 @@
 #include "search/frmBusqueda_Articulos_1.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
-#include "platform/pickers/nvFamilia.h"
-#include "platform/pickers/nvProveedor.h"
-#include "platform/widgets/Mensajes.h"
-#include "platform/widgets/Rejilla.h"
-#include "platform/widgets/nvTextBox.h"
-#include "search/piezas/CargaIncremental.h"
-#include "search/piezas/CascadaFamilias.h"
+#include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Twips.h"
 #include "search/piezas/PanelDetalles.h"
 #include "search/sql/Modelo0.h"
 
-#include <QEvent>
-#include <QPointer>
-#include <QScopedValueRollback>
-#include <limits>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
-using nv::mensajes::guardar;
 
 namespace {
 
-/// What the component remembers of a family is 16 bits wide; a larger number names no family.
-qint16 recordada(qint32 familia)
+enum Columna { CodigoArticulo, DescripcionArticulo, Familia1, Familia2, Familia3, CodigoBarras };
+
+constexpr nv::ColumnaRejilla Oculta{{}, 0, Qt::AlignLeft, true};
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{u"Código", 800}, u"Codigo"}, {{u"Descripción", 4100}, u"Descripcion"},
+    {Oculta, u"Familia_1"},        {Oculta, u"Familia_2"},
+    {Oculta, u"Familia_3"},        {{u"Cód. Barras", 300}, u"Cod_Barras"},
+};
+
+// Twips.
+constexpr int Ancho = 7140;
+constexpr int AnchoExtendida = 11655;
+constexpr int Alto = 6345;
+constexpr int AltoFiltro = 1995;
+constexpr int AnchoDetalles = 5535;
+
+nv::ConfiguracionCriterios configuracion()
 {
-    return familia > 0 && familia <= std::numeric_limits<qint16>::max() ? static_cast<qint16>(familia) : qint16{0};
+    nv::ConfiguracionCriterios c{Columnas, {CodigoArticulo, DescripcionArticulo}};
+    c.ocultaPanel = true;
+    // Page Down brings more on the row before the last.
+    c.bloques = {500, 50, 2, 2};
+    c.teclas = u"F9 - Buscar / F6 - Propiedades"_s;
+    return c;
 }
 
 } // namespace
 
-void frmBusqueda_Articulos_1::cargar()
+frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre)
+    : frmBusqueda_Articulos_1(padre, [](QWidget *dialogo) { return new nv::PanelDetalles(dialogo); })
+{}
+
+frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel crearPanel)
+    : BusquedaCriterios(padre, configuracion())
+    , m_lado(new QWidget(this))
+    , m_panel(crearPanel(m_lado))
 {
-    m_extendida = Cliente > 0;
-    aplicarVista();
+    const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
+    panel()->setMinimumHeight(px(AltoFiltro));
+    pie()->setContentsMargins(0, px(15), px(45), 0);
+    montarDetalles();
+    auto *todo = new QHBoxLayout(this);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->setSpacing(0);
+    todo->addLayout(columna(), 1);
+    todo->addWidget(m_lado);
+    resize(px(Ancho), px(Alto));
+    extender(false);
+    connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
+    atajo(Qt::Key_F6, [this] {
+        extender(!m_extendida);
+        centrar(y());
+        refrescarDetalles();
+    });
+}
+
+void frmBusqueda_Articulos_1::montarDetalles()
+{
+    const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
+    auto *divisor = new QFrame(m_lado);
+    divisor->setObjectName(u"fraDivisor"_s);
+    divisor->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    divisor->setFixedWidth(px(30));
+    // As wide as that and no wider: what is left is the list's.
+    m_panel->setMinimumWidth(px(AnchoDetalles));
+    m_panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto *lado = new QHBoxLayout(m_lado);
+    lado->setContentsMargins(0, px(90), px(150), px(75));
+    lado->setSpacing(px(120));
+    lado->addWidget(divisor);
+    lado->addWidget(m_panel, 1);
+    tabularDespues(m_panel->findChild<QWidget *>(u"txtObserv"_s));
+}
+
+void frmBusqueda_Articulos_1::alAbrir()
+{
+    extender(Cliente > 0);
     centrar(alturaInicial());
-    m_nombre->setFocus();
-    bool buscar = false;
-    const QPointer<frmBusqueda_Articulos_1> vivo(this);
-    // What cannot be read is said once; a fixed family holds and the dialog works whatever failed.
-    const auto paso = [&](auto operacion) {
-        if (vivo)
-            guardar(parentWidget(), tituloBusqueda(), operacion);
-    };
-    paso([&] { m_panel->preparar(*cEmpresa, Cliente); });
-    paso([&] {
-        m_proveedor->setConexion(nv::ranura::actual());
-        m_proveedor->setcEmpresa(cEmpresa);
-        m_familias->preparar(cEmpresa, nv::ranura::actual());
-        buscar = ponerRecordados();
-    });
-    paso([&] {
-        if (AlmacenStock == 0)
-            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
-    });
-    if (!vivo || !buscar)
-        return;
-    EjecutarBusqueda();
-    if (vivo)
-        mostrarCriterios(true);
+    BusquedaCriterios::alAbrir();
 }
 
-/// Fills the criteria with what the component remembers; whether there is any.
-bool frmBusqueda_Articulos_1::ponerRecordados()
+void frmBusqueda_Articulos_1::cargarPropios(nv::mensajes::Fallos &fallos)
 {
-    m_nombre->setText(Busqueda_Descripcion);
-    m_nombre->selectAll();
-    // "0" is what the component's "start from blank" leaves.
-    m_codigo->setText(Busqueda_Codigo == u"0" ? QString() : Busqueda_Codigo);
-    m_referencia->setText(Busqueda_Referencia);
-    m_proveedor->setCodigo(std::max(Busqueda_Proveedor, 0));
-    const bool fija = Familia_1 > 0;
-    if (fija)
-        m_familias->fijar({Familia_1, Familia_2, Familia_3});
-    else
-        m_familias->poner({Busqueda_Familia_1, Busqueda_Familia_2, Busqueda_Familia_3});
-    m_proveedor->Cargar();
-    return !m_nombre->text().isEmpty() || !m_codigo->text().isEmpty() || !m_referencia->text().isEmpty() ||
-           Busqueda_Proveedor > 0 || Busqueda_Familia_1 > 0 || Busqueda_Familia_2 > 0 || Busqueda_Familia_3 > 0;
+    fallos.paso([this] { m_panel->preparar(*cEmpresa, Cliente); });
 }
 
-nv::sql::CriteriosArticulo frmBusqueda_Articulos_1::criteriosEscritos() const
-{
-    nv::sql::CriteriosArticulo criterios;
-    criterios.descripcion = m_nombre->text();
-    criterios.codigo = m_codigo->text();
-    if (!m_proveedor->Texto().isEmpty())
-        criterios.proveedor = m_proveedor->Codigo();
-    criterios.referencia = m_referencia->text();
-    criterios.familias = m_familias->codigos();
-    return criterios;
-}
-
-void frmBusqueda_Articulos_1::recordarCriterios(const nv::sql::CriteriosArticulo &criterios)
-{
-    Busqueda_Descripcion = criterios.descripcion;
-    Busqueda_Codigo = criterios.codigo;
-    Busqueda_Proveedor = criterios.proveedor.value_or(0);
-    Busqueda_Referencia = criterios.referencia;
-    Busqueda_Familia_1 = recordada(criterios.familias[0]);
-    Busqueda_Familia_2 = recordada(criterios.familias[1]);
-    Busqueda_Familia_3 = recordada(criterios.familias[2]);
-}
-
-nv::Sentencia frmBusqueda_Articulos_1::consulta(const nv::sql::CriteriosArticulo &criterios) const
+nv::Sentencia frmBusqueda_Articulos_1::consulta(const nv::sql::CriteriosArticulo &criterios)
 {
     return nv::sql::modelo0(cEmpresa->CodigoArticulos(), limite(), criterios, m_extendida);
 }
 
-void frmBusqueda_Articulos_1::EjecutarBusqueda()
+void frmBusqueda_Articulos_1::trasBuscar()
 {
-    const QPointer<frmBusqueda_Articulos_1> vivo(this);
-    const bool hecha = buscar([this] {
-        const QScopedValueRollback<bool> llenando(m_llenando, true);
-        const nv::sql::CriteriosArticulo criterios = criteriosEscritos();
-        const nv::Sentencia sentencia = consulta(criterios);
-        // What still has to be read of the former list would be read first. One that is refused unsent keeps it.
-        if (sentencia.defecto().isEmpty())
-            m_carga->cerrar();
-        m_carga->mostrar(nv::ranura::exigida().Abrir(sentencia));
-        recordar(sentencia);
-        recordarCriterios(criterios);
-        rejilla()->setFilaActual(1);
-    });
-    if (!hecha)
-        return;
-    if (rejilla()->filasDatos() == 0) {
+    if (rejilla()->filasDatos() == 0)
         m_panel->limpiar();
-        return;
-    }
-    ordenarTabulacion(true);
-    refrescarDetalles();
-    // A box may have been up, and the window gone with it.
-    if (!vivo)
-        return;
-    rejilla()->setFocus();
-    // A picker that loses the focus loads its name, and may have said that it could not.
-    if (vivo)
-        mostrarCriterios(false);
+    else
+        refrescarDetalles();
 }
 
 void frmBusqueda_Articulos_1::refrescarDetalles()
 {
     const int fila = rejilla()->filaActual();
-    if (m_llenando || !m_extendida || fila < 1)
+    if (llenando() || !m_extendida || fila < 1)
         return;
-    guardar(this, u"::DevPropiedades"_s,
-            [&] { m_panel->DevPropiedades(rejilla()->texto(fila, columnasEleccion().codigo)); });
+    nv::mensajes::guardar(this, u"::DevPropiedades"_s,
+                          [&] { m_panel->DevPropiedades(rejilla()->texto(fila, CodigoArticulo)); });
 }
 
-void frmBusqueda_Articulos_1::volverACriterios()
+/// The form grows by the details and gives their room back; what the user has drawn it to stays beside that.
+void frmBusqueda_Articulos_1::extender(bool extendida)
 {
-    mostrarCriterios(true);
-    m_nombre->setFocus();
+    const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
+    const int cambio = px(AnchoExtendida) - px(Ancho);
+    const int ancho = width() + (extendida ? cambio : 0) - (m_extendida ? cambio : 0);
+    m_extendida = extendida;
+    m_lado->setVisible(extendida);
+    QMargins margenes = columna()->contentsMargins();
+    margenes.setRight(px(extendida ? 75 : 180));
+    columna()->setContentsMargins(margenes);
+    rejilla()->setColumnaOculta(CodigoBarras, extendida);
+    layout()->activate(); // it would hold the form at the width that it needed before
+    resize(ancho, height());
 }
 
-void frmBusqueda_Articulos_1::alPulsarF6()
+/// Centred between the sides of the screen.
+void frmBusqueda_Articulos_1::centrar(int y)
 {
-    m_extendida = !m_extendida;
-    aplicarVista();
-    centrar(y());
-    refrescarDetalles();
+    const QRect pantalla = screen()->availableGeometry();
+    move(pantalla.left() + (pantalla.width() - frameGeometry().width()) / 2, y);
 }
 
-void frmBusqueda_Articulos_1::alPulsarF9()
+/// In the middle of the opener's window.
+int frmBusqueda_Articulos_1::alturaInicial() const
 {
-    if (m_criteriosVisibles)
-        EjecutarBusqueda();
-    else
-        volverACriterios();
-}
-
-bool frmBusqueda_Articulos_1::event(QEvent *evento)
-{
-    if (evento->type() == QEvent::WindowActivate) {
-        try {
-            m_familias->recargarFijas();
-        } catch (const nv::Error &) {
-            // Not shown: the box would activate this dialog again as it closes, without end.
-        }
-    }
-    return BusquedaBase::event(evento);
+    const QRect pantalla = screen()->availableGeometry();
+    const QRect abridor = parentWidget() ? parentWidget()->window()->frameGeometry() : pantalla;
+    return std::clamp(abridor.center().y() - height() / 2, pantalla.top(),
+                      std::max(pantalla.top(), pantalla.bottom() - height()));
 }

@@ -1,160 +1,203 @@
 #include "search/frmBusqueda_Articulos_2.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
-#include "common/Valores.h"
-#include "common/cEmpresa.h"
-#include "common/clsConfig.h"
-#include "dialogs/frmAlternativos_Eleccion.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
+#include "platform/informe/Destino.h"
+#include "platform/pickers/CascadaFamilias.h"
 #include "platform/pickers/nvAlmacenCons.h"
 #include "platform/pickers/nvProveedor.h"
-#include "platform/widgets/DialogoPropio.h"
-#include "platform/widgets/Mensajes.h"
-#include "platform/widgets/Rejilla.h"
+#include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
-#include "search/frmBusqueda_Articulos_2_Listado.h"
-#include "search/piezas/CascadaFamilias.h"
-#include "search/piezas/FranjaMensaje.h"
+#include "search/piezas/CampoAlternativo.h"
+#include "search/piezas/InformeBusqueda.h"
+#include "search/piezas/OrdenRejilla.h"
+#include "search/piezas/PunteroEspera.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QEvent>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QScreen>
+#include <QTabBar>
 #include <QTabWidget>
-#include <limits>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-using nv::ListadoPrecios;
-using nv::mensajes::guardar;
 
 namespace {
 
-/// What the component remembers of a family is 16 bits wide; a larger number names none.
-qint16 recordado(qint32 codigo)
+enum Columna {
+    Marcada,
+    CodigoArticulo,
+    DescripcionArticulo,
+    Familia1,
+    Familia2,
+    Familia3,
+    CodigoBarras,
+    Referencia,
+    Pvp1,
+    Pvp2,
+    Pvp3,
+    Stock
+};
+
+constexpr nv::ColumnaRejilla Oculta{{}, 0, Qt::AlignLeft, true};
+constexpr nv::ColumnaRejilla Precio{u"Tarifa", 1000, Qt::AlignRight};
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{{}, 300, Qt::AlignCenter}, {}, nv::Celda::Seleccion},
+    {{u"Código", 800}, u"Codigo"},
+    {{u"Descripción", 2000}, u"Descripcion"},
+    {Oculta, u"Familia_1"},
+    {Oculta, u"Familia_2"},
+    {Oculta, u"Familia_3"},
+    {{u"Cód. Barras", 1400}, u"Cod_Barras"},
+    {{u"Ref. Princip.", 1500}, u"Ref"},
+    // Not from the texts of the result: as a text an amount has two decimals, a tariff may have more.
+    {Precio, u"Pvp1_Num", nv::Celda::Propia},
+    {Precio, u"Pvp2_Num", nv::Celda::Propia},
+    {Precio, u"Pvp3_Num", nv::Celda::Propia},
+    {{u"Stock", 800, Qt::AlignRight}, u"Stock_Actual", nv::Celda::Numero},
+};
+
+/// The field that a column of the grid is printed in the order of.
+QString campoDeOrden(int columna)
 {
-    return codigo > 0 && codigo <= std::numeric_limits<qint16>::max() ? static_cast<qint16>(codigo) : qint16{0};
+    if (columna == Stock)
+        return u"Stock_Actual_Num"_s;
+    const bool deTexto = columna == DescripcionArticulo || columna == CodigoBarras || columna == Referencia;
+    const bool dePrecio = columna >= Pvp1 && columna <= Pvp3;
+    return deTexto || dePrecio ? Columnas[columna].campo.toString() : u"Codigo"_s;
+}
+
+nv::ConfiguracionCriterios configuracion()
+{
+    nv::ConfiguracionCriterios c{Columnas, {CodigoArticulo, DescripcionArticulo}};
+    c.marcadas = nv::FilasMarcadas::Signo::Casilla;
+    c.teclas = u"F9 - Buscar / F11 - Imprimir Búsqueda"_s;
+    return c;
 }
 
 } // namespace
 
-void frmBusqueda_Articulos_2::cargar()
+frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
+    : BusquedaCriterios(padre, configuracion())
+    , m_pestanas(new QTabWidget(this))
+    , m_alternativo(new nv::CampoAlternativo(panel()))
+    , m_almacenes(new nvAlmacenCons(this))
+    , m_todos(new QCheckBox(u"Seleccionar todos"_s, this))
+    , m_orden(new nv::OrdenRejilla(rejilla(), Pvp1))
 {
-    const QRect pantalla = screen()->availableGeometry();
-    move(pantalla.center() - rect().center());
-    rejilla()->setColumnaOculta(ListadoPrecios::Marca, !MultiResultado);
-    m_todos->setVisible(MultiResultado);
-    m_todos->setChecked(SeleccionarTodo);
-    colocar();
-    m_nombre->setFocus();
-    bool buscar = false;
-    const bool cargado = guardar(parentWidget(), tituloBusqueda(), [&] {
-        if (AlmacenStock == 0)
-            AlmacenStock = cEmpresa->ValorEntero16(u"Almacen_PD"_s);
-        m_usados = {AlmacenStock};
-        prepararSelectores();
-        NVUTConfig::clsConfig parametros;
-        parametros.setcEmpresa(cEmpresa);
-        const QString clave = QString::fromUtf16(NVUTConfig::Biblioteca) + u".BuscadorM2.MaxCargaFilas"_s;
-        m_listado->setMaximo(nv::sql::limiteFilas(parametros.GetParametro_App(clave, 0).toString()));
-        leerTarifas();
-        prepararAlternativo();
-        buscar = ponerRecordados();
-        m_almacenes->Cargar();
+    montarPestanas();
+    setLayout(columna());
+    m_todos->setObjectName(u"chkCheck"_s);
+    pie()->insertWidget(0, m_todos);
+    setSizeGripEnabled(true);
+    resize(nv::twips::aPixeles(11400, this), nv::twips::aPixeles(7500, this));
+
+    nv::Rejilla *lista = rejilla();
+    lista->setEstirarUltima(false);
+    lista->ensanchar(CodigoBarras, QString(13, u'8'));
+    lista->ensanchar(Stock, u"Stock Alm 88"_s);
+    // A wider window is for the descriptions.
+    lista->horizontalHeader()->setSectionResizeMode(DescripcionArticulo, QHeaderView::Stretch);
+    connect(lista, &nv::Rejilla::Clic, this, [this](int fila, int columna) {
+        if (columna == Marcada)
+            marcadas()->alternar(fila);
     });
-    titularStock();
-    m_nombre->selectAll();
-    if (cargado && buscar)
-        EjecutarBusqueda();
+    connect(m_todos, &QCheckBox::toggled, this, [this](bool todas) { marcadas()->marcarTodas(todas, true); });
+    connect(m_pestanas, &QTabWidget::currentChanged, this, &frmBusqueda_Articulos_2::alCambiarPestana);
+    panel()->buscarConIntro(m_alternativo->caja());
+    atajo(Qt::Key_F11, [this] { Imprimir_Busqueda(); });
+    tabularAntes(m_alternativo->caja());
+    tabularAntes(m_almacenes);
+    ponerFranja();
 }
 
-void frmBusqueda_Articulos_2::prepararSelectores()
+void frmBusqueda_Articulos_2::montarPestanas()
 {
-    nv::Conexion *conexion = nv::ranura::actual();
-    m_proveedor->setConexion(conexion);
-    m_proveedor->setcEmpresa(cEmpresa);
-    m_familias->preparar(cEmpresa, conexion);
-    m_almacenes->setConexion(conexion);
-    m_almacenes->setcEmpresa(cEmpresa);
-    m_almacenes->setUsuario(cEmpresa->Valor(u"UsuarioActual"_s));
+    m_pestanas->setObjectName(u"SSTab"_s);
+    m_almacenes->setObjectName(u"txtAlmacenes"_s);
+    panel()->filtro()->addWidget(m_alternativo->rotulo(), 2, 2);
+    panel()->filtro()->addWidget(m_alternativo->caja(), 2, 3);
+    columna()->replaceWidget(panel(), m_pestanas);
+    const std::pair<QString, QWidget *> paginas[] = {{u"Búsqueda"_s, panel()}, {u"Almacenes"_s, m_almacenes}};
+    for (const auto &[titulo, contenido] : paginas) {
+        auto *pagina = new QWidget(this);
+        auto *dentro = new QVBoxLayout(pagina);
+        dentro->addWidget(contenido);
+        m_pestanas->addTab(pagina, titulo);
+    }
+}
+
+void frmBusqueda_Articulos_2::alAbrir()
+{
+    move(screen()->availableGeometry().center() - rect().center());
+    m_todos->setVisible(MultiResultado);
+    m_todos->setChecked(SeleccionarTodo);
+    BusquedaCriterios::alAbrir();
+}
+
+void frmBusqueda_Articulos_2::cargarPropios(nv::mensajes::Fallos &fallos)
+{
+    m_usados = {AlmacenStock};
+    titularStock();
+    fallos.paso([this] {
+        const qint32 maximo = nv::sql::limiteFilas(parametroApp(u".BuscadorM2.MaxCargaFilas", 0).toString());
+        lista()->setBloques({maximo, maximo, maximo, 1});
+    });
+    fallos.paso([this] { leerTarifas(); });
+    fallos.paso([this] { m_alternativo->preparar(*cEmpresa); });
+    fallos.paso([this] {
+        m_almacenes->setConexion(nv::ranura::actual());
+        m_almacenes->setcEmpresa(cEmpresa);
+        m_almacenes->setUsuario(cEmpresa->Valor(u"UsuarioActual"_s));
+        m_almacenes->Cargar();
+    });
 }
 
 void frmBusqueda_Articulos_2::leerTarifas()
 {
     nv::Registros registros = nv::ranura::exigida().Abrir(
         nv::sql::tarifasDeAlmacen(cEmpresa->Codigo(), cEmpresa->ValorEntero16(u"Almacen_PD"_s)));
-    ListadoPrecios::Tarifas tarifas;
-    for (ListadoPrecios::Tarifa &tarifa : tarifas) {
-        if (!registros.siguiente())
-            break;
-        tarifa.codigo = registros.entero16(u"Cod_Tarifa");
-        const int decimales = registros.columna(u"Decimales");
-        if (!registros.esNulo(decimales))
-            tarifa.decimales = registros.entero16(decimales);
+    for (std::size_t i = 0; i < m_tarifas.size(); ++i) {
+        Tarifa &tarifa = m_tarifas[i];
+        if (registros.siguiente()) {
+            tarifa.codigo = registros.entero16(u"Cod_Tarifa");
+            if (!registros.esNulo(u"Decimales"))
+                tarifa.decimales = registros.entero16(u"Decimales");
+        }
+        rejilla()->setTitulo(Pvp1 + static_cast<int>(i), u"Tarifa "_s + QString::number(tarifa.codigo));
     }
-    m_listado->setTarifas(tarifas);
 }
 
-void frmBusqueda_Articulos_2::prepararAlternativo()
+nv::Sentencia frmBusqueda_Articulos_2::consulta(const nv::sql::CriteriosArticulo &criterios)
 {
-    m_conLista = nv::ranura::exigida().Abrir(nv::sql::hayAlternativos()).siguiente();
-    const QString nombre = cEmpresa->NombreAlternativo1();
-    if (!nombre.isEmpty()) {
-        m_rotuloAlternativo->setText(nombre + u':');
-        m_alternativo->setAccessibleName(nombre);
-    }
-    m_alternativo->setReadOnly(m_conLista);
-    m_alternativo->setPlaceholderText(m_conLista ? u"F3 - Elegir valores"_s : QString());
-    // A company that neither names the field nor gives it values does not use it.
-    const bool usado = m_conLista || !nombre.isEmpty();
-    m_rotuloAlternativo->setVisible(usado);
-    m_alternativo->setVisible(usado);
+    nv::sql::CriteriosModelo1 todos{criterios, {}, {}};
+    m_alternativo->anadirA(todos);
+    m_preguntados = almacenes();
+    return nv::sql::modelo1(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), limite(),
+                            {m_tarifas[0].codigo, m_tarifas[1].codigo, m_tarifas[2].codigo}, m_preguntados, todos);
 }
 
-bool frmBusqueda_Articulos_2::ponerRecordados()
+nv::CeldasPropias frmBusqueda_Articulos_2::celdasPropias(const nv::Registros &registros)
 {
-    m_nombre->setText(Busqueda_Descripcion);
-    // "0" is what the component's "start from blank" leaves.
-    m_codigo->setText(Busqueda_Codigo == u"0" ? QString() : Busqueda_Codigo);
-    m_referencia->setText(Busqueda_Referencia);
-    m_proveedor->setCodigo(std::max(Busqueda_Proveedor, 0));
-    if (Familia_1 > 0)
-        m_familias->fijar({Familia_1, Familia_2, Familia_3});
-    else
-        m_familias->poner({Busqueda_Familia_1, Busqueda_Familia_2, Busqueda_Familia_3});
-    m_proveedor->Cargar();
-    return !m_nombre->text().isEmpty() || !m_codigo->text().isEmpty() || !m_referencia->text().isEmpty() ||
-           Busqueda_Proveedor > 0 || Busqueda_Familia_1 > 0 || Busqueda_Familia_2 > 0 || Busqueda_Familia_3 > 0;
+    std::array<int, 3> lugares{};
+    for (std::size_t i = 0; i < lugares.size(); ++i)
+        lugares[i] = registros.columna(Columnas[Pvp1 + i].campo);
+    return [lugares, tarifas = m_tarifas](const nv::Registros &r, nv::FilaRejilla &fila) {
+        for (std::size_t i = 0; i < lugares.size(); ++i)
+            fila[Pvp1 + i] = r.moneda(lugares[i]).texto(tarifas[i].decimales);
+    };
 }
 
-nv::sql::CriteriosModelo1 frmBusqueda_Articulos_2::criteriosEscritos() const
+void frmBusqueda_Articulos_2::alLlenar()
 {
-    nv::sql::CriteriosModelo1 criterios;
-    criterios.descripcion = m_nombre->text();
-    criterios.codigo = m_codigo->text();
-    // A code that fits nothing must find nothing: only an empty box and a 0 ask for any supplier.
-    if (nv::ValTexto(m_proveedor->Texto()) != u"0"_s)
-        criterios.proveedor = m_proveedor->Codigo();
-    criterios.referencia = m_referencia->text();
-    criterios.familias = m_familias->codigos();
-    const QString alternativo = m_alternativo->text();
-    if (!m_conLista)
-        criterios.alternativo = alternativo;
-    else if (!alternativo.isEmpty())
-        for (const QString &id : m_idsAlternativo.split(u',', Qt::SkipEmptyParts))
-            criterios.alternativos.push_back(nv::ValEntero32(id));
-    return criterios;
-}
-
-void frmBusqueda_Articulos_2::recordarCriterios(const nv::sql::CriteriosModelo1 &criterios)
-{
-    Busqueda_Descripcion = criterios.descripcion;
-    Busqueda_Codigo = criterios.codigo;
-    Busqueda_Proveedor = criterios.proveedor.value_or(0);
-    Busqueda_Referencia = criterios.referencia;
-    Busqueda_Familia_1 = recordado(criterios.familias[0]);
-    Busqueda_Familia_2 = recordado(criterios.familias[1]);
-    Busqueda_Familia_3 = recordado(criterios.familias[2]);
+    m_usados = m_preguntados;
+    m_orden->olvidar();
+    titularStock();
 }
 
 std::vector<qint16> frmBusqueda_Articulos_2::almacenes() const
@@ -165,35 +208,8 @@ std::vector<qint16> frmBusqueda_Articulos_2::almacenes() const
 
 void frmBusqueda_Articulos_2::titularStock()
 {
-    rejilla()->setTitulo(ListadoPrecios::Stock,
+    rejilla()->setTitulo(Stock,
                          m_usados.size() == 1 ? u"Stock Alm "_s + QString::number(m_usados.front()) : u"Stock"_s);
-}
-
-void frmBusqueda_Articulos_2::EjecutarBusqueda()
-{
-    const bool hecha = buscar([this] {
-        const nv::FranjaMensaje::Aviso aviso(*m_franja);
-        const nv::sql::CriteriosModelo1 criterios = criteriosEscritos();
-        const std::vector<qint16> usados = almacenes();
-        const ListadoPrecios::Tarifas &tarifas = m_listado->tarifas();
-        const nv::Sentencia sentencia =
-            nv::sql::modelo1(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), limite(),
-                             {tarifas[0].codigo, tarifas[1].codigo, tarifas[2].codigo}, usados, criterios);
-        // One that is refused unsent leaves also the rows still to come.
-        if (sentencia.defecto().isEmpty())
-            m_listado->cerrarResultado();
-        m_listado->mostrar(nv::ranura::exigida().Abrir(sentencia));
-        m_usados = usados;
-        m_ultima = sentencia;
-        recordar(sentencia);
-        recordarCriterios(criterios);
-        titularStock();
-    });
-    if (!hecha || rejilla()->filasDatos() == 0)
-        return;
-    ordenarTabulacion(true);
-    rejilla()->setFilaActual(1);
-    rejilla()->setFocus();
 }
 
 /// What the list shows must be the stock of the warehouses on screen.
@@ -202,38 +218,16 @@ void frmBusqueda_Articulos_2::alCambiarPestana()
     const QWidget *anterior = m_pestanas->widget(std::exchange(m_pestana, m_pestanas->currentIndex()));
     if (!anterior->isAncestorOf(m_almacenes) || rejilla()->filasDatos() == 0 || almacenes() == m_usados)
         return;
+    const QPointer<frmBusqueda_Articulos_2> vivo(this);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    EjecutarBusqueda();
+    if (vivo)
+        EjecutarBusqueda();
 }
 
-void frmBusqueda_Articulos_2::elegirAlternativos()
+void frmBusqueda_Articulos_2::volverACriterios()
 {
-    const nv::DialogoPropio<frmAlternativos_Eleccion> lista(new frmAlternativos_Eleccion(this));
-    lista->cEmpresa = cEmpresa;
-    lista->Conexion = nv::ranura::actual();
-    lista->Ids = m_idsAlternativo;
-    lista->MostrarModal();
-    if (lista.vivo() && lista->Aceptado)
-        ponerAlternativos(lista->Ids, lista->Valores);
-}
-
-void frmBusqueda_Articulos_2::ponerAlternativos(const QString &ids, const QString &textos)
-{
-    m_idsAlternativo = ids;
-    m_alternativo->setText(textos);
-}
-
-nv::Eleccion frmBusqueda_Articulos_2::eleccion() const
-{
-    nv::Eleccion marcados;
-    if (MultiResultado)
-        marcados = nv::eleccionMarcada(*rejilla(), columnasEleccion(), ListadoPrecios::Marca, ListadoPrecios::Marcada);
-    return marcados.codigo.isEmpty() ? BusquedaBase::eleccion() : marcados;
-}
-
-nv::ColumnasEleccion frmBusqueda_Articulos_2::columnasEleccion() const
-{
-    return {ListadoPrecios::Codigo, ListadoPrecios::Descripcion};
+    m_pestanas->setCurrentIndex(0);
+    BusquedaCriterios::volverACriterios();
 }
 
 nv::Fragmento frmBusqueda_Articulos_2::listaCopia() const
@@ -241,14 +235,43 @@ nv::Fragmento frmBusqueda_Articulos_2::listaCopia() const
     return u", a.Codigo, MIN(a.Descripcion) AS Descripcion ";
 }
 
-bool frmBusqueda_Articulos_2::event(QEvent *evento)
+QString frmBusqueda_Articulos_2::DevCriterio() const
 {
-    if (evento->type() == QEvent::WindowActivate) {
-        try {
-            m_familias->recargarFijas();
-        } catch (const nv::Error &) {
-            // Not shown: the box would activate this dialog again as it closes, without end.
-        }
+    QStringList piezas{u"Desc: "_s + panel()->nombre()->text(), u"Código: "_s + panel()->codigo()->text(),
+                       u"Prov: "_s + panel()->proveedor()->Texto(), u"Ref: "_s + panel()->referencia()->text()};
+    for (int nivel = 0; nivel < 3; ++nivel) {
+        const QString nombreNivel = cEmpresa->NombreFamilia(nivel);
+        const qint32 codigoNivel = panel()->familias()->codigos()[static_cast<std::size_t>(nivel)];
+        piezas.append(nombreNivel.isEmpty() ? QString() : nombreNivel + u": "_s + QString::number(codigoNivel));
     }
-    return BusquedaBase::event(evento);
+    return piezas.join(u"  "_s);
+}
+
+void frmBusqueda_Articulos_2::Imprimir_Busqueda()
+{
+    if (ultima().vacia())
+        return;
+    try {
+        imprimir();
+    } catch (const nv::Error &) {
+        nv::mensajes::mostrar(this, tituloBusqueda(), u"Error en Imprimir_Busqueda"_s, nv::mensajes::Icono::Critico);
+    }
+}
+
+void frmBusqueda_Articulos_2::imprimir()
+{
+    nv::Informe informe(cEmpresa->DirectorioInformes(), u"\\Rpt\\Articulos Busqueda 2.rpt"_s);
+    nv::DestinoInforme destino(this, u"Articulos Busqueda 2"_s);
+    if (!destino.elegido())
+        return;
+    const nv::PunteroEspera espera;
+    informe.setParametro(1, DevCriterio());
+    informe.setParametro(5, QString::number(AlmacenStock));
+    for (std::size_t i = 0; i < m_tarifas.size(); ++i) {
+        informe.setParametro(2 + static_cast<int>(i), QString::number(m_tarifas[i].codigo));
+        informe.setParametro(6 + static_cast<int>(i), QString::number(m_tarifas[i].decimales));
+    }
+    informe.setDatos(nv::datosDeInforme(nv::ranura::exigida().Abrir(ultima()), campoDeOrden(m_orden->columna()),
+                                        m_orden->sentido()));
+    destino.imprimir(informe, this);
 }

@@ -1,32 +1,32 @@
 #include "search/frmBusqueda_Articulos_3.h"
 
-#include "common/cEmpresa.h"
-#include "search/BusquedaTextoLibre_Lectura.h"
+#include "nvArticulo/Registros.h"
+#include "nvArticulo/cEmpresa.h"
 #include "search/sql/Modelo2.h"
 
 using namespace Qt::StringLiterals;
+using nv::Celda;
 
 namespace {
 
-enum Columna { Marca, CodigoArticulo, DescripcionArticulo, Stock, Ean, Pvp, PvpIgic, PvpIva, Referencia };
+enum Columna { Marcada, CodigoArticulo, DescripcionArticulo, Stock, Ean, Pvp, PvpIgic, PvpIva, Referencia };
+
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{}, {}, Celda::Seleccion},
+    {{u"Código", 1000, Qt::AlignCenter}, u"Codigo"},
+    {{u"Descripción", 4200}, u"Descripcion"},
+    {{u"Stock", 1000, Qt::AlignRight}, u"Stock", Celda::Numero},
+    {{u"EAN", 1500, Qt::AlignCenter}, u"EAN"},
+    {{u"Pvp", 1000, Qt::AlignRight}, u"Pvp", Celda::Propia},
+    {{u"Pvp +Igic", 1000, Qt::AlignRight}, {}, Celda::Propia},
+    {{u"Pvp +Iva", 1000, Qt::AlignRight}, {}, Celda::Propia},
+    {{u"Referencia", 1500}, u"Referencia"},
+};
 
 nv::ConfiguracionTextoLibre configuracion()
 {
-    nv::ConfiguracionTextoLibre c;
-    c.caja = u"txtBusqueda"_s;
+    nv::ConfiguracionTextoLibre c{u"frmBusqueda_Articulos_3"_s, u"txtBusqueda"_s, Columnas};
     c.mayusculas = true;
-    c.parametroReferencia = u".BuscadorM3.SoloRefPrincipal"_s;
-    c.tituloAceptar = u"frmBusqueda_Articulos_3:cmdAceptar_Click"_s;
-    c.eleccion = {CodigoArticulo, DescripcionArticulo};
-    c.columnas = {{},
-                  {u"Código"_s, 1000, Qt::AlignCenter},
-                  {u"Descripción"_s, 4200},
-                  {u"Stock"_s, 1000, Qt::AlignRight},
-                  {u"EAN"_s, 1500, Qt::AlignCenter},
-                  {u"Pvp"_s, 1000, Qt::AlignRight},
-                  {u"Pvp +Igic"_s, 1000, Qt::AlignRight},
-                  {u"Pvp +Iva"_s, 1000, Qt::AlignRight},
-                  {u"Referencia"_s, 1500}};
     return c;
 }
 
@@ -57,30 +57,17 @@ nv::Sentencia frmBusqueda_Articulos_3::consulta(const QString &texto) const
     return nv::sql::modelo2(entorno(), texto);
 }
 
-nv::BusquedaTextoLibre::Lector frmBusqueda_Articulos_3::lector(const nv::Registros &registros)
+nv::CeldasPropias frmBusqueda_Articulos_3::celdasPropias(const nv::Registros &registros)
 {
-    const int codigo = registros.columna(u"Codigo");
-    const int descripcion = registros.columna(u"Descripcion");
     const int impuesto = registros.columna(u"TipoImpuesto");
     const int impuesto2 = registros.columna(u"TipoImpuesto2");
-    const int referencia = registros.columna(u"Referencia");
-    const int ean = registros.columna(u"EAN");
-    const int stock = registros.columna(u"Stock");
     const int pvp = registros.columna(u"Pvp");
     const int decimales = registros.columna(u"Decimales");
-    return [=, empresa = cEmpresa](const nv::Registros &r) {
+    return [=, empresa = cEmpresa](const nv::Registros &r, nv::FilaRejilla &fila) {
         const nv::Moneda precio = r.moneda(pvp);
         const int n = r.entero16(decimales);
-        const nv::Moneda igic = empresa->PorcentajeImpuesto(nv::lectura::entero16(r, impuesto));
-        const nv::Moneda iva = empresa->PorcentajeImpuesto2(nv::lectura::entero16(r, impuesto2));
-        return nv::FilaRejilla{u"0"_s,
-                               r.texto(codigo),
-                               r.textoO(descripcion),
-                               r.textoNumero(stock),
-                               r.texto(ean),
-                               precio.texto(n),
-                               conImpuesto(precio, igic).texto(n),
-                               conImpuesto(precio, iva).texto(n),
-                               r.texto(referencia)};
+        fila[Pvp] = precio.texto(n);
+        fila[PvpIgic] = conImpuesto(precio, empresa->PorcentajeImpuesto(r.entero16O(impuesto))).texto(n);
+        fila[PvpIva] = conImpuesto(precio, empresa->PorcentajeImpuesto2(r.entero16O(impuesto2))).texto(n);
     };
 }

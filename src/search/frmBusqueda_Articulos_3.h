@@ -12,6 +12,6 @@ public:
 
 protected:
     nv::Sentencia consulta(const QString &texto) const override;
-    Lector lector(const nv::Registros &registros) override;
+    nv::CeldasPropias celdasPropias(const nv::Registros &registros) override;
     void leerAjustes() override;
 };

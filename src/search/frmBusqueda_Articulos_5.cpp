@@ -1,9 +1,7 @@
 #include "search/frmBusqueda_Articulos_5.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
-#include "common/Valores.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/nvAlmacen.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
@@ -14,19 +12,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::vector<nv::ColumnaRejilla> columnas()
+enum { Rotacion = 4 };
+
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{{}, 300, Qt::AlignCenter}, {}, nv::Celda::Seleccion},
+    {{u"Código", 1000, Qt::AlignCenter}, u"Codigo"},
+    {{u"Descripción", 5700}, u"Descripcion"},
+    {{u"Cód. Barras", 1500, Qt::AlignCenter}, u"Cod_Barras"},
+    {{u"Rotación", 0, Qt::AlignRight}, u"Rotacion", nv::Celda::Propia},
+};
+
+nv::ConfiguracionCriterios sinRecuerdo(nv::ConfiguracionCriterios c)
 {
-    return {{{}, 300, Qt::AlignCenter},
-            {u"Código"_s, 1000, Qt::AlignCenter},
-            {u"Descripción"_s, 5700},
-            {u"Cód. Barras"_s, 1500, Qt::AlignCenter},
-            {u"Rotación"_s, 0, Qt::AlignRight}};
+    c.recuerda = false;
+    return c;
 }
 
 } // namespace
 
 frmBusqueda_Articulos_5::frmBusqueda_Articulos_5(QWidget *padre)
-    : frmBusqueda_Articulos_4(padre, columnas())
+    : frmBusqueda_Articulos_4(padre, sinRecuerdo(configuracion(Columnas)), u"frmBusqueda_Articulos_5"_s)
     , m_almacen(new nvAlmacen(this))
     , m_ranking(new nvTextBox(this))
 {
@@ -38,39 +43,15 @@ frmBusqueda_Articulos_5::frmBusqueda_Articulos_5(QWidget *padre)
     m_ranking->setFixedWidth(nv::twips::aPixeles(900, this));
     auto *nota = new QLabel(u"(Mayor Unidades Venta)"_s, this);
     nota->setObjectName(u"lblMayorUndventa"_s);
-    anadirCriterio(u"lblAlmSurt"_s, u"Almacén:"_s, m_almacen);
-    anadirCriterio(u"lblRanking"_s, u"Ranking:"_s, m_ranking, nota);
+    anadirCriterio(u"Almacén:"_s, u"lblAlmSurt"_s, m_almacen);
+    anadirCriterio(u"Ranking:"_s, u"lblRanking"_s, m_ranking, nota);
     m_ranking->setAccessibleDescription(nota->text());
 }
 
-QString frmBusqueda_Articulos_5::tituloAceptar() const
+void frmBusqueda_Articulos_5::cargarPropios(nv::mensajes::Fallos &)
 {
-    return u"frmBusqueda_Articulos_5:cmdAceptar_Click"_s;
-}
-
-QString frmBusqueda_Articulos_5::tituloBusqueda() const
-{
-    return u"frmBusqueda_Articulos_5:Cargar"_s;
-}
-
-void frmBusqueda_Articulos_5::preparar()
-{
-    frmBusqueda_Articulos_4::preparar();
     m_almacen->setConexion(nv::ranura::actual());
     m_almacen->setcEmpresa(cEmpresa);
-}
-
-bool frmBusqueda_Articulos_5::ponerRecordados()
-{
-    return false;
-}
-
-nv::sql::CriteriosModelo4 frmBusqueda_Articulos_5::criteriosConAlmacen() const
-{
-    nv::sql::CriteriosModelo4 criterios{criteriosEscritos(), {}, nv::sql::limiteFilas(m_ranking->text())};
-    if (nv::ValTexto(m_almacen->Texto()) != u"0"_s)
-        criterios.almacen = m_almacen->Codigo();
-    return criterios;
 }
 
 void frmBusqueda_Articulos_5::crearRanking(const nv::sql::CriteriosModelo4 &criterios) const
@@ -88,21 +69,18 @@ void frmBusqueda_Articulos_5::crearRanking(const nv::sql::CriteriosModelo4 &crit
     conexion.Ejecutar(crear);
 }
 
-nv::Sentencia frmBusqueda_Articulos_5::consulta()
+nv::Sentencia frmBusqueda_Articulos_5::consulta(const nv::sql::CriteriosArticulo &criterios)
 {
-    const nv::sql::CriteriosModelo4 criterios = criteriosConAlmacen();
-    if (criterios.porRanking())
-        crearRanking(criterios);
-    return nv::sql::modelo4(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), limite(), criterios);
+    const nv::sql::CriteriosModelo4 todos{criterios, m_almacen->CodigoBuscado(),
+                                          nv::sql::limiteFilas(m_ranking->text())};
+    if (todos.porRanking())
+        crearRanking(todos);
+    return nv::sql::modelo4(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), limite(), todos);
 }
 
-frmBusqueda_Articulos_5::Lector frmBusqueda_Articulos_5::lector(const nv::Registros &registros) const
+nv::CeldasPropias frmBusqueda_Articulos_5::celdasPropias(const nv::Registros &registros)
 {
-    const Lector comun = frmBusqueda_Articulos_4::lector(registros);
-    const int rotacion = registros.columna(u"Rotacion");
-    return [=](const nv::Registros &r) {
-        nv::FilaRejilla fila = comun(r);
-        fila.push_back(r.moneda(rotacion).texto(2));
-        return fila;
+    return [lugar = registros.columna(u"Rotacion")](const nv::Registros &r, nv::FilaRejilla &fila) {
+        fila[Rotacion] = r.moneda(lugar).texto(2);
     };
 }

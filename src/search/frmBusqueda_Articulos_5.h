@@ -15,16 +15,11 @@ public:
     explicit frmBusqueda_Articulos_5(QWidget *padre);
 
 protected:
-    QString tituloAceptar() const override;
-    QString tituloBusqueda() const override;
-    void preparar() override;
-    bool ponerRecordados() override;
-    nv::Sentencia consulta() override;
-    Lector lector(const nv::Registros &registros) const override;
-    void recordarCriterios() override {}
+    nv::Sentencia consulta(const nv::sql::CriteriosArticulo &criterios) override;
+    nv::CeldasPropias celdasPropias(const nv::Registros &registros) override;
+    void cargarPropios(nv::mensajes::Fallos &fallos) override;
 
 private:
-    nv::sql::CriteriosModelo4 criteriosConAlmacen() const;
     void crearRanking(const nv::sql::CriteriosModelo4 &criterios) const;
 
     nvAlmacen *m_almacen;

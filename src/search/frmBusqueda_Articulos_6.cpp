@@ -1,10 +1,9 @@
 #include "search/frmBusqueda_Articulos_6.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
-#include "search/BusquedaTextoLibre_Lectura.h"
 #include "search/sql/Modelo5.h"
 
 #include <QCheckBox>
@@ -13,35 +12,43 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using nv::Celda;
 using nv::sql::AlmacenesModelo5;
 
 namespace {
 
-enum Columna { Marca, CodigoArticulo, DescripcionArticulo, Referencia, Medida, Pvp, BajoPedido, PrimerStock };
+enum Columna { Marcada, CodigoArticulo, DescripcionArticulo, Referencia, Medida, Pvp, BajoPedido, PrimerStock };
 
 constexpr int UltimaConTarifa = Pvp;
-constexpr int Total = PrimerStock + static_cast<int>(AlmacenesModelo5.size());
 constexpr QRgb ColorBaja = qRgb(192, 0, 0);
 constexpr QRgb ColorBajoPedido = qRgb(255, 128, 0);
 
+constexpr nv::ColumnaRejilla Almacen{{}, 1000, Qt::AlignRight};
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{}, {}, Celda::Seleccion},
+    {{u"Código", 900, Qt::AlignCenter}, u"Codigo"},
+    {{u"Descripción", 4400}, u"Descripcion"},
+    {{u"Referencia", 1500, Qt::AlignRight}, u"Referencia"},
+    {{u"Medida", 1500}, {}, Celda::Propia},
+    {{u"Pvp", 0, Qt::AlignRight}, u"Pvp", Celda::Agrupado},
+    {{u"BP", 300, Qt::AlignCenter}, {}, Celda::Propia},
+    {Almacen, u"Stock1", Celda::Numero},
+    {Almacen, u"Stock2", Celda::Numero},
+    {Almacen, u"Stock3", Celda::Numero},
+    {Almacen, u"Stock4", Celda::Numero},
+    {Almacen, u"Stock5", Celda::Numero},
+    {Almacen, u"Stock10", Celda::Numero},
+    {Almacen, u"Stock11", Celda::Numero},
+};
+constexpr int Total = static_cast<int>(std::size(Columnas));
+
 nv::ConfiguracionTextoLibre configuracion()
 {
-    nv::ConfiguracionTextoLibre c;
-    c.caja = u"txtBusqueda"_s;
+    nv::ConfiguracionTextoLibre c{u"frmBusqueda_Articulos_6"_s, u"txtBusqueda"_s, Columnas};
+    c.parametroReferencia = u".BuscadorM6.SoloRefPrincipal";
     c.mayusculas = true;
-    c.parametroReferencia = u".BuscadorM6.SoloRefPrincipal"_s;
-    c.tituloAceptar = u"frmBusqueda_Articulos_6:cmdAceptar_Click"_s;
     c.errorNumerado = false;
     c.enfocarRejilla = true;
-    c.eleccion = {CodigoArticulo, DescripcionArticulo};
-    c.columnas = {{},
-                  {u"Código"_s, 900, Qt::AlignCenter},
-                  {u"Descripción"_s, 4400},
-                  {u"Referencia"_s, 1500, Qt::AlignRight},
-                  {u"Medida"_s, 1500},
-                  {u"Pvp"_s, 0, Qt::AlignRight},
-                  {u"BP"_s, 300, Qt::AlignCenter}};
-    c.columnas.resize(Total, {{}, 1000, Qt::AlignRight});
     return c;
 }
 
@@ -100,7 +107,7 @@ frmBusqueda_Articulos_6::frmBusqueda_Articulos_6(QWidget *padre)
     buscarConIntro(m_medida);
     for (QCheckBox *casilla : {m_oferta, m_noMovidos}) {
         criterios()->addWidget(casilla);
-        ordenar(casilla);
+        tabularAntes(casilla);
         connect(casilla, &QCheckBox::toggled, this, [this] {
             if (hayTexto())
                 Recuperar_Registros(caja()->text());
@@ -140,16 +147,12 @@ nv::Sentencia frmBusqueda_Articulos_6::consulta(const QString &texto) const
     return nv::sql::modelo5(entorno(), {texto, Busqueda_Medida, m_oferta->isChecked(), m_noMovidos->isChecked()});
 }
 
-nv::BusquedaTextoLibre::Lector frmBusqueda_Articulos_6::lector(const nv::Registros &registros)
+nv::CeldasPropias frmBusqueda_Articulos_6::celdasPropias(const nv::Registros &registros)
 {
     const auto columna = [&registros](QStringView nombre) { return registros.columna(nombre); };
-    const int codigo = columna(u"Codigo");
-    const int descripcion = columna(u"Descripcion");
-    const int referencia = columna(u"Referencia");
     const int largo = columna(u"Largo");
     const int ancho = columna(u"Ancho");
     const int altura = columna(u"Altura");
-    const int pvp = columna(u"Pvp");
     const int bajoPedido = columna(u"BajoPedido");
     const int bloqueado = columna(u"Bloqueado");
     const int motivoBaja = columna(u"MotivoBaja");
@@ -158,31 +161,20 @@ nv::BusquedaTextoLibre::Lector frmBusqueda_Articulos_6::lector(const nv::Registr
     const int color = columna(u"BackColor");
     const int colorNoMovido = columna(u"BackColorNM");
     std::array<int, AlmacenesModelo5.size()> stocks{};
-    std::transform(AlmacenesModelo5.begin(), AlmacenesModelo5.end(), stocks.begin(),
-                   [&](qint16 almacen) { return columna(u"Stock%1"_s.arg(almacen)); });
+    for (std::size_t i = 0; i < stocks.size(); ++i)
+        stocks[i] = columna(Columnas[PrimerStock + i].campo);
     m_estados.clear();
-    return [=, this](const nv::Registros &r) {
-        namespace lectura = nv::lectura;
+    return [=, this](const nv::Registros &r, nv::FilaRejilla &fila) {
         const auto colorDe = [&r](int precio, int fondo) {
             return r.moneda(precio) > nv::Moneda() ? colorPlataforma(r.entero32(fondo)) : QColor();
         };
-        Estado estado{lectura::si(r, bloqueado) || lectura::entero16(r, motivoBaja) > 0, lectura::si(r, bajoPedido),
+        Estado estado{r.booleanoO(bloqueado) || r.entero16O(motivoBaja) > 0, r.booleanoO(bajoPedido),
                       colorDe(pvpOferta, color), colorDe(pvpNoMovido, colorNoMovido), 0};
-        nv::FilaRejilla fila{
-            u"0"_s,
-            r.texto(codigo),
-            r.textoO(descripcion),
-            r.texto(referencia),
-            textoMedida(lectura::importe(r, largo), lectura::importe(r, ancho), lectura::importe(r, altura)),
-            r.moneda(pvp).textoAgrupado(),
-            estado.bajoPedido ? u"X"_s : QString()};
-        for (std::size_t i = 0; i < stocks.size(); ++i) {
-            const nv::Moneda stock = r.moneda(stocks[i]);
-            fila.push_back(stock.textoCorto());
-            estado.conStock |= static_cast<quint8>(stock > nv::Moneda() ? 1u << i : 0u);
-        }
+        fila[Medida] = textoMedida(r.monedaO(largo), r.monedaO(ancho), r.monedaO(altura));
+        fila[BajoPedido] = estado.bajoPedido ? u"X"_s : QString();
+        for (std::size_t i = 0; i < stocks.size(); ++i)
+            estado.conStock |= static_cast<quint8>(r.moneda(stocks[i]) > nv::Moneda() ? 1u << i : 0u);
         m_estados.push_back(estado);
-        return fila;
     };
 }
 

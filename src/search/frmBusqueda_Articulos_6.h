@@ -15,7 +15,7 @@ public:
 
 protected:
     nv::Sentencia consulta(const QString &texto) const override;
-    Lector lector(const nv::Registros &registros) override;
+    nv::CeldasPropias celdasPropias(const nv::Registros &registros) override;
     void leerAjustes() override;
     void mostrarRecordados() override;
     void recordarEscritos() override;

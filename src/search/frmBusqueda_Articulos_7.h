@@ -14,8 +14,7 @@ public:
     explicit frmBusqueda_Articulos_7(QWidget *padre);
 
 protected:
-    nv::Sentencia consulta(const nv::sql::CriteriosArticulo &criterios) const override;
-    bool focusNextPrevChild(bool siguiente) override;
+    nv::Sentencia consulta(const nv::sql::CriteriosArticulo &criterios) override;
 
 private:
     QCheckBox *m_surtido;

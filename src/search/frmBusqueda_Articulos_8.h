@@ -13,7 +13,7 @@ public:
 
 protected:
     nv::Sentencia consulta(const QString &texto) const override;
-    Lector lector(const nv::Registros &registros) override;
+    nv::CeldasPropias celdasPropias(const nv::Registros &registros) override;
     void mostrarRecordados() override;
     void recordarEscritos() override;
     bool hayCriterios() const override;

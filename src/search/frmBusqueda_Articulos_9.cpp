@@ -1,15 +1,28 @@
 #include "search/frmBusqueda_Articulos_9.h"
 
-#include "common/Registros.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Registros.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/nvTextBox.h"
 #include "search/sql/Modelo8.h"
 
 using namespace Qt::StringLiterals;
+using nv::Celda;
 
 namespace {
 
-enum Columna { Marca, Familia, CodigoArticulo, DescripcionArticulo, MarcaArticulo, Stock, Ean, Pvp, Referencia };
+enum Columna { Marcada, Familia, CodigoArticulo, DescripcionArticulo, MarcaArticulo, Stock, Ean, Pvp, Referencia };
+
+constexpr nv::ColumnaBusqueda Columnas[] = {
+    {{}, {}, Celda::Seleccion},
+    {{{}, 2500}, u"F1Nombre"},
+    {{u"Código", 1000, Qt::AlignCenter, true}, u"Codigo"},
+    {{u"Descripción", 4400}, u"Descripcion"},
+    {{u"Marca", 1500}, u"MarcaNombre"},
+    {{u"Stock", 1000, Qt::AlignRight}, u"Stock", Celda::Numero},
+    {{u"EAN", 1500, Qt::AlignCenter, true}, u"EAN"},
+    {{u"Pvp", 1300, Qt::AlignRight}, u"Pvp", Celda::Agrupado},
+    {{u"Referencia", 0, Qt::AlignLeft, true}, u"Referencia"},
+};
 
 constexpr int DiasDeVenta = 30;
 
@@ -21,29 +34,11 @@ struct Parte
 };
 constexpr std::array<Parte, 3> Partes{{{DescripcionArticulo, 70}, {MarcaArticulo, 20}, {Referencia, 10}}};
 
-nv::ConfiguracionTextoLibre configuracion()
-{
-    nv::ConfiguracionTextoLibre c;
-    c.caja = u"txtDescripcion"_s;
-    c.parametroReferencia = u".BuscadorM3.SoloRefPrincipal"_s;
-    c.tituloAceptar = u"frmBusqueda_Articulos_9:cmdAceptar_Click"_s;
-    c.eleccion = {CodigoArticulo, DescripcionArticulo};
-    c.columnas = {{},
-                  {{}, 2500},
-                  {u"Código"_s, 1000, Qt::AlignCenter, true},
-                  {u"Descripción"_s, 4400},
-                  {u"Marca"_s, 1500},
-                  {u"Stock"_s, 1000, Qt::AlignRight},
-                  {u"EAN"_s, 1500, Qt::AlignCenter, true},
-                  {u"Pvp"_s, 1300, Qt::AlignRight},
-                  {u"Referencia"_s, 0, Qt::AlignLeft, true}};
-    return c;
-}
-
 } // namespace
 
 frmBusqueda_Articulos_9::frmBusqueda_Articulos_9(QWidget *padre)
-    : BusquedaTextoLibre(padre, configuracion())
+    : BusquedaTextoLibre(
+          padre, {u"frmBusqueda_Articulos_9"_s, u"txtDescripcion"_s, Columnas, {CodigoArticulo, DescripcionArticulo}})
 {
     buscarConIntro(caja());
 }
@@ -57,29 +52,6 @@ void frmBusqueda_Articulos_9::leerAjustes()
 nv::Sentencia frmBusqueda_Articulos_9::consulta(const QString &texto) const
 {
     return nv::sql::modelo8(entorno(), texto, cEmpresa->Hoy().addDays(-DiasDeVenta));
-}
-
-nv::BusquedaTextoLibre::Lector frmBusqueda_Articulos_9::lector(const nv::Registros &registros)
-{
-    const int codigo = registros.columna(u"Codigo");
-    const int descripcion = registros.columna(u"Descripcion");
-    const int referencia = registros.columna(u"Referencia");
-    const int ean = registros.columna(u"EAN");
-    const int stock = registros.columna(u"Stock");
-    const int pvp = registros.columna(u"Pvp");
-    const int marca = registros.columna(u"MarcaNombre");
-    const int familia = registros.columna(u"F1Nombre");
-    return [=](const nv::Registros &r) {
-        return nv::FilaRejilla{u"0"_s,
-                               r.texto(familia),
-                               r.texto(codigo),
-                               r.textoO(descripcion),
-                               r.texto(marca),
-                               r.textoNumero(stock),
-                               r.texto(ean),
-                               r.moneda(pvp).textoAgrupado(),
-                               r.texto(referencia)};
-    };
 }
 
 void frmBusqueda_Articulos_9::resizeEvent(QResizeEvent *evento)

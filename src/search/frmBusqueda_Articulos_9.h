@@ -14,7 +14,6 @@ public:
 
 protected:
     nv::Sentencia consulta(const QString &texto) const override;
-    Lector lector(const nv::Registros &registros) override;
     void leerAjustes() override;
     void resizeEvent(QResizeEvent *evento) override;
     void showEvent(QShowEvent *evento) override;

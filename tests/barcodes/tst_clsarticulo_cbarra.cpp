@@ -1,379 +1,40 @@
 #include "barcodes/clsArticulo_CBarra.h"
-#include "common/Conexion.h"
-#include "common/Error.h"
-#include "platform/datos/Motores.h"
+#include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
+#include "support/Programa.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QProcess>
-#include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-using nv::pruebas::Conductor;
+using namespace nv::pruebas;
 
-class tst_clsArticulo_CBarra : public QObject
+/// Label of the Error that an operation throws.
+static QString origen(const std::function<void()> &operacion)
 {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void cleanup();
-    void loads_main_first_and_steps();
-    void inserting_a_main_barcode_takes_the_mark();
-    void deleting_the_main_barcode_promotes_another();
-    void modify_goes_by_key();
-    void main_barcode_is_taken_from_another_item_only_if_agreed();
-    void missing_item_row_has_no_name();
-    void errors_carry_the_outermost_label();
-    void check_digits_are_appended_in_bulk();
-    void automatic_numbers_skip_what_is_taken();
-    void rival_that_makes_the_counter_first_is_followed();
-    void four_processes_never_share_a_number();
-    void killed_processes_lose_at_most_the_number_in_their_hands();
-
-private:
-    void inserta(int articulo, const QString &codigo, int principal)
-    {
-        m_conexion->Ejecutar(nv::Sentencia::deConsola(
-            u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
-            u"VALUES (2, %1, '%2', %3, '01/02/2026')"_s.arg(articulo)
-                .arg(codigo)
-                .arg(principal)));
-    }
-    /// "barcode:main" of an item's rows.
-    QString filas(int articulo)
-    {
-        nv::Registros r = m_conexion->Abrir(nv::Sentencia::deConsola(
-            u"SELECT Cod_Barras, Principal FROM Articulos_CBarras WHERE Cod_Empresa =2 AND Cod_Articulo =%1 "
-            u"ORDER BY Cod_Barras"_s.arg(articulo)));
-        QStringList todas;
-        while (r.siguiente())
-            todas << r.texto(u"Cod_Barras") + u':' + r.texto(u"Principal");
-        return todas.join(u' ');
-    }
-    clsArticulo_CBarra nueva()
-    {
-        clsArticulo_CBarra barra;
-        barra.setcEmpresa(&m_empresa);
-        barra.setConexion(m_conexion.get());
-        return barra;
-    }
-
-    nv::pruebas::EmpresaPrueba m_empresa;
-    std::unique_ptr<nv::Conexion> m_conexion;
-};
-
-void tst_clsArticulo_CBarra::init()
-{
-    m_conexion = nv::datos::abrirEmbebida(u":memory:"_s);
-    inserta(10, u"A"_s, 0);
-    inserta(10, u"B"_s, 1);
-    inserta(20, u"C"_s, 1);
+    return errorDe(operacion).origen;
 }
 
-void tst_clsArticulo_CBarra::cleanup()
-{
-    m_conexion.reset();
-}
-
-void tst_clsArticulo_CBarra::loads_main_first_and_steps()
-{
-    auto barra = nueva();
-    nv::Registros registros;
-    QVERIFY(barra.Cargar(registros, 10));
-    QCOMPARE(barra.Cod_Barras, u"B"_s);
-    QVERIFY(barra.Principal && !barra.Automatico);
-    QCOMPARE(barra.Unidades, qint16(1));
-    QCOMPARE(barra.Fecha, QDate(2026, 2, 1));
-    QVERIFY2(registros.siguiente() && registros.texto(u"Cod_Barras") == u"A", "the caller walks on");
-
-    auto paso = nueva();
-    QVERIFY(paso.Cargar_Siguiente(registros));
-    QCOMPARE(paso.Cod_Articulo, 10);
-    QVERIFY(paso.Cargar_Siguiente(registros));
-    QCOMPARE(paso.Cod_Articulo, 20);
-    QVERIFY(!paso.Cargar_Siguiente(registros));
-    QVERIFY2(paso.Cod_Articulo == 20 && paso.Cod_Barras == u"C", "a step that finds nothing leaves the record");
-    QVERIFY(paso.Cargar_Anterior(registros));
-    QCOMPARE(paso.Cod_Articulo, 10);
-    QVERIFY(paso.Cargar_Ultimo(registros));
-    QCOMPARE(paso.Cod_Articulo, 20);
-    QVERIFY(paso.Cargar_Primero(registros));
-    QCOMPARE(paso.Cod_Articulo, 10);
-    QCOMPARE(paso.Dev_CodigoBarraPrincipal(20), u"C"_s);
-    QVERIFY(paso.Dev_CodigoBarraPrincipal(30).isEmpty());
-}
-
-void tst_clsArticulo_CBarra::inserting_a_main_barcode_takes_the_mark()
-{
-    auto barra = nueva();
-    barra.Cod_Articulo = 10;
-    barra.Cod_Barras = u"D"_s;
-    barra.Unidades = 6;
-    barra.Fecha = QDate(2000, 1, 1);
-    barra.Principal = true;
-    barra.Insertar();
-    QCOMPARE(filas(10), u"A:0 B:0 D:1"_s);
-    nv::Registros registros;
-    QVERIFY(barra.Cargar(registros, 10));
-    QVERIFY2(barra.Fecha == m_empresa.hoy, "a barcode is dated when it is recorded");
-    QCOMPARE(barra.Unidades, qint16(6));
-    barra.Cambia_Principal(u"A"_s);
-    QCOMPARE(filas(10), u"A:1 B:0 D:0"_s);
-}
-
-void tst_clsArticulo_CBarra::deleting_the_main_barcode_promotes_another()
-{
-    auto barra = nueva();
-    barra.Eliminar(u"B"_s, 10, true);
-    QCOMPARE(filas(10), u"A:1"_s);
-    barra.Eliminar(u"C"_s, 20, true);
-    QCOMPARE(filas(20), QString());
-}
-
-void tst_clsArticulo_CBarra::modify_goes_by_key()
-{
-    auto barra = nueva();
-    nv::Registros registros;
-    QVERIFY(barra.Cargar(registros, 20));
-    barra.setKey(10);
-    barra.Cod_Barras = u"Z"_s;
-    barra.Principal = false;
-    barra.Modificar(u"A"_s);
-    QCOMPARE(filas(10), u"B:1 Z:0"_s);
-    QCOMPARE(filas(20), u"C:1"_s);
-}
-
-void tst_clsArticulo_CBarra::main_barcode_is_taken_from_another_item_only_if_agreed()
-{
-    m_conexion->Ejecutar(
-        nv::Sentencia::deConsola(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ')"_s));
-    inserta(20, u"C2"_s, 0);
-    auto barra = nueva();
-    barra.Cod_Articulo = 20;
-    barra.Cod_Barras = u"B"_s;
-    Conductor conductor;
-    conductor.responde(u"No"_s);
-    barra.ModificarPrincipal();
-    QVERIFY(conductor.terminado());
-    QCOMPARE(conductor.cajas().back().titulo, u"Confirme la operación..."_s);
-    QCOMPARE(conductor.cajas().back().texto, u"El EAN B existe en el artículo 10 - DIEZ. ¿Desea Traspasarlo?"_s);
-    QCOMPARE(filas(10), u"A:0 B:1"_s);
-
-    conductor.responde(u"Sí"_s);
-    barra.ModificarPrincipal();
-    QVERIFY(conductor.terminado());
-    QCOMPARE(filas(10), u"A:1"_s);
-    QCOMPARE(filas(20), u"B:1 C2:0"_s);
-
-    barra.Cod_Articulo = 30;
-    barra.Cod_Barras = u"NUEVO"_s;
-    barra.ModificarPrincipal();
-    QVERIFY2(filas(30) == u"NUEVO:1", "an item without a main barcode gets it inserted as such");
-}
-
-void tst_clsArticulo_CBarra::missing_item_row_has_no_name()
-{
-    auto barra = nueva();
-    qint32 articulo = 0;
-    QString nombre = u"x"_s;
-    qint16 unidades = 0;
-    bool principal = false;
-    QVERIFY(barra.Existe(u"C"_s, articulo, nombre, unidades, principal));
-    QCOMPARE(articulo, 20);
-    QVERIFY(nombre.isEmpty() && principal && unidades == 1);
-    QVERIFY(!barra.Existe(u"NADA"_s, articulo, nombre, unidades, principal));
-}
-
-void tst_clsArticulo_CBarra::errors_carry_the_outermost_label()
-{
-    auto barra = nueva();
-    nv::Registros registros;
-    QVERIFY(barra.Cargar(registros, 20));
-    barra.Cod_Barras = u"O'R"_s;
-    const auto origen = [](auto operacion) {
-        try {
-            operacion();
-        } catch (const nv::Error &error) {
-            return error.descripcion.isEmpty() ? QString() : error.origen;
-        }
-        return QString();
-    };
-    QCOMPARE(origen([&] { barra.ModificarPrincipal(); }), u"clsCodigos_Barra::Modificar"_s);
-    QCOMPARE(origen([&] { barra.Insertar(); }), u"clsCodigos_Barra::Insertar"_s);
-    QCOMPARE(origen([&] { barra.Eliminar(u"O'R"_s, 1, false); }), u"clsCodigos_Barra::Existe"_s);
-    m_conexion->Ejecutar(
-        nv::Sentencia::deConsola(u"UPDATE Articulos_CBarras SET Unidades = 99999 WHERE Cod_Articulo = 10"_s));
-    QCOMPARE(origen([&] { barra.Cargar(registros, 10); }), u"clsCodigos_Barra::Cargar"_s);
-    QVERIFY2(barra.Cod_Articulo == 20 && barra.Cod_Barras == u"O'R", "a failed load leaves the record");
-}
-
-void tst_clsArticulo_CBarra::check_digits_are_appended_in_bulk()
-{
-    inserta(40, u"400638133393"_s, 1);
-    inserta(41, u"9810001"_s, 1);
-    inserta(42, u"12345678"_s, 1);
-    inserta(50, u"400638133393"_s, 1);
-    nueva().Calc_Check(40, 45);
-    QCOMPARE(filas(40), u"4006381333931:1"_s);
-    QCOMPARE(filas(41), u"98100019:1"_s);
-    QCOMPARE(filas(42), u"12345678:1"_s);
-    QCOMPARE(filas(50), u"400638133393:1"_s);
-}
-
-void tst_clsArticulo_CBarra::automatic_numbers_skip_what_is_taken()
-{
-    auto barra = nueva();
-    barra.Cod_Articulo = 60;
-    QCOMPARE(barra.CrearAuto(), u"98100019"_s);
-    inserta(70, u"98100026"_s, 1);
-    const QString siguiente = barra.CrearAuto();
-    QVERIFY2(siguiente.startsWith(u"9810003"),
-             "a number that was never stored is not issued again, a taken one is skipped");
-    barra.Cod_Barras = siguiente;
-    barra.Automatico = true;
-    barra.Insertar();
-    QCOMPARE(barra.CrearAuto(), siguiente);
-    barra.Cod_Articulo = 61;
-    QVERIFY2(barra.CrearAuto().startsWith(u"9810004"), "reading an issued barcode leaves the counter");
-
-    m_conexion->Ejecutar(nv::Sentencia::deConsola(u"UPDATE Contador_CBarras SET Cod_Barras = '9999999'"_s));
-    QCOMPARE(barra.CrearAuto().size(), 9);
-    {
-        nv::Transaccion unidad(*m_conexion);
-        (void)barra.CrearAuto();
-        QVERIFY2(m_conexion->enTransaccion(), "inside an open transaction it joins that one");
-    }
-    QVERIFY(barra.CrearAuto().startsWith(u"10000001"));
-}
-
-/// Where no lock holds a row that is not there yet, another workstation may make it between our look and our write.
-void tst_clsArticulo_CBarra::rival_that_makes_the_counter_first_is_followed()
-{
-    struct Rival : nv::OyenteSentencias
-    {
-        nv::Conexion *conexion = nullptr;
-        int fallos = 0;
-        void sentencia(const nv::SucesoSentencia &suceso) override
-        {
-            if (!suceso.error.isEmpty())
-                ++fallos;
-            if (fallos == 0 && suceso.texto.startsWith(u"UPDATE Contador_CBarras SET Cod_Barras = Cod_Barras"_s)) {
-                conexion->dejarDeEscuchar(this);
-                conexion->Ejecutar(nv::Sentencia::deConsola(
-                    u"CREATE TRIGGER rival BEFORE INSERT ON Contador_CBarras BEGIN SELECT RAISE(ROLLBACK, 'clave'); END"_s));
-                conexion->escuchar(this);
-            } else if (fallos == 1) {
-                ++fallos;
-                conexion->dejarDeEscuchar(this);
-                conexion->Ejecutar(nv::Sentencia::deConsola(
-                    u"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (2, '9810001')"_s));
-                conexion->escuchar(this);
-            }
-        }
-    } rival;
-    rival.conexion = m_conexion.get();
-    m_conexion->escuchar(&rival);
-    auto barra = nueva();
-    barra.Cod_Articulo = 60;
-    const QString numero = barra.CrearAuto();
-    m_conexion->dejarDeEscuchar(&rival);
-    QVERIFY2(numero.startsWith(u"9810002"), qPrintable(numero));
-}
-
-void tst_clsArticulo_CBarra::four_processes_never_share_a_number()
-{
-    QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(u"contador.db"_s);
-    m_conexion = nv::datos::abrirEmbebida(ruta);
-    inserta(1, u"98100064"_s, 1); // taken by hand before its turn: number 9810006
-    constexpr int PorProceso = 500;
-    std::vector<std::unique_ptr<QProcess>> procesos;
-    for (int i = 0; i < 4; ++i) {
-        auto &proceso = procesos.emplace_back(std::make_unique<QProcess>());
-        proceso->start(QCoreApplication::applicationFilePath(),
-                       {u"--emitir"_s, ruta, QString::number(1000 + i * PorProceso), QString::number(PorProceso)});
-    }
-    QStringList emitidos;
-    for (auto &proceso : procesos) {
-        QVERIFY(proceso->waitForFinished(120000));
-        QVERIFY2(proceso->exitCode() == 0, proceso->readAllStandardError().constData());
-        emitidos << QString::fromUtf8(proceso->readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
-    }
-    QCOMPARE(emitidos.size(), 4 * PorProceso);
-    QSet<QString> distintos(emitidos.begin(), emitidos.end());
-    QCOMPARE(distintos.size(), emitidos.size());
-    QVERIFY(!distintos.contains(u"98100064"_s));
-    emitidos.sort();
-    QVERIFY2(emitidos.last().startsWith(u"9812001"), "2,000 numbers from 9810001 with one skipped");
-}
-
-/// A number may be missing only if it was taken by hand or its process died between issue and use.
-void tst_clsArticulo_CBarra::killed_processes_lose_at_most_the_number_in_their_hands()
-{
-    QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(u"contador.db"_s);
-    m_conexion = nv::datos::abrirEmbebida(ruta);
-    inserta(1, u"98100064"_s, 1); // 9810006, by hand
-    constexpr int Muertes = 12;
-    int siguiente = 1000;
-    const auto arrancar = [&](QProcess &proceso, int cuantos) {
-        proceso.start(QCoreApplication::applicationFilePath(),
-                      {u"--emitir"_s, ruta, QString::number(siguiente), QString::number(cuantos)});
-        siguiente += cuantos;
-        QVERIFY(proceso.waitForStarted());
-    };
-    // It may have ended while the event loop turned: then there is nothing to wait for.
-    const auto terminado = [](QProcess &proceso) {
-        return proceso.state() == QProcess::NotRunning || proceso.waitForFinished(120000);
-    };
-    QProcess constante;
-    arrancar(constante, 600);
-    for (int i = 0; i < Muertes; ++i) {
-        QProcess victima;
-        arrancar(victima, 100000);
-        QTest::qWait(40 + 7 * i);
-        victima.kill();
-        QVERIFY(terminado(victima));
-        siguiente += 100000;
-    }
-    QVERIFY(terminado(constante));
-    QVERIFY2(constante.exitCode() == 0, constante.readAllStandardError().constData());
-
-    nv::Registros fila = m_conexion->Abrir(nv::Sentencia::deConsola(
-        u"SELECT COUNT(*) AS Filas, COUNT(DISTINCT Cod_Barras) AS Distintos FROM Articulos_CBarras WHERE Automatico = 1"_s));
-    QVERIFY(fila.siguiente());
-    const qint32 guardados = fila.entero32(u"Filas");
-    QCOMPARE(fila.entero32(u"Distintos"), guardados);
-    nv::Registros contador = m_conexion->Abrir(nv::Sentencia::deConsola(u"SELECT Cod_Barras FROM Contador_CBarras"_s));
-    QVERIFY(contador.siguiente());
-    const qint32 emitidos = contador.entero32(0) - 9810001 + 1 - 1; // one was taken by hand
-    qInfo("%d issued, %d stored, %d kills", emitidos, guardados, Muertes);
-    QVERIFY(guardados >= 600);
-    QVERIFY2(emitidos - guardados >= 0 && emitidos - guardados <= Muertes, "a kill costs at most one number");
-}
-
-/// As a workstation: issues `cuantos` numbers for as many items and stores each.
+/// As a workstation: issues numbers for that many items from a first one on and stores each.
 static int emitir(const QStringList &argumentos)
 {
-    nv::pruebas::EmpresaPrueba empresa;
+    EmpresaPrueba empresa;
     try {
-        const auto conexion = nv::datos::abrirEmbebida(argumentos[2]);
+        const auto conexion = Lugar::conectarA(argumentos[0]);
         clsArticulo_CBarra barra;
         barra.setcEmpresa(&empresa);
         barra.setConexion(conexion.get());
-        const int primero = argumentos[3].toInt();
-        for (int i = 0; i < argumentos[4].toInt(); ++i) {
+        barra.Automatico = barra.Principal = true;
+        barra.Unidades = 1;
+        const int primero = argumentos[1].toInt();
+        for (int i = 0; i < argumentos[2].toInt(); ++i) {
             barra.Cod_Articulo = primero + i;
             barra.Cod_Barras = barra.CrearAuto();
-            barra.Automatico = true;
-            barra.Principal = true;
-            barra.Unidades = 1;
             barra.Insertar();
-            fprintf(stdout, "%s\n", qPrintable(barra.Cod_Barras));
+            puts(qPrintable(barra.Cod_Barras));
+            fflush(stdout);
         }
         return 0;
     } catch (const nv::Error &error) {
@@ -382,12 +43,279 @@ static int emitir(const QStringList &argumentos)
     }
 }
 
-int main(int argc, char **argv)
+/// Items 10 (barcodes A and B, the main one) and 20 (C), on every engine that speaks the suite's dialect.
+class tst_clsArticulo_CBarra : public PruebaVias
 {
-    QApplication aplicacion(argc, argv);
-    if (QCoreApplication::arguments().value(1) == u"--emitir")
-        return emitir(QCoreApplication::arguments());
-    tst_clsArticulo_CBarra pruebas;
-    return QTest::qExec(&pruebas, argc, argv);
-}
+    Q_OBJECT
+
+private Q_SLOTS:
+    void loads_main_first_and_steps()
+    {
+        auto barra = nueva();
+        nv::Registros registros;
+        QVERIFY(barra.Cargar(registros, 10));
+        QVERIFY(barra.Cod_Barras == u"B" && barra.Principal && !barra.Automatico && barra.Unidades == 1);
+        QCOMPARE(barra.Fecha, QDate(2026, 2, 1));
+        QVERIFY2(registros.siguiente() && registros.texto(u"Cod_Barras") == u"A", "the caller walks on");
+        QVERIFY(!barra.Cargar(registros, 99) && barra.Cod_Articulo == 10);
+
+        inserta(15, u"S"_s, 0);
+        auto paso = nueva();
+        const auto en = [&](bool hallado) { return hallado ? paso.Cod_Articulo : 0; };
+        for (const int articulo : {10, 15, 20, 0})
+            QCOMPARE(en(paso.Cargar_Siguiente(registros)), articulo);
+        QVERIFY2(paso.Cod_Articulo == 20 && paso.Cod_Barras == u"C", "a step that finds nothing leaves the record");
+        QCOMPARE(en(paso.Cargar_Anterior(registros)), 15);
+        QCOMPARE(en(paso.Cargar_Ultimo(registros)), 20);
+        QCOMPARE(en(paso.Cargar_Primero(registros)), 10);
+        QCOMPARE(en(paso.Cargar_Anterior(registros)), 0);
+        QCOMPARE(paso.Dev_CodigoBarraPrincipal(20) + paso.Dev_CodigoBarraPrincipal(15), u"C"_s);
+    }
+
+    void main_mark_moves()
+    {
+        auto barra = nueva(10, u"D"_s);
+        barra.Unidades = 6;
+        barra.Fecha = QDate(2000, 1, 1);
+        barra.Principal = true;
+        barra.Insertar();
+        QCOMPARE(deArticulo(10), u"A|0 B|0 D|1"_s);
+        nv::Registros registros;
+        QVERIFY(barra.Cargar(registros, 10));
+        QVERIFY2(barra.Fecha == m_empresa.hoy, "a barcode is dated when it is recorded");
+        QCOMPARE(barra.Unidades, qint16(6));
+        barra.Cod_Barras = u"E"_s;
+        barra.Principal = false;
+        barra.Insertar();
+        barra.Cambia_Principal(u"A"_s);
+        QCOMPARE(deArticulo(10), u"A|1 B|0 D|0 E|0"_s);
+        barra.Eliminar(u"D"_s, 10, false);
+        barra.Eliminar(u"E"_s, 10, false);
+        QCOMPARE(deArticulo(10), u"A|1 B|0"_s);
+        barra.Eliminar(u"A"_s, 10, true);
+        QCOMPARE(deArticulo(10), u"B|1"_s);
+        barra.Eliminar(u"C"_s, 20, true);
+        QCOMPARE(deArticulo(20), QString());
+    }
+
+    void modify_goes_by_key()
+    {
+        auto barra = nueva(20, u"Z"_s);
+        barra.setKey(10);
+        barra.Modificar(u"A"_s);
+        QCOMPARE(deArticulo(10), u"B|1 Z|0"_s);
+        barra.Principal = true;
+        barra.Modificar(u"Z"_s);
+        QCOMPARE(deArticulo(10), u"B|1 Z|1"_s);
+        QCOMPARE(deArticulo(20), u"C|1"_s);
+    }
+
+    void main_barcode_is_taken_from_another_item_only_if_agreed()
+    {
+        ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ')"_s);
+        inserta(20, u"C2"_s, 0);
+        auto barra = nueva(20, u"B"_s);
+        Conductor conductor;
+        conductor.responde(u"No"_s);
+        barra.ModificarPrincipal();
+        QVERIFY(conductor.terminado());
+        QCOMPARE(conductor.cajas().back().titulo, u"Confirme la operación..."_s);
+        QCOMPARE(conductor.cajas().back().texto, u"El EAN B existe en el artículo 10 - DIEZ. ¿Desea Traspasarlo?"_s);
+        QCOMPARE(deArticulo(10), u"A|0 B|1"_s);
+
+        conductor.responde(u"Sí"_s);
+        barra.ModificarPrincipal();
+        QVERIFY(conductor.terminado());
+        QCOMPARE(deArticulo(10), u"A|1"_s);
+        QCOMPARE(deArticulo(20), u"B|1 C2|0"_s);
+        barra.ModificarPrincipal(); // its own: nothing to ask
+        QCOMPARE(deArticulo(20), u"B|1 C2|0"_s);
+
+        barra = nueva(30, u"NUEVO"_s);
+        barra.ModificarPrincipal();
+        QVERIFY2(deArticulo(30) == u"NUEVO|1", "an item without a main barcode gets it inserted as such");
+    }
+
+    void owner_of_a_barcode()
+    {
+        ejecutar(
+            u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ'), (1, 20, 'AJENO')"_s);
+        auto barra = nueva();
+        qint32 articulo = 0;
+        QString nombre = u"x"_s;
+        qint16 unidades = 0;
+        bool principal = true;
+        QVERIFY(barra.Existe(u"a"_s, articulo, nombre, unidades, principal));
+        QVERIFY(articulo == 10 && nombre == u"DIEZ" && unidades == 1 && !principal);
+        QVERIFY(barra.Existe(u"C"_s, articulo, nombre, unidades, principal));
+        QVERIFY2(articulo == 20 && nombre.isEmpty() && principal, "an item whose row is missing has no name");
+        QVERIFY(!barra.Existe(u"NADA"_s, articulo, nombre, unidades, principal));
+    }
+
+    void errors_carry_the_outermost_label()
+    {
+        auto barra = nueva();
+        nv::Registros registros;
+        QVERIFY(barra.Cargar(registros, 20));
+        barra.Cod_Barras = u"O'R"_s;
+        QCOMPARE(origen([&] { barra.ModificarPrincipal(); }), u"clsCodigos_Barra::Modificar"_s);
+        QCOMPARE(origen([&] { barra.Cambia_Principal(u"O'R"_s); }), u"clsCodigos_Barra::Modificar"_s);
+        QCOMPARE(origen([&] { barra.Insertar(); }), u"clsCodigos_Barra::Insertar"_s);
+        QCOMPARE(origen([&] { barra.Eliminar(u"O'R"_s, 1, false); }), u"clsCodigos_Barra::Existe"_s);
+        QVERIFY2(deArticulo(20) == u"C|1", "the main mark is not lost to what cannot be sent");
+        ejecutar(u"UPDATE Articulos_CBarras SET Unidades = NULL WHERE Cod_Articulo = 10"_s);
+        QCOMPARE(origen([&] { barra.Cargar(registros, 10); }), u"clsCodigos_Barra::Cargar"_s);
+        QVERIFY2(barra.Cod_Articulo == 20 && barra.Cod_Barras == u"O'R", "a failed load leaves the record");
+        clsArticulo_CBarra suelta;
+        QCOMPARE(origen([&] { suelta.CrearAuto(); }), u"clsCodigos_Barra::CrearAuto"_s);
+        suelta.setcEmpresa(&m_empresa);
+        QCOMPARE(origen([&] { suelta.Dev_CodigoBarraPrincipal(1); }), u"clsCodigos_Barra::Existe"_s);
+    }
+
+    void check_digits_are_appended_in_bulk()
+    {
+        inserta(40, u"400638133393"_s, 1);
+        inserta(41, u"9810001"_s, 1);
+        inserta(42, u"12345678"_s, 1);
+        inserta(45, u"O''R4567"_s, 0);
+        inserta(46, u"400638133393"_s, 1);
+        nueva().Calc_Check(40, 45);
+        QCOMPARE(deArticulo(40), u"4006381333931|1"_s);
+        QCOMPARE(deArticulo(41), u"98100019|1"_s);
+        QCOMPARE(deArticulo(42), u"12345678|1"_s);
+        QCOMPARE(deArticulo(45), u"O'R45674|0"_s);
+        QCOMPARE(deArticulo(46), u"400638133393|1"_s);
+
+        QCOMPARE(nueva(0, u"98100019"_s).Dev_Check(), qint16(9));
+        QCOMPARE(nueva().Dev_Check(), qint16(0));
+        QCOMPARE(nueva(0, u"98100019"_s).Dev_Check(u"400638133393"_s), qint16(1));
+        QVERIFY(nueva(0, u"98100019"_s).Validar() && !nueva(0, u"98100010"_s).Validar());
+    }
+
+    void automatic_numbers_skip_what_is_taken()
+    {
+        auto barra = nueva(60);
+        QCOMPARE(barra.CrearAuto(), u"98100019"_s);
+        inserta(70, u"98100026"_s, 1);
+        const QString siguiente = barra.CrearAuto();
+        QVERIFY2(siguiente.startsWith(u"9810003"), "what was issued is not issued again, what is taken is skipped");
+        barra.Cod_Barras = siguiente;
+        barra.Automatico = true;
+        barra.Insertar();
+        QCOMPARE(barra.CrearAuto(), siguiente);
+        QVERIFY2(nueva(61).CrearAuto().startsWith(u"9810004"), "reading an issued barcode leaves the counter");
+
+        ejecutar(u"UPDATE Contador_CBarras SET Cod_Barras = '9999999'"_s);
+        const nv::Transaccion unidad(conexion());
+        QCOMPARE(nueva(62).CrearAuto(), u"100000007"_s);
+        QVERIFY2(conexion().enTransaccion(), "inside an open transaction it joins that one");
+    }
+
+    /// No lock holds a row that is not there yet: another workstation may make it between our look and our write.
+    void rival_that_makes_the_counter_first_is_followed()
+    {
+        struct Rival : nv::OyenteSentencias
+        {
+            nv::Conexion *conexion = nullptr;
+            int veces = 1;
+            void sentencia(const nv::SucesoSentencia &suceso) override
+            {
+                if (suceso.texto.startsWith(u"UPDATE Contador_CBarras SET Cod_Barras = Cod_Barras") && veces-- > 0)
+                    conexion->Ejecutar(
+                        nv::Sentencia(u"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (2, '9810001')"));
+            }
+        } rival;
+        // The embedded engine lets nobody else write meanwhile: there the rival's row goes with our rollback.
+        const bool compartido = via() == Via::Servidor;
+        const auto otra = lugar().conectar();
+        rival.conexion = compartido ? otra.get() : &conexion();
+        conexion().escuchar(&rival);
+        const auto sordo = qScopeGuard([&] { conexion().dejarDeEscuchar(&rival); });
+        conexion().Comenzar();
+        QCOMPARE(origen([&] { nueva(60).CrearAuto(); }), u"clsCodigos_Barra::CrearAuto"_s); // not its to begin again
+        conexion().Deshacer();
+        ejecutar(u"DELETE FROM Contador_CBarras"_s);
+        rival.veces = 1;
+        const QString numero = nueva(60).CrearAuto();
+        QVERIFY2(numero.startsWith(compartido ? u"9810002"_s : u"9810001"_s), qPrintable(numero));
+        QVERIFY(rival.veces < 0 && !conexion().enTransaccion());
+        QCOMPARE(filas(u"SELECT COUNT(*) FROM Contador_CBarras"_s), QStringList{u"1"_s});
+    }
+
+    /// Three workstations work on while others are killed; a kill loses at most the number in its hands.
+    void processes_share_no_number_even_when_killed()
+    {
+        constexpr int Muertes = 8;
+        const int porProceso = via() == Via::Servidor ? 30 : 300;
+        inserta(1, u"98100064"_s, 1); // taken by hand before its turn: number 9810006
+        const auto arrancar = [&](QProcess &proceso, int primero, int cuantos) {
+            proceso.start(QCoreApplication::applicationFilePath(),
+                          {u"--emitir"_s, lugar().texto(), QString::number(primero), QString::number(cuantos)});
+        };
+        std::array<QProcess, 3> constantes;
+        for (int i = 0; i < 3; ++i)
+            arrancar(constantes.at(static_cast<std::size_t>(i)), 1000 * (i + 1), porProceso);
+        for (int i = 0; i < Muertes; ++i) {
+            QProcess victima;
+            arrancar(victima, 100000 * (i + 1), 100000);
+            for (int leidos = 0; leidos <= i;) {
+                QVERIFY(victima.canReadLine() || victima.waitForReadyRead(60000));
+                leidos += victima.readLine().isEmpty() ? 0 : 1;
+            }
+            victima.kill();
+            QVERIFY(victima.waitForFinished(60000));
+        }
+        for (QProcess &proceso : constantes) {
+            QVERIFY(proceso.state() == QProcess::NotRunning || proceso.waitForFinished(120000));
+            QVERIFY2(proceso.exitCode() == 0, proceso.readAllStandardError().constData());
+        }
+        QCOMPARE(filas(u"SELECT Cod_Barras FROM Articulos_CBarras GROUP BY Cod_Barras HAVING COUNT(*) > 1"_s).size(),
+                 0);
+        const auto numero = [&](const QString &consulta) { return filas(consulta).value(0).toInt(); };
+        const int guardados = numero(u"SELECT COUNT(*) FROM Articulos_CBarras WHERE Automatico = 1"_s);
+        // One of them was taken by hand.
+        const int emitidos = numero(u"SELECT Cod_Barras FROM Contador_CBarras"_s) - 9810001;
+        QVERIFY(guardados >= 3 * porProceso + Muertes * (Muertes + 1) / 2);
+        QVERIFY(emitidos >= guardados && emitidos <= guardados + Muertes);
+        QCOMPARE(deArticulo(1), u"98100064|1"_s);
+    }
+
+private:
+    Sobre sobre() const override { return Sobre::Esquema; }
+    void llenar() override
+    {
+        inserta(10, u"A"_s, 0);
+        inserta(10, u"B"_s, 1);
+        inserta(20, u"C"_s, 1);
+    }
+    void inserta(int articulo, const QString &codigo, int principal)
+    {
+        ejecutar(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
+                 u"VALUES (2, %1, '%2', %3, '01/02/2026')"_s.arg(articulo)
+                     .arg(codigo)
+                     .arg(principal));
+    }
+    /// "barcode|main" of an item's rows.
+    QString deArticulo(int articulo)
+    {
+        return filas(u"SELECT Cod_Barras, Principal FROM Articulos_CBarras WHERE Cod_Empresa =2 AND Cod_Articulo =%1 "
+                     u"ORDER BY Cod_Barras"_s.arg(articulo))
+            .join(u' ');
+    }
+    clsArticulo_CBarra nueva(qint32 articulo = 0, const QString &codigo = {})
+    {
+        clsArticulo_CBarra barra;
+        barra.setcEmpresa(&m_empresa);
+        barra.setConexion(&conexion());
+        barra.Cod_Articulo = articulo;
+        barra.Cod_Barras = codigo;
+        return barra;
+    }
+
+    EmpresaPrueba m_empresa;
+};
+
+static const nv::pruebas::ProcesoHijo hijo("emitir", &emitir);
+
+NV_PRUEBA(tst_clsArticulo_CBarra)
 #include "tst_clsarticulo_cbarra.moc"

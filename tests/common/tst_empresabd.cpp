@@ -1,108 +1,67 @@
-#include "common/EmpresaBD.h"
-#include "common/Error.h"
+#include "nvArticulo/EmpresaBD.h"
 #include "support/BaseDatos.h"
+#include "support/Programa.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-using namespace nv;
-using namespace nv::pruebas;
+using nv::EmpresaBD;
 
 /// The company read from its own tables.
-class tst_EmpresaBD : public QObject
+class tst_EmpresaBD : public nv::pruebas::PruebaVias
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void codes_names_and_settings()
     {
-        m_base = std::make_unique<BaseDatos>();
-        m_base->ejecutar(QStringList{
-            u"INSERT INTO Empresas (Codigo, Nombre, Cod_Empresa_Articulos, Cod_Empresa_Proveedores, "
-            u"Cod_Empresa_Clientes, Nombre_Familia_1, Nombre_Familia_3, Nombre_CualidadY, OrdenCualidades, "
-            u"DecimalesPvp) "
-            u"VALUES (1, 'Uno', 2, 3, 4, 'Sección', 'Línea', 'Color', 1, 3)"_s,
-            u"INSERT INTO Empresas (Codigo, Nombre) VALUES (9, 'Sola')"_s,
-            u"INSERT INTO Parametros_Empresa VALUES (1, 'BusquedaArticulos', '5')"_s,
-            u"INSERT INTO Parametros_Empresa VALUES (9, 'BusquedaArticulos', '7')"_s,
-            u"INSERT INTO Parametros_Empresa VALUES (1, 'OficinaCentral', NULL)"_s,
-            u"INSERT INTO Tipos_Impuesto VALUES (1, 'General', 21, 5.2)"_s,
-        });
+        const EmpresaBD una(conexion(), 1);
+        QCOMPARE(codigos(una), (QList<int>{1, 2, 3, 4, 3, 1}));
+        QStringList nombres{una.NombreAlternativo1(), una.DirectorioInformes()};
+        for (int i = -1; i < 4; ++i)
+            nombres << una.NombreFamilia(i) << una.NombreCualidad(i);
+        QCOMPARE(nombres.join(u','), u"Estilo,C:\\Inf,,,Sección,Talla,,Color,Línea,,,"_s);
+        QVERIFY(una.ValorEntero16(u"busqueda"_s) == 5 && una.ValorEntero32(u"Vital"_s) == 70000);
+        QVERIFY(una.ValorBooleano(u"VITAL"_s) && !una.ValorBooleano(u"Nada"_s) &&
+                una.Valor(u"OficinaCentral"_s) == u"");
+        QCOMPARE(una.PorcentajeImpuesto(1).textoCorto() + una.PorcentajeImpuesto2(1).textoCorto(), u"215,2"_s);
+        QVERIFY2(una.PorcentajeImpuesto(2).esCero(), "a type that is not there");
+        QCOMPARE(codigos(EmpresaBD(conexion(), 9)), (QList<int>{9, 9, 9, 9, 2, 0})); // its own master
     }
 
-    void each_master_has_its_own_code()
+    void changes_of_others_are_seen_after_a_reload()
     {
-        const EmpresaBD empresa(m_base->conexion(), 1);
-        QCOMPARE((QList<int>{empresa.Codigo(), empresa.CodigoArticulos(), empresa.CodigoProveedores(),
-                             empresa.CodigoClientes()}),
-                 (QList<int>{1, 2, 3, 4}));
-        QCOMPARE((QStringList{empresa.NombreFamilia(0), empresa.NombreFamilia(1), empresa.NombreFamilia(2),
-                              empresa.NombreCualidad(0), empresa.NombreCualidad(1), empresa.NombreFamilia(3)}),
-                 (QStringList{u"Sección"_s, {}, u"Línea"_s, {}, u"Color"_s, {}}));
-        QVERIFY(empresa.OrdenCualidades());
-        QCOMPARE(empresa.DecimalesPvp(), 3);
-    }
-
-    void a_company_without_masters_is_its_own()
-    {
-        const EmpresaBD empresa(m_base->conexion(), 9);
-        QCOMPARE(empresa.CodigoArticulos(), qint16(9));
-        QCOMPARE(empresa.CodigoClientes(), qint16(9));
-        QVERIFY(!empresa.OrdenCualidades());
-    }
-
-    void settings_are_the_companys_own_and_unset_ones_are_empty()
-    {
-        const EmpresaBD empresa(m_base->conexion(), 1);
-        QCOMPARE(empresa.ValorEntero16(u"busquedaarticulos"_s), qint16(5));
-        QCOMPARE(empresa.Valor(u"OficinaCentral"_s), QString());
-        QCOMPARE(empresa.Valor(u"EsUlvaro"_s), QString());
-    }
-
-    void taxes_of_an_unknown_type_are_zero()
-    {
-        const EmpresaBD empresa(m_base->conexion(), 1);
-        QCOMPARE(empresa.PorcentajeImpuesto(1), Moneda::deUnidades(21));
-        QCOMPARE(empresa.PorcentajeImpuesto2(1), Moneda::deDiezmilesimas(52000));
-        QVERIFY(empresa.PorcentajeImpuesto(2).esCero());
-    }
-
-    void what_another_program_changes_is_seen_after_a_reload()
-    {
-        EmpresaBD empresa(m_base->conexion(), 1);
-        QCOMPARE(empresa.Valor(u"BusquedaArticulos"_s), u"5"_s);
-        QCOMPARE(empresa.CodigoArticulos(), qint16(2));
-        m_base->ejecutar(u"UPDATE Parametros_Empresa SET Valor = '6' WHERE Cod_Empresa = 1"_s);
-        m_base->ejecutar(u"UPDATE Empresas SET Cod_Empresa_Articulos = 1"_s);
-        QCOMPARE(empresa.Valor(u"BusquedaArticulos"_s), u"5"_s);
+        EmpresaBD empresa(conexion(), 1);
+        const auto visto = [&] {
+            const QString tipo = empresa.PorcentajeImpuesto(1).textoCorto();
+            return empresa.Valor(u"Busqueda"_s) + tipo + QString::number(empresa.CodigoArticulos());
+        };
+        QCOMPARE(visto(), u"5212"_s);
+        ejecutar(u"UPDATE Parametros_Empresa SET Valor = '6' WHERE Cod_Empresa = 1"_s);
+        ejecutar(u"UPDATE Tipos_Impuesto SET Porcentaje = 4"_s);
+        ejecutar(u"UPDATE Empresas SET Cod_Empresa_Articulos = 1"_s);
+        QCOMPARE(visto(), u"5212"_s);
         empresa.Recargar();
-        QCOMPARE(empresa.Valor(u"BusquedaArticulos"_s), u"6"_s);
-        QCOMPARE(empresa.CodigoArticulos(), qint16(1));
+        QCOMPARE(visto(), u"641"_s);
     }
 
-    void a_setting_is_written_once_whether_it_had_a_row_or_not()
+    void setting_is_written_once_whether_it_had_a_row_or_not()
     {
-        EmpresaBD empresa(m_base->conexion(), 1);
-        empresa.PonerValor(u"BusquedaArticulos"_s, u"8"_s);
+        EmpresaBD empresa(conexion(), 1);
+        empresa.PonerValor(u"Busqueda"_s, u"8"_s);
         empresa.PonerValor(u"Nota"_s, u"L'Oréal"_s);
         empresa.PonerValor(u"NOTA"_s, u"d'Or"_s);
         QCOMPARE(empresa.Valor(u"Nota"_s), u"d'Or"_s);
-        QCOMPARE(m_base->filas(u"SELECT Clave, Valor FROM Parametros_Empresa WHERE Cod_Empresa = 1 ORDER BY Clave"_s),
-                 (QStringList{u"BusquedaArticulos|8"_s, u"Nota|d'Or"_s, u"OficinaCentral|NULL"_s}));
-        QCOMPARE(m_base->filas(u"SELECT Valor FROM Parametros_Empresa WHERE Cod_Empresa = 9"_s), QStringList{u"7"_s});
+        QCOMPARE(filas(u"SELECT Cod_Empresa, Clave, Valor FROM Parametros_Empresa ORDER BY 1, 2"_s).join(u';'),
+                 u"1|Busqueda|8;1|Nota|d'Or;1|OficinaCentral|NULL;1|Vital|70000;9|Busqueda|7"_s);
     }
 
-    void a_read_that_fails_is_tried_again()
+    void read_that_fails_is_tried_again()
     {
-        EmpresaBD empresa(m_base->conexion(), 5);
-        QVERIFY_EXCEPTION_THROWN(empresa.CodigoArticulos(), Error);
-        m_base->ejecutar(u"INSERT INTO Empresas (Codigo, Cod_Empresa_Articulos) VALUES (5, 6)"_s);
+        EmpresaBD empresa(conexion(), 5);
+        QVERIFY(nv::pruebas::falla([&] { empresa.CodigoArticulos(); }));
+        ejecutar(u"INSERT INTO Empresas (Codigo, Cod_Empresa_Articulos) VALUES (5, 6)"_s);
         QCOMPARE(empresa.CodigoArticulos(), qint16(6));
-    }
-
-    void the_day_comes_from_the_clock_handed_in()
-    {
-        EmpresaBD empresa(m_base->conexion(), 1);
         empresa.setReloj([] { return QDate(2024, 2, 29); });
         QCOMPARE(empresa.Hoy(), QDate(2024, 2, 29));
         empresa.setReloj({});
@@ -110,8 +69,24 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<BaseDatos> m_base;
+    static QList<int> codigos(const EmpresaBD &e)
+    {
+        return {e.Codigo(),         e.CodigoArticulos(), e.CodigoProveedores(),
+                e.CodigoClientes(), e.DecimalesPvp(),    e.OrdenCualidades()};
+    }
+    Sobre sobre() const override { return Sobre::Esquema; }
+    void llenar() override
+    {
+        ejecutar(u"INSERT INTO Empresas (Codigo, Cod_Empresa_Articulos, Cod_Empresa_Proveedores, Cod_Empresa_Clientes, "
+                 u"Nombre_Familia_1, Nombre_Familia_3, Nombre_CualidadX, Nombre_CualidadY, Nombre_Alternativo1, "
+                 u"OrdenCualidades, DecimalesPvp, DirInformes) VALUES "
+                 u"(1, 2, 3, 4, 'Sección', 'Línea', 'Talla', 'Color', 'Estilo', 1, 3, 'C:\\Inf')"_s);
+        ejecutar(u"INSERT INTO Empresas (Codigo, DecimalesPvp, OrdenCualidades) VALUES (9, NULL, NULL)"_s);
+        ejecutar(u"INSERT INTO Parametros_Empresa VALUES (1, 'Busqueda', '5'), (9, 'Busqueda', '7'), "
+                 u"(1, 'OficinaCentral', NULL), (1, 'Vital', '70000')"_s);
+        ejecutar(u"INSERT INTO Tipos_Impuesto VALUES (1, 'General', 21, 5.2)"_s);
+    }
 };
 
-QTEST_MAIN(tst_EmpresaBD)
+NV_PRUEBA(tst_EmpresaBD)
 #include "tst_empresabd.moc"

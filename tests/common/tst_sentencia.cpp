@@ -1,141 +1,106 @@
-#include "common/Error.h"
-#include "common/Moneda.h"
 #include "common/sql/Patron.h"
-#include "common/sql/Sentencia.h"
+#include "support/BaseDatos.h"
+#include "support/Programa.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
 using nv::Moneda;
 using nv::Sentencia;
 
 template <class T>
-concept EntraEnSentencia = requires(Sentencia s, T valor)
+constexpr bool Entra = requires(Sentencia s, T valor)
 {
     s << valor;
 };
-static_assert(EntraEnSentencia<int> && EntraEnSentencia<qint16>);
-static_assert(!EntraEnSentencia<QString> && !EntraEnSentencia<const char16_t *> && !EntraEnSentencia<bool>,
-              "typed text must not slip into a statement");
+static_assert(Entra<int> && !Entra<QString> && !Entra<const char16_t *> && !Entra<bool>, "typed text must not slip in");
 
+/// Statements and what goes into them: texts, numbers, amounts.
 class tst_Sentencia : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void quotes_refuse_or_double();
-    void typed_numbers_must_be_numbers_data();
-    void typed_numbers_must_be_numbers();
-    void copy_starts_at_the_first_from();
-    void wildcards_data();
-    void wildcards();
-    void amounts_are_exact();
-    void amounts_read_any_decimal_text_data();
-    void amounts_read_any_decimal_text();
+    void quotes_refuse_or_double()
+    {
+        const auto entre = [](auto valor) { return Sentencia(u"WHERE Ref ='") << valor << u"'"; };
+        QCOMPARE(entre(nv::ComoEscrito(u"A%")).texto(), u"WHERE Ref ='A%'"_s);
+        QCOMPARE(entre(nv::Doblado(u"L'O")).texto(), u"WHERE Ref ='L''O'"_s);
+        QVERIFY(entre(nv::ComoEscrito(u"A")).defecto().isEmpty() && entre(nv::Doblado(u"L'O")).defecto().isEmpty());
+        const QString nulo(QChar::Null);
+        const Sentencia mala = entre(nv::ComoEscrito(u"O'R")); // spoils what it is a piece of
+        BaseDatos base;
+        for (const Sentencia &sentencia :
+             {mala, entre(nv::ComoEscrito(nulo)), entre(nv::Doblado(nulo)), Sentencia(u"SELECT 1 FROM t ") << mala,
+              (Sentencia(u"SELECT 1 FROM t ") << mala).desdeFrom(), Sentencia(mala) << entre(nv::ComoEscrito(u"A"))}) {
+            QCOMPARE(numeroDeError([&] { base.conexion().Abrir(sentencia); }), nv::errores::ComillaSinCerrar);
+            QCOMPARE(numeroDeError([&] { base.conexion().Ejecutar(sentencia); }), nv::errores::ComillaSinCerrar);
+        }
+    }
+
+    void typed_numbers_must_be_numbers()
+    {
+        const auto defecto = [](QStringView texto) { return (Sentencia(u"=") << nv::NumeroEscrito(texto)).defecto(); };
+        for (const QStringView numero : {u"00123", u"-1.5", u"+7", u".5", u"1234567890123456789012345"})
+            QCOMPARE(defecto(numero), QString());
+        for (const QStringView otro : {u"1 OR 1=1", u"1--", u"", u".", u"-", u"１", u"1.2.3", u"1,5"})
+            QVERIFY2(!defecto(otro).isEmpty(), qPrintable(otro.toString()));
+        for (const QStringList &caso : tabla(u"ABC→ABC%;ABC*→ABC%;*A*B→%A%B%;50%→50%%"_s))
+            QCOMPARE(nv::patronDesdeComodines(caso[0]), caso[1]);
+    }
+
+    void knows_its_from_and_its_order()
+    {
+        Sentencia busqueda(u"SELECT  TOP 150 a.From_, x FROM Articulos a WHERE a.Codigo IN (SELECT c FROM t)");
+        busqueda << nv::Orden(u" ORDER BY a.Codigo");
+        const QString desde = u"FROM Articulos a WHERE a.Codigo IN (SELECT c FROM t)"_s;
+        QCOMPARE(busqueda.desdeFrom().texto(), desde + u" ORDER BY a.Codigo"_s);
+        QCOMPARE(busqueda.desdeFrom().sinOrden().texto(), desde);
+        QVERIFY(Sentencia(u"select 1 from t").desdeFrom().vacia());
+        Sentencia copia(u"INSERT INTO t SELECT 1 ");
+        copia << busqueda.desdeFrom();
+        QCOMPARE(copia.sinOrden().sinOrden().texto(), u"INSERT INTO t SELECT 1 "_s + desde);
+        QVERIFY(!copia.ordenPrescindible());
+        copia.hacerOrdenPrescindible();
+        QVERIFY(copia.ordenPrescindible() && !copia.sinOrden().ordenPrescindible());
+    }
+
+    void amounts_are_exact()
+    {
+        const auto m = [](QStringView texto) { return Moneda::deTexto(texto); };
+        QCOMPARE(m(u"0.1") + m(u"0.2") - m(u"0.3"), Moneda());
+        QCOMPARE(Moneda::deReal(0.1 + 0.2), m(u"0.3"));
+        // 9.99 × 21 % = 2.0979, rounded to cents before it is added to anything.
+        QCOMPARE(m(u"9.99").porcentaje(Moneda::deUnidades(21), 2), m(u"2.10"));
+        QCOMPARE(m(u"-0.5").porcentaje(Moneda::deUnidades(1), 2), m(u"-0.01"));
+        const Moneda mucho = Moneda::deUnidades(900'000'000'000'000);
+        QCOMPARE(mucho.porcentaje(Moneda::deUnidades(50), 4), Moneda::deUnidades(450'000'000'000'000));
+        QCOMPARE(numeroDeError([&] { mucho.porcentaje(Moneda::deUnidades(200), 2); }), nv::errores::Desbordamiento);
+        QCOMPARE(numeroDeError([] { Moneda::deReal(1e15); }), nv::errores::Desbordamiento);
+        for (const QStringList &caso :
+             tabla(u"2.675→2→2,68;-2.675→2→-2,68;0→2→0,00;2.5→0→3;-2.49→0→-2;-0.05→4→-0,0500;3→6→3,000000;7→-1→7"_s))
+            QCOMPARE(m(caso[0]).texto(caso[1].toInt()), caso[2]);
+        for (const QStringList &caso :
+             tabla(u"1234567.5→1.234.567,50;-123.4567→-123,4567;-1234→-1.234,00;123→123,00;0.125→0,125"_s))
+            QCOMPARE(m(caso[0]).textoAgrupado(), caso[1]);
+        for (const QStringList &caso : tabla(u"12.5→12,5;100→100;-0.0001→-0,0001;0→0"_s))
+            QVERIFY(m(caso[0]).textoCorto() == caso[1] && m(caso[0]).textoSql() == caso[0]);
+    }
+
+    void amounts_from_text()
+    {
+        for (const QStringList &caso :
+             tabla(u" 10.5000 "
+                   u"→105000;-0.00005→-1;0.000049→0;0.000095→1;.5→5000;5.→50000;1.5e2→1500000;2E1→200000;+7→70000;"
+                   u"922337203685477.5807→9223372036854775807"_s))
+            QCOMPARE(Moneda::deTexto(caso[0]).diezmilesimas(), caso[1].toLongLong());
+        for (const QStringView malo : {u"1,5", u"", u"-", u".", u"e5", u"1.2.3", u"1 2", u"--1", u"/", u":"})
+            QCOMPARE(numeroDeError([&] { Moneda::deTexto(malo); }), nv::errores::NoCoinciden);
+        for (const QStringView largo : {u"922337203685477.5808", u"99999999999999999999", u"1e30"})
+            QCOMPARE(numeroDeError([&] { Moneda::deTexto(largo); }), nv::errores::Desbordamiento);
+    }
 };
 
-void tst_Sentencia::quotes_refuse_or_double()
-{
-    Sentencia escrito(u"WHERE Ref ='");
-    escrito << nv::ComoEscrito(u"O'R") << u"'";
-    QVERIFY(!escrito.defecto().isEmpty());
-
-    Sentencia dentro(u"SELECT 1 ");
-    dentro << escrito;
-    QVERIFY2(!dentro.defecto().isEmpty(), "a piece that cannot be sent spoils the whole");
-    QVERIFY(!dentro.desdeFrom().defecto().isEmpty());
-
-    Sentencia doblado(u"WHERE Ref ='");
-    doblado << nv::Doblado(u"L'ORÉAL") << u"'";
-    QCOMPARE(doblado.texto(), u"WHERE Ref ='L''ORÉAL'"_s);
-    QVERIFY(doblado.defecto().isEmpty());
-
-    Sentencia nulo(u"'");
-    nulo << nv::Doblado(QString(QChar::Null));
-    QVERIFY(!nulo.defecto().isEmpty());
-}
-
-void tst_Sentencia::typed_numbers_must_be_numbers_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<bool>("bien");
-    QTest::newRow("digits") << u"00123"_s << true;
-    QTest::newRow("decimal point") << u"-1.5"_s << true;
-    QTest::newRow("injection") << u"1 OR 1=1"_s << false;
-    QTest::newRow("comment") << u"1--"_s << false;
-    QTest::newRow("empty") << QString() << false;
-    QTest::newRow("only a point") << u"."_s << false;
-    QTest::newRow("other digits") << u"１"_s << false;
-}
-
-void tst_Sentencia::typed_numbers_must_be_numbers()
-{
-    QFETCH(QString, texto);
-    QFETCH(bool, bien);
-    Sentencia sentencia(u"=");
-    sentencia << nv::NumeroEscrito(texto);
-    QCOMPARE(sentencia.defecto().isEmpty(), bien);
-}
-
-void tst_Sentencia::copy_starts_at_the_first_from()
-{
-    Sentencia sentencia(u"SELECT  TOP 150 a.From_, x FROM Articulos a WHERE a.Codigo IN (SELECT c FROM t)");
-    QCOMPARE(sentencia.desdeFrom().texto(), u"FROM Articulos a WHERE a.Codigo IN (SELECT c FROM t)"_s);
-    QVERIFY(Sentencia(u"select 1 from t").desdeFrom().vacia());
-}
-
-void tst_Sentencia::wildcards_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<QString>("patron");
-    QTest::newRow("plain") << u"ABC"_s << u"ABC%"_s;
-    QTest::newRow("ends in one") << u"ABC*"_s << u"ABC%"_s;
-    QTest::newRow("inside") << u"A*B"_s << u"A%B%"_s;
-    QTest::newRow("in front") << u"*TORN"_s << u"%TORN%"_s;
-    QTest::newRow("per cent as typed") << u"50%"_s << u"50%%"_s;
-}
-
-void tst_Sentencia::wildcards()
-{
-    QFETCH(QString, texto);
-    QTEST(nv::patronDesdeComodines(texto), "patron");
-}
-
-void tst_Sentencia::amounts_are_exact()
-{
-    QCOMPARE(Moneda::deTexto(u"0.1") + Moneda::deTexto(u"0.2") + Moneda::deTexto(u"0.3"), Moneda::deTexto(u"0.6"));
-    QCOMPARE(Moneda::deTexto(u"2.675").texto(2), u"2,68"_s);
-    QCOMPARE(Moneda::deTexto(u"-2.675").texto(2), u"-2,68"_s);
-    QCOMPARE(Moneda().texto(2), u"0,00"_s);
-    QCOMPARE(Moneda::deTexto(u"1234567.5").textoAgrupado(), u"1.234.567,50"_s);
-    QCOMPARE(Moneda::deTexto(u"-123.4567").textoAgrupado(), u"-123,4567"_s);
-    QCOMPARE(Moneda::deTexto(u"12.5000").textoCorto(), u"12,5"_s);
-    QCOMPARE(Moneda::deTexto(u"100").textoCorto(), u"100"_s);
-    QCOMPARE(Moneda::deTexto(u"2.5").textoSql(), u"2.5"_s);
-    // 9.99 × 21 % = 2.0979, rounded to cents before it is added to anything.
-    QCOMPARE(Moneda::deTexto(u"9.99").porcentaje(Moneda::deUnidades(21), 2), Moneda::deTexto(u"2.10"));
-    QCOMPARE(Moneda::deTexto(u"0.5").porcentaje(Moneda::deTexto(u"1"), 2), Moneda::deTexto(u"0.01"));
-}
-
-void tst_Sentencia::amounts_read_any_decimal_text_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<qint64>("diezmilesimas");
-    QTest::newRow("driver's four decimals") << u"10.5000"_s << qint64(105000);
-    QTest::newRow("fifth decimal rounds away from zero") << u"-0.00005"_s << qint64(-1);
-    QTest::newRow("sixth decimal does not") << u"0.000049"_s << qint64(0);
-    QTest::newRow("no digit before the point") << u".5"_s << qint64(5000);
-    QTest::newRow("exponent") << u"1.5e2"_s << qint64(1500000);
-}
-
-void tst_Sentencia::amounts_read_any_decimal_text()
-{
-    QFETCH(QString, texto);
-    QFETCH(qint64, diezmilesimas);
-    QCOMPARE(Moneda::deTexto(texto).diezmilesimas(), diezmilesimas);
-    QVERIFY_THROWS_EXCEPTION(nv::Error, Moneda::deTexto(u"1,5"));
-    QVERIFY_THROWS_EXCEPTION(nv::Error, Moneda::deTexto(u"99999999999999999999"));
-}
-
-QTEST_APPLESS_MAIN(tst_Sentencia)
+NV_PRUEBA(tst_Sentencia)
 #include "tst_sentencia.moc"

@@ -1,130 +1,72 @@
-#include "common/Error.h"
 #include "common/Valores.h"
+#include "support/BaseDatos.h"
+#include "support/Programa.h"
 
-#include <QFile>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
 
 class tst_Valores : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void numeric_reads_spanish_signs_data();
-    void numeric_reads_spanish_signs();
-    void numeric_agrees_with_independent_vectors();
-    void val_takes_the_leading_number_data();
-    void val_takes_the_leading_number();
-    void sizes_are_guarded();
-    void booleans_read_settings();
+    void numeric_reads_spanish_signs()
+    {
+        // Points stand anywhere before the comma, one at a time.
+        for (const QStringView si : {u"00012", u"  12  ", u"1.234.567", u"1.2.3", u"1.234,5", u",5", u"5,", u".5",
+                                     u"5.", u"-7", u"+7", u"-,5", u"1E5", u"1d-5", u"1e+5", u"1,5D2"})
+            QVERIFY2(nv::esNumerico(si), qPrintable(si.toString()));
+        for (const QStringView no :
+             {u"1,234.5", u"1,2,3", u"1..2", u"--7", u"7-",  u"1E",   u"1E-", u"E5", u"1E5x", u".,",
+              u"-",       u"1 2",   u"&H10", u"5€",  u"١٢٣", u"１２", u"\t1", u"1/", u"1:",   u""})
+            QVERIFY2(!nv::esNumerico(no), qPrintable(no.toString()));
+    }
+
+    void val_takes_the_leading_number()
+    {
+        for (const QStringList &caso : tabla(
+                 u"  00123 →123;ABC→0;12AB→12;1\t2\n3 4→1234;12.50→12.5;1.2.3→1.2;12,5→12;1E3→1000;1e+3→1000;1E→1;"
+                 u"123456789012345678901→123456789012345678901;25D-3→0.025;12.5e1→125;1.25E1→12.5;100→100;0.5→0.5;-0→0;"
+                 u"-007→-7;+5→5;1E-400→0;→0"_s)) {
+            QCOMPARE(nv::ValTexto(caso[0]), caso[1]);
+            QCOMPARE(nv::Val(caso[0]), caso[1].toDouble());
+        }
+    }
+
+    void sizes_are_guarded()
+    {
+        QVERIFY(nv::ValEntero16(u"32767") == 32767 &&
+                nv::ValEntero32(u"-2147483648") == std::numeric_limits<int>::min());
+        QCOMPARE(nv::ValEntero32(u"2.5") + nv::ValEntero32(u"-3.5"), 3 - 4);
+        QCOMPARE(nv::ValTexto(u"1E308"), u'1' + QString(308, u'0'));
+        for (const auto &operacion : std::initializer_list<std::function<void()>>{
+                 [] { nv::ValEntero16(u"32768"); }, [] { nv::ValEntero16(u"-32769"); }, [] { nv::Val(u"9E999999999"); },
+                 [] { nv::ValEntero32(u"8412345678905"); }, [] { nv::ValTexto(u"1E309"); },
+                 [] { nv::estrecho<qint16>(40000); }, [] { nv::estrecho<qint16>(-40000); }})
+            QCOMPARE(numeroDeError(operacion), nv::errores::Desbordamiento);
+    }
+
+    /// As other programs may have written them.
+    void settings_and_results_are_read()
+    {
+        for (const QStringView si : {u"1", u"-1", u"True", u"verdadero", u"SÍ", u"si", u" 2 "})
+            QVERIFY2(nv::comoBooleano(si), qPrintable(si.toString()));
+        for (const QStringView no : {u"0", u"", u"False", u"no", u"abc", u"1x"})
+            QVERIFY2(!nv::comoBooleano(no), qPrintable(no.toString()));
+        BaseDatos base;
+        nv::Registros fila =
+            base.conexion().Abrir(nv::Sentencia(u"SELECT '05/11/2026', ' 5/11/2026 9:30', '2026-11-05T09:30', "
+                                                u"'2026-11-05 00:00:00.000', 'x', '', NULL, '99999'"));
+        QVERIFY(fila.siguiente());
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(fila.fechaO(i), i < 4 ? QDate(2026, 11, 5) : QDate());
+        QCOMPARE(numeroDeError([&] { fila.entero16(7); }), nv::errores::Desbordamiento);
+        QVERIFY(fila.entero32(7) == 99999 && fila.booleano(7) && fila.booleanoO(7));
+        QVERIFY(fila.entero32O(6) == 0 && fila.entero16O(6) == 0 && !fila.booleanoO(6) && fila.monedaO(6).esCero());
+    }
 };
 
-void tst_Valores::numeric_reads_spanish_signs_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<bool>("numerico");
-    QTest::newRow("digits") << u"00012"_s << true;
-    QTest::newRow("blanks around") << u"  12  "_s << true;
-    QTest::newRow("grouped") << u"1.234.567"_s << true;
-    QTest::newRow("points anywhere before the comma") << u"1.2.3"_s << true;
-    QTest::newRow("decimal comma") << u"1.234,5"_s << true;
-    QTest::newRow("point after the comma") << u"1,234.5"_s << false;
-    QTest::newRow("two commas") << u"1,2,3"_s << false;
-    QTest::newRow("sign") << u"-7"_s << true;
-    QTest::newRow("two signs") << u"--7"_s << false;
-    QTest::newRow("sign behind") << u"7-"_s << false;
-    QTest::newRow("exponent E") << u"1E5"_s << true;
-    QTest::newRow("exponent D with sign") << u"1d-5"_s << true;
-    QTest::newRow("exponent without digits") << u"1E"_s << false;
-    QTest::newRow("only an exponent") << u"E5"_s << false;
-    QTest::newRow("only separators") << u".,"_s << false;
-    QTest::newRow("blank inside") << u"1 2"_s << false;
-    QTest::newRow("hexadecimal") << u"&H10"_s << false;
-    QTest::newRow("currency") << u"5€"_s << false;
-    QTest::newRow("digits of another script") << u"١٢٣"_s << false;
-    QTest::newRow("full-width digits") << u"１２"_s << false;
-    QTest::newRow("tab") << u"\t1"_s << false;
-    QTest::newRow("empty") << QString() << false;
-}
-
-void tst_Valores::numeric_reads_spanish_signs()
-{
-    QFETCH(QString, texto);
-    QFETCH(bool, numerico);
-    QCOMPARE(nv::esNumerico(texto), numerico);
-}
-
-void tst_Valores::numeric_agrees_with_independent_vectors()
-{
-    QFile fichero(QStringLiteral(NV_RAIZ "/../shared/data/numericos.csv"));
-    if (!fichero.open(QIODevice::ReadOnly | QIODevice::Text))
-        QSKIP("shared/data/numericos.csv is not here");
-    int comparados = 0;
-    fichero.readLine();
-    while (!fichero.atEnd()) {
-        const QString linea = QString::fromUtf8(fichero.readLine()).chopped(1);
-        const bool comillas = linea.startsWith(u'"');
-        const qsizetype fin = comillas ? linea.indexOf(u"\","_s) + 1 : linea.indexOf(u',');
-        const QString texto = comillas ? linea.sliced(1, fin - 2) : linea.first(fin);
-        const QStringList resto = linea.sliced(fin + 1).split(u',');
-        // Hexadecimal, currency and the decimal point belong to other settings than these.
-        const QString condicion = resto.value(1);
-        if (condicion != u"any" && !condicion.contains(u"also true in es"))
-            continue;
-        if (texto.startsWith(u'&'))
-            continue;
-        ++comparados;
-        QVERIFY2(nv::esNumerico(texto) == (resto.value(0) == u"1"), qPrintable(linea));
-    }
-    QVERIFY(comparados >= 15);
-}
-
-void tst_Valores::val_takes_the_leading_number_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<QString>("esperado");
-    QTest::newRow("leading zeros and blanks") << u"  00123 "_s << u"123"_s;
-    QTest::newRow("no number") << u"ABC"_s << u"0"_s;
-    QTest::newRow("number then letters") << u"12AB"_s << u"12"_s;
-    QTest::newRow("blanks inside") << u"1 2 3"_s << u"123"_s;
-    QTest::newRow("decimal point") << u"12.50"_s << u"12.5"_s;
-    QTest::newRow("comma ends it") << u"12,5"_s << u"12"_s;
-    QTest::newRow("twenty-one digits stay whole") << u"123456789012345678901"_s << u"123456789012345678901"_s;
-    QTest::newRow("exponent") << u"1E3"_s << u"1000"_s;
-    QTest::newRow("negative exponent") << u"25D-3"_s << u"0.025"_s;
-    QTest::newRow("minus nothing") << u"-0"_s << u"0"_s;
-    QTest::newRow("negative") << u"-007"_s << u"-7"_s;
-    QTest::newRow("empty") << QString() << u"0"_s;
-}
-
-void tst_Valores::val_takes_the_leading_number()
-{
-    QFETCH(QString, texto);
-    QFETCH(QString, esperado);
-    QCOMPARE(nv::ValTexto(texto), esperado);
-    QCOMPARE(nv::Val(texto), esperado.toDouble());
-}
-
-void tst_Valores::sizes_are_guarded()
-{
-    QCOMPARE(nv::ValEntero16(u"32767"), qint16(32767));
-    QVERIFY_THROWS_EXCEPTION(nv::Error, nv::ValEntero16(u"32768"));
-    QCOMPARE(nv::ValEntero32(u"-2147483648"), std::numeric_limits<qint32>::min());
-    QVERIFY_THROWS_EXCEPTION(nv::Error, nv::ValEntero32(u"8412345678905"));
-    QCOMPARE(nv::ValEntero32(u"2.5"), 3);
-    QCOMPARE(nv::ValEntero32(u"-2.5"), -3);
-    QVERIFY_THROWS_EXCEPTION(nv::Error, nv::ValTexto(u"1E400"));
-    QVERIFY_THROWS_EXCEPTION(nv::Error, nv::Val(u"9E99999999999"));
-}
-
-void tst_Valores::booleans_read_settings()
-{
-    for (const QString &si : {u"1"_s, u"-1"_s, u"True"_s, u"verdadero"_s, u"SÍ"_s, u" 2 "_s})
-        QVERIFY2(nv::comoBooleano(si), qPrintable(si));
-    for (const QString &no : {u"0"_s, u""_s, u"False"_s, u"no"_s, u"abc"_s})
-        QVERIFY2(!nv::comoBooleano(no), qPrintable(no));
-}
-
-QTEST_APPLESS_MAIN(tst_Valores)
+NV_PRUEBA(tst_Valores)
 #include "tst_valores.moc"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/Conexion.h"
-#include "control/nvArticulo.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Motores.h"
+#include "nvArticulo/nvArticulo.h"
 #include "support/EmpresaPrueba.h"
 
 #include <QLineEdit>

@@ -1,4 +1,5 @@
 #include "Formulario.h"
+#include "support/Programa.h"
 
 #include "barcodes/frmCodBarra_Datos.h"
 #include "dialogs/frmReferencias_Modificar.h"
@@ -304,5 +305,5 @@ void tst_Asignaciones::failure_after_the_delete_says_what_is_gone()
     QVERIFY(lineas[1].contains(u"8412345678905") && lineas[1].contains(u"12"));
 }
 
-QTEST_MAIN(tst_Asignaciones)
+NV_PRUEBA(tst_Asignaciones)
 #include "tst_asignaciones.moc"

@@ -1,4 +1,5 @@
 #include "control/ClaseEntrada.h"
+#include "support/Programa.h"
 
 #include <QFile>
 #include <QTest>
@@ -79,5 +80,5 @@ void tst_ClaseEntrada::in_store_codes_agree_with_independent_sources()
     QVERIFY(comparados > 25);
 }
 
-QTEST_APPLESS_MAIN(tst_ClaseEntrada)
+NV_PRUEBA(tst_ClaseEntrada)
 #include "tst_claseentrada.moc"

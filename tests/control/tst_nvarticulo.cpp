@@ -1,7 +1,8 @@
 #include "Formulario.h"
+#include "support/Programa.h"
 
-#include "common/Error.h"
-#include "platform/widgets/BolsaPropiedades.h"
+#include "nvArticulo/BolsaPropiedades.h"
+#include "nvArticulo/Error.h"
 #include "platform/widgets/Twips.h"
 #include "support/Conductor.h"
 
@@ -299,5 +300,5 @@ void tst_nvArticulo::slot_keeps_the_first_connection()
     QVERIFY(nv::ranura::actual() == nullptr);
 }
 
-QTEST_MAIN(tst_nvArticulo)
+NV_PRUEBA(tst_nvArticulo)
 #include "tst_nvarticulo.moc"

@@ -1,4 +1,5 @@
 #include "Formulario.h"
+#include "support/Programa.h"
 
 #include "support/Conductor.h"
 
@@ -329,5 +330,5 @@ void tst_Resolucion::box_dies_while_its_list_is_up()
     QVERIFY(forma == nullptr);
 }
 
-QTEST_MAIN(tst_Resolucion)
+NV_PRUEBA(tst_Resolucion)
 #include "tst_resolucion.moc"

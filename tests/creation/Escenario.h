@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/Error.h"
 #include "creation/frmArticulos_Creacion.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
 #include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"

@@ -1,4 +1,5 @@
 #include "creation/ComposicionDescripcion.h"
+#include "support/Programa.h"
 
 #include <QTest>
 
@@ -32,5 +33,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_ComposicionDescripcion)
+NV_PRUEBA(tst_ComposicionDescripcion)
 #include "tst_composiciondescripcion.moc"

@@ -1,4 +1,5 @@
 #include "Escenario.h"
+#include "support/Programa.h"
 
 #include "platform/widgets/nvCheckBox.h"
 
@@ -424,5 +425,5 @@ void tst_Creacion::message_over_a_filled_form()
     QVERIFY(e.muestra());
 }
 
-QTEST_MAIN(tst_Creacion)
+NV_PRUEBA(tst_Creacion)
 #include "tst_creacion.moc"

@@ -1,4 +1,5 @@
 #include "Escenario.h"
+#include "support/Programa.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -22,9 +23,9 @@ public:
     bool cortada = false;
 
 protected:
-    std::unique_ptr<nv::FuenteRegistros> abrir(const QString &texto) override
+    std::unique_ptr<nv::FuenteRegistros> abrir(const nv::Sentencia &sentencia) override
     {
-        pasar(texto);
+        pasar(sentencia.texto());
         struct Fuente : nv::FuenteRegistros
         {
             explicit Fuente(nv::Registros r)
@@ -36,12 +37,12 @@ protected:
             QVariant valor(int columna) const override { return registros.valor(columna); }
             nv::Registros registros;
         };
-        return std::make_unique<Fuente>(m_real.Abrir(nv::Sentencia::deConsola(texto)));
+        return std::make_unique<Fuente>(m_real.Abrir(sentencia));
     }
-    qint64 ejecutar(const QString &texto) override
+    qint64 ejecutar(const nv::Sentencia &sentencia) override
     {
-        pasar(texto);
-        return m_real.Ejecutar(nv::Sentencia::deConsola(texto));
+        pasar(sentencia.texto());
+        return m_real.Ejecutar(sentencia);
     }
     void comenzar() override
     {
@@ -96,12 +97,10 @@ private:
     std::function<void()> m_accion;
 };
 
-constexpr auto CatalogoDelHijo = "NV_CREACION_CATALOGO";
-
-/// The child process: killed when the last row of an accept has been written and nothing is committed.
-void morirAlAceptar(const QString &ruta)
+/// A child process: killed when the last row of an accept has been written and nothing is committed.
+int morirAlAceptar(const QStringList &argumentos)
 {
-    Escenario e(ruta);
+    Escenario e(argumentos.constFirst());
     const Al al(*e.conexion, u"'96385074'"_s, [] { (void)std::raise(SIGKILL); });
     e.con([](Manos m) {
         m.rellena(u"200"_s, u"R"_s);
@@ -109,7 +108,10 @@ void morirAlAceptar(const QString &ruta)
         m.pulsa(Qt::Key_F9);
     });
     e.muestra();
+    return 0;
 }
+
+const ProcesoHijo morir("morir-al-aceptar", &morirAlAceptar);
 
 } // namespace
 
@@ -130,6 +132,8 @@ private Q_SLOTS:
     void item_deleted_elsewhere_gets_no_reference();
     void own_reference_after_a_failed_accept_is_no_duplicate();
     void closing_without_connection_is_possible_the_second_time();
+    void closing_deletes_only_what_the_form_has_made_data();
+    void closing_deletes_only_what_the_form_has_made();
     void kill_in_the_middle_of_accept_leaves_no_trace_of_it();
 
 private:
@@ -375,15 +379,39 @@ void tst_CreacionFallos::closing_without_connection_is_possible_the_second_time(
     QCOMPARE(e.caja().titulo, u"¡ Atención !"_s);
 }
 
+void tst_CreacionFallos::closing_deletes_only_what_the_form_has_made_data()
+{
+    QTest::addColumn<QString>("propio");
+    QTest::newRow("a taken code was refused") << QString();
+    QTest::newRow("an item of its own is open") << u"200"_s;
+}
+
+void tst_CreacionFallos::closing_deletes_only_what_the_form_has_made()
+{
+    QFETCH(QString, propio);
+    Escenario e;
+    e.sql(u"INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo) VALUES (1, 1, 100)"_s);
+    e.con([](Manos m) { m.confirma(u"100"_s); });
+    e.conductor.responde(u"Aceptar"_s);
+    e.con([&](Manos m) {
+        if (!propio.isEmpty())
+            m.confirma(propio);
+        m.f.Codigo = 100; // public: a host may write there what it likes
+        m.f.setEnabled(false);
+        m.f.close();
+    });
+    QVERIFY(e.muestra());
+    QCOMPARE(e.articulo(100), u"100|1|CAMISA VIEJA"_s);
+    QCOMPARE(e.filas(u"SELECT Cod_Articulo FROM Almacen_Articulos WHERE Cod_Empresa = 1"_s), u"100"_s);
+    QVERIFY2(e.articulo(200).isEmpty(), qPrintable(e.articulo(200)));
+}
+
 void tst_CreacionFallos::kill_in_the_middle_of_accept_leaves_no_trace_of_it()
 {
     QTemporaryDir carpeta;
     const QString ruta = carpeta.filePath(u"c.db"_s);
     QProcess hijo;
-    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
-    entorno.insert(QLatin1StringView(CatalogoDelHijo), ruta);
-    hijo.setProcessEnvironment(entorno);
-    hijo.start(QCoreApplication::applicationFilePath(), QStringList());
+    hijo.start(QCoreApplication::applicationFilePath(), {u"--morir-al-aceptar"_s, ruta});
     QVERIFY(hijo.waitForFinished(60000));
     QCOMPARE(hijo.exitStatus(), QProcess::CrashExit);
 
@@ -395,15 +423,5 @@ void tst_CreacionFallos::kill_in_the_middle_of_accept_leaves_no_trace_of_it()
     QVERIFY(filas(u"SELECT * FROM Contador_CBarras"_s).isEmpty());
 }
 
-int main(int argc, char **argv)
-{
-    QApplication app(argc, argv);
-    if (const QString ruta = qEnvironmentVariable(CatalogoDelHijo); !ruta.isEmpty()) {
-        morirAlAceptar(ruta);
-        return 0;
-    }
-    tst_CreacionFallos prueba;
-    return QTest::qExec(&prueba, argc, argv);
-}
-
+NV_PRUEBA(tst_CreacionFallos)
 #include "tst_creacion_fallos.moc"

@@ -1,8 +1,9 @@
-#include "common/Conexion.h"
 #include "dialogs/frmAlternativos_Eleccion.h"
+#include "nvArticulo/Conexion.h"
 #include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
+#include "support/Programa.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -157,5 +158,5 @@ void tst_Alternativos::list_grows_with_the_window()
     });
 }
 
-QTEST_MAIN(tst_Alternativos)
+NV_PRUEBA(tst_Alternativos)
 #include "tst_alternativos.moc"

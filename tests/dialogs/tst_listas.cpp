@@ -1,9 +1,10 @@
-#include "common/Conexion.h"
 #include "dialogs/frmPLUs.h"
 #include "dialogs/frmReferencia_Articulos.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Motores.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
+#include "support/Programa.h"
 
 #include <QTest>
 
@@ -186,5 +187,5 @@ void tst_Listas::plu_lists_departments()
     QCOMPARE(lista.Codigo, 1);
 }
 
-QTEST_MAIN(tst_Listas)
+NV_PRUEBA(tst_Listas)
 #include "tst_listas.moc"

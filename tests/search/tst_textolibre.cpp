@@ -1,500 +1,473 @@
-#include "search/frmBusqueda_Articulos_3.h"
-#include "tst_textolibre_catalogo.h"
+#include "Busquedas.h"
+#include "platform/widgets/Twips.h"
+#include "support/Programa.h"
 
 #include <QCheckBox>
-#include <QFrame>
-#include <QLabel>
-#include <QPushButton>
+#include <QHeaderView>
+#include <QScrollBar>
 
-using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
+using nv::ContratoBusqueda;
 
 namespace {
 
-enum Columna { Marca, Codigo, Descripcion, Stock, Ean, Pvp, PvpIgic, PvpIva, Referencia };
+const QColor Oferta(255, 255, 153);
+const QColor NoMovido(180, 215, 255);
+const QColor Pedido(255, 128, 0);
 
-using Dialogo = frmBusqueda_Articulos_3;
+/// Background of each cell of a row: O offer, N slow stock, P to order, "." none.
+QString fondos(const Vista &v, int fila)
+{
+    QString letras;
+    for (int c = 0; c < v.lista()->model()->columnCount(); ++c) {
+        const QColor fondo = v.lista()->model()->index(fila - 1, c).data(Qt::BackgroundRole).value<QColor>();
+        letras += !fondo.isValid()    ? u'.'
+                  : fondo == Oferta   ? u'O'
+                  : fondo == NoMovido ? u'N'
+                  : fondo == Pedido   ? u'P'
+                                      : u'?';
+    }
+    return letras;
+}
 
 } // namespace
 
-/// What the four free-text dialogs share, on the one of model 2.
+/// The searches by free text: what they share, on models 2, 5, 7 and 8, and what is each one's own.
 class tst_TextoLibre : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m = std::make_unique<CatalogoTextoLibre>(); }
+    void init() { m.emplace(); }
     void cleanup() { m.reset(); }
 
-    void rows_show_stock_price_and_taxes();
-    void tax_columns_follow_the_settings_data();
-    void tax_columns_follow_the_settings();
     void texts_find_their_items_data();
     void texts_find_their_items();
-    void user_parameter_opens_all_references();
-    void opening_searches_the_remembered_text();
-    void keys_of_the_box_and_the_grid();
-    void space_is_typed_where_one_item_is_wanted();
+    void keys_of_the_box_and_the_list();
     void marks_and_select_all();
-    void clicks_mark_and_accept();
-    void accept_returns_what_is_marked_data();
-    void accept_returns_what_is_marked();
-    void accept_on_the_heading_needs_marks_or_an_empty_list();
-    void saved_search_holds_every_item_found();
-    void failed_copy_leaves_everything_as_it_was();
-    void failed_search_leaves_the_dialog_usable();
-    void settings_that_failed_at_load_are_read_by_the_next_search();
-    void strip_and_pointer_last_as_long_as_the_search();
+    void a_list_without_items_is_accepted();
+    void marked_rows_are_returned_from_the_heading_too();
+    void user_parameter_opens_all_references();
+    void settings_are_read_once_and_a_failure_is_mended_by_the_next_search();
+    void taxes_are_shown_as_the_company_declares_them_data();
+    void taxes_are_shown_as_the_company_declares_them();
+    void prices_have_the_decimals_of_their_tariff();
+    void sizes_colours_and_seven_stocks();
+    void check_boxes_and_size_of_the_offers();
+    void rows_before_a_failure_stay_and_can_be_accepted();
+    void brand_goes_with_the_text();
+    void blocked_mark_depends_on_the_head_office();
+    void only_what_can_be_sold_in_family_order();
+    void resizing_shares_the_width();
 
 private:
-    void abrir(const std::function<void(Dialogo &)> &accion, const std::function<void(Dialogo &)> &antes = {})
+    static CatalogoBusquedas::Preparar recordando(const QString &texto)
     {
-        Conductor conductor;
-        Dialogo dialogo(nullptr);
-        if (antes)
-            antes(dialogo);
-        m->abrir<Dialogo>(conductor, dialogo, accion);
-        QVERIFY(conductor.terminado());
+        return [texto](ContratoBusqueda &d) { d.Busqueda_Descripcion = texto; };
     }
-    static QCheckBox *todas(Dialogo &d) { return d.findChild<QCheckBox *>(u"chkSelAll"_s); }
-    static void varios(Dialogo &d) { d.MultiResultado = true; }
-
-    std::unique_ptr<CatalogoTextoLibre> m;
-};
-
-void tst_TextoLibre::rows_show_stock_price_and_taxes()
-{
-    abrir([](Dialogo &d) {
-        QCOMPARE(d.windowTitle(), u"Búsqueda de Artículos"_s);
-        buscar(caja(d, "txtBusqueda"), u"rojo grande"_s);
-        QCOMPARE(caja(d, "txtBusqueda")->text(), u"ROJO GRANDE"_s);
-        QCOMPARE(d.Busqueda_Descripcion, u"ROJO GRANDE"_s);
-        // 7 % of 1234.5678 is 86.42 and 21 % is 259.26: only the tax is rounded, to cents.
-        QCOMPARE(fila(d, 1), QStringList({u"0"_s, u"10"_s, u"TORNILLO ROJO GRANDE"_s, u"12,5"_s, u""_s, u"1234,568"_s,
-                                          u"1320,988"_s, u"1493,828"_s, u"TOR127"_s}));
-        QCOMPARE(lista(d)->filaActual(), 1);
-        QVERIFY(caja(d, "txtBusqueda")->hasFocus());
-        buscar(caja(d, "txtBusqueda"), u"L'ORÉAL"_s);
-        QCOMPARE(fila(d, 1), QStringList({u"0"_s, u"841"_s, u"CHAMPÚ L'ORÉAL"_s, u"0"_s, u""_s, u"0,000"_s, u"0,000"_s,
-                                          u"0,000"_s, u""_s}));
-    });
-    // The given warehouse's stock, with the tariff of the default one all the same.
-    abrir(
-        [](Dialogo &d) {
-            QCOMPARE(lista(d)->texto(1, Stock), u"3"_s);
-            QCOMPARE(lista(d)->texto(1, Pvp), u"1234,568"_s);
-        },
-        [](Dialogo &d) {
-            d.AlmacenStock = 2;
-            d.Busqueda_Descripcion = u"ROJO GRANDE"_s;
+    /// As the user leaves it.
+    QString encontrados(int modelo, const QString &texto)
+    {
+        QString codigos;
+        m->abrir(modelo, [&](const Vista &v) {
+            v.busca(texto);
+            codigos = v.codigos();
         });
-    m->base.ejecutar(u"DELETE FROM Tarifas"_s);
-    abrir([](Dialogo &d) { QCOMPARE(lista(d)->texto(1, Pvp), u"1234,57"_s); },
-          [](Dialogo &d) { d.Busqueda_Descripcion = u"ROJO GRANDE"_s; });
-}
+        return codigos;
+    }
 
-void tst_TextoLibre::tax_columns_follow_the_settings_data()
-{
-    QTest::addColumn<QStringList>("ajustes");
-    QTest::addColumn<bool>("igic");
-    QTest::addColumn<bool>("iva");
-    QTest::newRow("both") << QStringList{u"0"_s, u"1"_s, u"1"_s} << true << true;
-    QTest::newRow("first") << QStringList{u"0"_s, u"1"_s, u"0"_s} << true << false;
-    QTest::newRow("second") << QStringList{u"0"_s, u"False"_s, u"True"_s} << false << true;
-    QTest::newRow("declared elsewhere") << QStringList{u"True"_s, u"1"_s, u"1"_s} << false << false;
-}
-
-void tst_TextoLibre::tax_columns_follow_the_settings()
-{
-    QFETCH(const QStringList, ajustes);
-    m->empresa.valores[u"DeclaraIgic"_s] = ajustes[0];
-    m->empresa.valores[u"Articulos_FichaVerPvpConIgic"_s] = ajustes[1];
-    m->empresa.valores[u"Articulos_FichaVerPvpConIva"_s] = ajustes[2];
-    abrir([](Dialogo &d) {
-        QTEST(!lista(d)->isColumnHidden(PvpIgic), "igic");
-        QTEST(!lista(d)->isColumnHidden(PvpIva), "iva");
-        QVERIFY(lista(d)->isColumnHidden(Marca));
-        QVERIFY(!todas(d)->isVisible());
-    });
-}
+    std::optional<CatalogoBusquedas> m;
+};
 
 void tst_TextoLibre::texts_find_their_items_data()
 {
     QTest::addColumn<QString>("texto");
-    QTest::addColumn<QStringList>("codigos");
-    QTest::newRow("word in description or reference") << u"rojo"_s << QStringList{u"11"_s, u"10"_s, u"12"_s};
-    QTest::newRow("words only in the description") << u"rojo "_s << QStringList{u"11"_s, u"10"_s};
-    QTest::newRow("all the words") << u"grande torn"_s << QStringList{u"10"_s};
-    QTest::newRow("asterisk anchored") << u"tor*7"_s << QStringList{u"10"_s};
-    QTest::newRow("part of the main barcode") << u"23456"_s << QStringList{u"12"_s};
-    QTest::newRow("codes and main barcodes") << u"841"_s << QStringList{u"841"_s, u"12"_s};
-    QTest::newRow("second barcodes are not searched") << u"8499"_s << QStringList{};
-    QTest::newRow("number with asterisk is no code") << u"84*"_s << QStringList{};
+    QTest::addColumn<QString>("codigos"); // models 2, 5 and 7
+    QTest::addColumn<QString>("vendibles");
+    QTest::newRow("word in description or reference") << u"rojo"_s << u"10|1|3"_s << u"1|3"_s;
+    QTest::newRow("words only in the description") << u"rojo "_s << u"10|1"_s << u"1"_s;
+    QTest::newRow("all the words") << u"grande torn"_s << u"2"_s << u"2"_s;
+    QTest::newRow("part of the main barcode") << u"23456"_s << u"1"_s << u"1"_s;
+    QTest::newRow("code and main barcode") << u"841"_s << u"841|1"_s << u"1"_s;
+    QTest::newRow("second barcodes are not searched") << u"8499"_s << QString() << QString();
+    QTest::newRow("quote") << u"L'OR"_s << u"841"_s << QString();
+    QTest::newRow("brand") << u"ROCA"_s << QString() << u"2|1"_s;
+    QTest::newRow("brand and a blank") << u"ROCA "_s << QString() << QString();
 }
 
 void tst_TextoLibre::texts_find_their_items()
 {
     QFETCH(const QString, texto);
-    abrir([&](Dialogo &d) {
-        buscar(caja(d, "txtBusqueda"), texto);
-        QTEST(columna(d, Codigo), "codigos");
-    });
+    for (const int modelo : {2, 5, 7})
+        QTEST(encontrados(modelo, texto), "codigos");
+    QTEST(encontrados(8, texto), "vendibles");
+    QCOMPARE(encontrados(2, u"tuer*e"_s) + encontrados(5, u"gr*tuer"_s), u"33"_s);
 }
 
-void tst_TextoLibre::user_parameter_opens_all_references()
+void tst_TextoLibre::keys_of_the_box_and_the_list()
 {
-    m->empresa.valores[u"UsuarioActual"_s] = u"ANA"_s;
-    m->base.ejecutar(u"INSERT INTO Parametros_Usuario (Usuario, Clave, Valor) VALUES ('ANA', "
-                     u"'nvArticulo.BuscadorM3.SoloRefPrincipal', '0')"_s);
-    abrir([](Dialogo &d) {
-        buscar(caja(d, "txtBusqueda"), u"rojo grande"_s);
-        QStringList referencias = columna(d, Referencia);
-        referencias.sort();
-        QCOMPARE(referencias, QStringList({u"TOR127"_s, u"TOR927"_s}));
-    });
-}
-
-void tst_TextoLibre::opening_searches_the_remembered_text()
-{
-    abrir(
-        [](Dialogo &d) {
-            QCOMPARE(caja(d, "txtBusqueda")->text(), u"grande"_s);
-            QCOMPARE(columna(d, Codigo), QStringList({u"10"_s, u"12"_s}));
-            QCOMPARE(d.AlmacenStock, qint16{1});
-            QVERIFY(lista(d)->hasFocus());
-            QTest::keyClick(lista(d), Qt::Key_Down);
-            QTest::keyClick(lista(d), Qt::Key_Return);
-            QVERIFY(!d.isVisible());
-            QCOMPARE(d.Codigo, u"12"_s);
-            QCOMPARE(d.Descripcion, u"TUERCA GRANDE"_s);
-        },
-        [](Dialogo &d) { d.Busqueda_Descripcion = u"grande"_s; });
-    m->sentencias.clear();
-    abrir([this](Dialogo &d) {
-        QVERIFY(caja(d, "txtBusqueda")->hasFocus());
-        QVERIFY(m->sentencias.filter(u"FROM Articulos"_s).isEmpty());
-        for (const QString &nada : {u""_s, u"   "_s}) {
-            buscar(caja(d, "txtBusqueda"), nada);
-            QVERIFY(m->sentencias.filter(u"FROM Articulos"_s).isEmpty());
-        }
-        d.Codigo = u"9"_s;
-        QTest::keyClick(caja(d, "txtBusqueda"), Qt::Key_Escape);
-        QVERIFY(!d.isVisible());
-        QCOMPARE(d.Codigo, u""_s);
-    });
-}
-
-void tst_TextoLibre::keys_of_the_box_and_the_grid()
-{
-    abrir(
-        [](Dialogo &d) {
-            nvTextBox *texto = caja(d, "txtBusqueda");
-            texto->setFocus();
-            QTest::keyClick(texto, Qt::Key_Down);
-            QVERIFY(lista(d)->hasFocus());
-            QCOMPARE(lista(d)->filaActual(), 0);
-            QTest::keyClick(lista(d), Qt::Key_Return);
-            QVERIFY(d.isVisible());
-            QTest::keyClick(lista(d), Qt::Key_Down);
-            QTest::keyClick(lista(d), Qt::Key_Down);
-            QCOMPARE(lista(d)->filaActual(), 2);
-            QTest::keyClick(lista(d), Qt::Key_Up);
-            QVERIFY(lista(d)->hasFocus());
-            QTest::keyClick(lista(d), Qt::Key_Up);
-            QVERIFY(texto->hasFocus());
-            QCOMPARE(texto->selectedText(), u"GRANDE"_s);
-
-            lista(d)->setFocus();
-            teclear(lista(d), u"ñ"_s);
-            QVERIFY(texto->hasFocus());
-            QCOMPARE(texto->text(), u"Ñ"_s);
-            QVERIFY(!texto->hasSelectedText());
-            teclear(texto, u"u"_s);
-            QCOMPARE(texto->text(), u"ÑU"_s);
-        },
-        [](Dialogo &d) { d.Busqueda_Descripcion = u"GRANDE"_s; });
-}
-
-void tst_TextoLibre::space_is_typed_where_one_item_is_wanted()
-{
-    abrir(
-        [](Dialogo &d) {
-            QTest::keyClick(lista(d), Qt::Key_Space);
-            QVERIFY(caja(d, "txtBusqueda")->hasFocus());
-            QCOMPARE(caja(d, "txtBusqueda")->text(), u" "_s);
-            QCOMPARE(columna(d, Marca), QStringList({u"0"_s, u"0"_s}));
-        },
-        [](Dialogo &d) { d.Busqueda_Descripcion = u"GRANDE"_s; });
+    for (const int modelo : {2, 5, 7, 8}) {
+        m->abrir(modelo, [](const Vista &v) {
+            v.busca(u"GRANDE"_s);
+            v.campo(v.caja())->setFocus();
+            v.pulsa(Qt::Key_Down);
+            QVERIFY(v.lista()->hasFocus() && v.lista()->filaActual() == 0);
+            v.pulsa(Qt::Key_Return);
+            QVERIFY2(v.d.isVisible(), "the heading is no choice");
+            v.pulsa(Qt::Key_Up);
+            QVERIFY(v.enfocado(v.caja()));
+            v.lista()->setFocus();
+            teclear(v.lista(), u"ñ"_s);
+            teclear(v.d.focusWidget(), u"u"_s);
+            QCOMPARE(v.campo<QLineEdit>(v.caja())->text(), v.modelo < 7 ? u"ÑU"_s : u"Ñu"_s);
+            QTest::keyClick(v.lista(), Qt::Key_Space);
+            QVERIFY2(v.enfocado(v.caja()) && v.campo<QLineEdit>(v.caja())->text() == u" ",
+                     "one item: a blank is typed");
+            QVERIFY(!v.columna(0).contains(u'1'));
+        });
+    }
 }
 
 void tst_TextoLibre::marks_and_select_all()
 {
-    abrir(
-        [](Dialogo &d) {
-            QVERIFY(todas(d)->isVisible());
-            QVERIFY(!lista(d)->isColumnHidden(Marca));
-            const auto marcas = [&d] { return columna(d, Marca).join(QString()); };
-            const auto alternar = [&d](int fila) {
-                lista(d)->setFilaActual(fila);
-                QTest::keyClick(lista(d), Qt::Key_Space);
-            };
-            lista(d)->setFocus();
-            alternar(1);
-            alternar(3);
-            QCOMPARE(marcas(), u"101"_s);
-            QVERIFY(!todas(d)->isChecked());
-            alternar(2);
-            QVERIFY(todas(d)->isChecked());
-            alternar(2);
-            QCOMPARE(marcas(), u"101"_s);
-            QVERIFY(todas(d)->isChecked());
-            todas(d)->click();
-            QCOMPARE(marcas(), u"000"_s);
-            todas(d)->click();
-            QCOMPARE(marcas(), u"111"_s);
-            for (int fila = 1; fila <= 3; ++fila)
-                alternar(fila);
-            QVERIFY(!todas(d)->isChecked());
-            alternar(0);
-            QCOMPARE(marcas(), u"000"_s);
-
-            todas(d)->click();
-            buscar(caja(d, "txtBusqueda"), u"grande"_s);
-            QVERIFY(!todas(d)->isChecked());
-            QCOMPARE(marcas(), u"00"_s);
-            lista(d)->setFocus();
-            QTest::keyClick(lista(d), Qt::Key_Return);
-            QCOMPARE(d.Codigo, u"10"_s);
-            QVERIFY(!d.MultiResultado);
-        },
-        [](Dialogo &d) {
-            varios(d);
-            d.Busqueda_Descripcion = u"ROJO"_s;
+    m->abrir(
+        2, [](ContratoBusqueda &d) { d.MultiResultado = true; },
+        [](const Vista &v) {
+            auto *todas = v.campo<QCheckBox>("chkSelAll");
+            v.busca(u"ROJO"_s);
+            QVERIFY(todas->isVisible() && !v.lista()->isColumnHidden(0));
+            v.lista()->setFocus();
+            v.marca({1, 3});
+            QVERIFY(v.columna(0) == u"1|0|1" && !todas->isChecked());
+            v.marca({2});
+            QVERIFY(todas->isChecked());
+            v.marca({2});
+            QVERIFY2(v.columna(0) == u"1|0|1" && todas->isChecked(), "in between it keeps what it shows");
+            todas->click();
+            QCOMPARE(v.columna(0), u"0|0|0"_s);
+            todas->click();
+            QCOMPARE(v.columna(0), u"1|1|1"_s);
+            v.marca({1, 2, 3});
+            QVERIFY(!todas->isChecked());
+            v.marca({0});
+            v.clic(2, 0);
+            v.clic(3, 1);
+            QCOMPARE(v.columna(0), u"0|1|0"_s);
+            todas->click();
+            v.busca(u"GRANDE"_s);
+            QVERIFY(v.columna(0) == u"0|0" && !todas->isChecked());
+            v.dobleClic(2, 2);
         });
+    QVERIFY(m->codigo == u"3" && !m->varios);
+    m->abrir(2, [](const Vista &v) {
+        v.busca(u"ROJO"_s);
+        QVERIFY(v.lista()->isColumnHidden(0) && !v.campo("chkSelAll")->isVisible());
+        v.clic(1, 0);
+        QCOMPARE(v.columna(0), u"0|0|0"_s);
+    });
 }
 
-void tst_TextoLibre::clicks_mark_and_accept()
+void tst_TextoLibre::a_list_without_items_is_accepted()
 {
-    abrir(
-        [](Dialogo &d) {
-            const auto punto = [&d](int fila, int columna) {
-                return lista(d)->visualRect(lista(d)->model()->index(fila - 1, columna)).center();
-            };
-            const auto clic = [&](int fila, int columna) {
-                QTest::mouseClick(lista(d)->viewport(), Qt::LeftButton, {}, punto(fila, columna));
-            };
-            clic(2, Marca);
-            clic(3, Codigo);
-            QCOMPARE(columna(d, Marca), QStringList({u"0"_s, u"1"_s, u"0"_s}));
-            clic(2, Marca);
-            QTest::mouseDClick(lista(d)->viewport(), Qt::LeftButton, {}, punto(2, Descripcion));
-            QVERIFY(!d.isVisible());
-            QCOMPARE(d.Codigo, u"10"_s);
-        },
-        [](Dialogo &d) {
-            varios(d);
-            d.Busqueda_Descripcion = u"ROJO"_s;
-        });
-}
-
-void tst_TextoLibre::accept_returns_what_is_marked_data()
-{
-    QTest::addColumn<QList<int>>("marcadas");
-    QTest::addColumn<QString>("codigo");
-    QTest::addColumn<QString>("descripcion");
-    QTest::addColumn<bool>("varios");
-    QTest::newRow("none: the current row") << QList<int>{} << u"11"_s << u"TORNILLO ROJO"_s << false;
-    QTest::newRow("one") << QList<int>{3} << u"12"_s << u"TUERCA GRANDE"_s << false;
-    QTest::newRow("two, in row order") << QList<int>{3, 1} << u"|11|12"_s << u"|TORNILLO ROJO|TUERCA GRANDE"_s << true;
-}
-
-void tst_TextoLibre::accept_returns_what_is_marked()
-{
-    QFETCH(const QList<int>, marcadas);
-    abrir(
-        [&](Dialogo &d) {
-            lista(d)->setFocus();
-            for (const int fila : marcadas) {
-                lista(d)->setFilaActual(fila);
-                QTest::keyClick(lista(d), Qt::Key_Space);
-            }
-            lista(d)->setFilaActual(1);
-            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
-            QVERIFY(!d.isVisible());
-            QTEST(d.Codigo, "codigo");
-            QTEST(d.Descripcion, "descripcion");
-            QTEST(d.MultiResultado, "varios");
-        },
-        [](Dialogo &d) {
-            varios(d);
-            d.Busqueda_Descripcion = u"ROJO"_s;
-        });
-}
-
-void tst_TextoLibre::accept_on_the_heading_needs_marks_or_an_empty_list()
-{
-    const auto rojos = [](Dialogo &d) {
-        varios(d);
-        d.Busqueda_Descripcion = u"ROJO"_s;
-    };
-    abrir(
-        [](Dialogo &d) {
-            lista(d)->setFilaActual(0);
-            d.Aceptar();
-            QVERIFY(d.isVisible());
-            QVERIFY(d.MultiResultado);
-            QTest::mouseClick(todas(d), Qt::LeftButton);
-            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
-            QVERIFY(!d.isVisible());
-            QCOMPARE(d.Codigo, u"|11|10|12"_s);
-            QVERIFY(d.MultiResultado);
-        },
-        rojos);
-    abrir(
-        [](Dialogo &d) {
-            QTest::keyClick(lista(d), Qt::Key_Space);
-            buscar(caja(d, "txtBusqueda"), u"nada de esto"_s);
-            QCOMPARE(lista(d)->filasDatos(), 0);
+    m->ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) VALUES ('CAJA-1', 77), ('CAJA-2', 78)"_s);
+    m->abrir(
+        2,
+        [](ContratoBusqueda &d) {
+            d.MultiResultado = d.GuardarBusqueda = true;
             d.Codigo = u"9"_s;
-            d.Aceptar();
-            QVERIFY(!d.isVisible());
-            QCOMPARE(d.Codigo, u""_s);
-            QVERIFY(!d.MultiResultado);
         },
-        rojos);
+        [](const Vista &v) {
+            v.busca(u"ROJO"_s);
+            v.marca({1});
+            v.busca(u"nada de esto"_s);
+            v.aprieta("cmdAceptar");
+            QVERIFY(!v.d.isVisible());
+        });
+    QVERIFY(m->codigo.isEmpty() && !m->varios && m->copia() == u"78");
 }
 
-void tst_TextoLibre::saved_search_holds_every_item_found()
+void tst_TextoLibre::marked_rows_are_returned_from_the_heading_too()
 {
-    m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"1"_s;
-    m->base.ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) VALUES ('CAJA-1', 77), ('CAJA-2', 78)"_s);
-    const auto guardar = [](Dialogo &d) {
-        d.GuardarBusqueda = true;
-        d.Busqueda_Descripcion = u"ROJO"_s;
+    m->abrir(
+        8, [](ContratoBusqueda &d) { d.MultiResultado = true; },
+        [](const Vista &v) {
+            v.busca(u"*"_s);
+            v.lista()->setFilaActual(0);
+            v.aprieta("cmdAceptar");
+            QVERIFY2(v.d.isVisible(), "nothing is marked");
+            v.marca({3, 1});
+            v.lista()->setFilaActual(0);
+            v.aprieta("cmdAceptar");
+        });
+    QVERIFY(m->codigo == u"|2|3" && m->descripcion == u"|TORNILLO GRANDE|TUERCA GRANDE" && m->varios);
+}
+
+void tst_TextoLibre::user_parameter_opens_all_references()
+{
+    for (const int modelo : {2, 5, 7, 8}) {
+        m->parametros.deUsuario = {
+            {modelo == 5 ? u"nvArticulo.BuscadorM6.SoloRefPrincipal"_s : u"nvArticulo.BuscadorM3.SoloRefPrincipal"_s,
+             0}};
+        QCOMPARE(encontrados(modelo, u"TORN GRA"_s), u"2|2"_s);
+        m->parametros.deUsuario.clear();
+        QCOMPARE(encontrados(modelo, u"TORN GRA"_s), u"2"_s);
+    }
+}
+
+void tst_TextoLibre::settings_are_read_once_and_a_failure_is_mended_by_the_next_search()
+{
+    m->ejecutar(u"UPDATE Almacenes SET Tarifa = 70000 WHERE Codigo = 1"_s);
+    m->conductor.responde(u"Aceptar"_s);
+    m->abrir(2, recordando(u"TORN"_s), [this](const Vista &v) {
+        QVERIFY(v.lista()->filasDatos() == 0 && v.enfocado("txtBusqueda"));
+        m->ejecutar(u"UPDATE Almacenes SET Tarifa = 4"_s);
+        v.pulsa(Qt::Key_Return);
+        QCOMPARE(v.columna(5), u"9,00|10,50"_s);
+        m->ejecutar(u"UPDATE Almacenes SET Tarifa = 1"_s);
+        v.pulsa(Qt::Key_Return);
+        QCOMPARE(v.columna(5), u"9,00|10,50"_s);
+    });
+    // The stock of the given warehouse, the tariff of the default one all the same.
+    m->abrir(
+        2, [](ContratoBusqueda &d) { d.AlmacenStock = 2; },
+        [](const Vista &v) {
+            v.busca(u"TORN"_s);
+            QVERIFY(v.columna(3) == u"4|3" && v.lista()->texto(2, 5) == u"1234,568");
+        });
+}
+
+void tst_TextoLibre::taxes_are_shown_as_the_company_declares_them_data()
+{
+    QTest::addColumn<QString>("ajustes"); // elsewhere, first, second
+    QTest::addColumn<QString>("columnas");
+    QTest::newRow("both") << u"0 1 1"_s << u"107,000 121,000"_s;
+    QTest::newRow("first") << u"0 1 0"_s << u"107,000 "_s;
+    QTest::newRow("second") << u"0 False True"_s << u" 121,000"_s;
+    QTest::newRow("declared elsewhere") << u"True 1 1"_s << u" "_s;
+}
+
+void tst_TextoLibre::taxes_are_shown_as_the_company_declares_them()
+{
+    QFETCH(const QString, ajustes);
+    m->ejecutar(u"UPDATE Articulos SET TipoImpuesto2 = 1 WHERE Codigo = 3"_s);
+    const QStringList valores = ajustes.split(u' ');
+    m->empresa.valores[u"DeclaraIgic"_s] = valores[0];
+    m->empresa.valores[u"Articulos_FichaVerPvpConIgic"_s] = valores[1];
+    m->empresa.valores[u"Articulos_FichaVerPvpConIva"_s] = valores[2];
+    m->abrir(2, [](const Vista &v) {
+        v.busca(u"TUERCA"_s);
+        QStringList vistas;
+        for (const int columna : {6, 7})
+            vistas << (v.lista()->isColumnHidden(columna) ? QString() : v.lista()->texto(1, columna));
+        QTEST(vistas.join(u' '), "columnas");
+    });
+}
+
+void tst_TextoLibre::prices_have_the_decimals_of_their_tariff()
+{
+    m->ejecutar(u"UPDATE Articulos SET TipoImpuesto = 1, TipoImpuesto2 = 1 WHERE Codigo = 1"_s);
+    const auto tornillo = [this](int modelo) {
+        QString fila;
+        m->abrir(modelo, recordando(u"TORNILLO ROJO"_s), [&](const Vista &v) { fila = v.fila(1); });
+        return fila;
     };
-    abrir(
-        [](Dialogo &d) {
-            QCOMPARE(lista(d)->filasDatos(), 1);
-            QTest::keyClick(lista(d), Qt::Key_Return);
-        },
-        guardar);
-    const QString guardado = u"SELECT Cod_Empresa, Cod_Articulo, Descripcion FROM Articulos_Buscar WHERE Terminal = "
-                             u"'CAJA-1' ORDER BY Cod_Articulo"_s;
-    QCOMPARE(m->base.filas(guardado),
-             QStringList({u"2|10|TORNILLO ROJO GRANDE"_s, u"2|11|TORNILLO ROJO"_s, u"2|12|TUERCA GRANDE"_s}));
-    abrir(
-        [](Dialogo &d) {
-            buscar(caja(d, "txtBusqueda"), u"nada de esto"_s);
-            d.findChild<QPushButton *>(u"cmdAceptar"_s)->click();
-            QVERIFY(!d.isVisible());
-        },
-        guardar);
-    QCOMPARE(m->base.filas(guardado), QStringList());
-    QCOMPARE(m->base.filas(u"SELECT Cod_Articulo FROM Articulos_Buscar"_s), QStringList(u"78"_s));
+    // 7 % of 1234.5678 is 86.42 and 21 % is 259.26: only the tax is rounded, to cents.
+    QCOMPARE(tornillo(2), u"0|1|TORNILLO ROJO|12,5|8412345678905|1234,568|1320,988|1493,828|R-1"_s);
+    QCOMPARE(tornillo(7), u"0|1|TORNILLO ROJO|ROCA|0|12,5|8412345678905|1.234,5678|R-1"_s);
+    QCOMPARE(tornillo(8), u"0|FERRETERÍA|1|TORNILLO ROJO|ROCA|12,5|8412345678905|1.234,5678|R-1"_s);
+    m->ejecutar(u"DELETE FROM Tarifas"_s);
+    QVERIFY(tornillo(2).contains(u"|1234,57|"_s));
 }
 
-void tst_TextoLibre::failed_copy_leaves_everything_as_it_was()
+void tst_TextoLibre::sizes_colours_and_seven_stocks()
 {
-    m->base.ejecutar(u"DROP TABLE Articulos_Buscar"_s);
-    Conductor conductor;
-    Dialogo dialogo(nullptr);
-    dialogo.GuardarBusqueda = true;
-    dialogo.MultiResultado = true;
-    dialogo.Busqueda_Descripcion = u"ROJO"_s;
-    conductor.con<Dialogo>([](Dialogo &d) { QTest::keyClick(lista(d), Qt::Key_Return); });
-    conductor.responde(u"Aceptar"_s);
-    dialogo.cEmpresa = &m->empresa;
-    conductor.con<Dialogo>([](Dialogo &d) {
-        QVERIFY(d.MultiResultado);
-        d.GuardarBusqueda = false;
-        QTest::keyClick(lista(d), Qt::Key_Return);
-        QVERIFY(!d.isVisible());
-        QCOMPARE(d.Codigo, u"11"_s);
-    });
-    dialogo.MostrarModal();
-    QCOMPARE(conductor.cajas().size(), std::size_t{1});
-    QCOMPARE(conductor.cajas()[0].titulo, u"frmBusqueda_Articulos_3:cmdAceptar_Click"_s);
-    QCOMPARE(conductor.cajas()[0].icono, QMessageBox::Critical);
-}
-
-void tst_TextoLibre::failed_search_leaves_the_dialog_usable()
-{
-    m->base.ejecutar(u"UPDATE Tarifas SET Decimales = 70000"_s);
-    Conductor conductor;
-    Dialogo dialogo(nullptr);
-    dialogo.cEmpresa = &m->empresa;
-    dialogo.MultiResultado = true;
-    conductor.con<Dialogo>([](Dialogo &d) { buscar(caja(d, "txtBusqueda"), u"rojo"_s); });
-    conductor.paso([](QWidget *w) { return qobject_cast<QMessageBox *>(w); },
-                   [&dialogo](QWidget *w) {
-                       QVERIFY(!QGuiApplication::overrideCursor());
-                       QVERIFY(!dialogo.findChild<QFrame *>(u"pctMsg"_s)->isVisible());
-                       QVERIFY(lista(dialogo)->viewport()->updatesEnabled());
-                       w->close();
-                   });
-    conductor.con<Dialogo>([this](Dialogo &d) {
-        m->base.ejecutar(u"UPDATE Tarifas SET Decimales = 2"_s);
-        buscar(caja(d, "txtBusqueda"), u"rojo"_s);
-        QCOMPARE(lista(d)->filasDatos(), 3);
-        d.reject();
-    });
-    dialogo.MostrarModal();
-    QVERIFY(conductor.terminado());
-    QCOMPARE(conductor.cajas()[0].titulo, u"Recuperar_Registros"_s);
-    QCOMPARE(conductor.cajas()[0].texto, u"0 - Desbordamiento."_s);
-}
-
-void tst_TextoLibre::settings_that_failed_at_load_are_read_by_the_next_search()
-{
-    m->base.ejecutar(u"UPDATE Almacenes SET Tarifa = 70000"_s);
-    Conductor conductor;
-    Dialogo dialogo(nullptr);
-    dialogo.cEmpresa = &m->empresa;
-    dialogo.Busqueda_Descripcion = u"ROJO GRANDE"_s;
-    conductor.responde(u"Aceptar"_s);
-    conductor.con<Dialogo>([this](Dialogo &d) {
-        QCOMPARE(lista(d)->filasDatos(), 0);
-        m->base.ejecutar(u"UPDATE Almacenes SET Tarifa = 4"_s);
-        QTest::keyClick(caja(d, "txtBusqueda"), Qt::Key_Return);
-        QCOMPARE(columna(d, Pvp), QStringList(u"9,00"_s));
-        d.reject();
-    });
-    dialogo.MostrarModal();
-    QVERIFY(conductor.terminado());
-}
-
-void tst_TextoLibre::strip_and_pointer_last_as_long_as_the_search()
-{
-    /// Looks at the dialog while the engine answers.
-    struct Mirada : nv::OyenteSentencias
-    {
-        void sentencia(const nv::SucesoSentencia &suceso) override
-        {
-            if (!suceso.texto.contains(u"FROM Articulos a"_s))
-                return;
-            const auto *franja = dialogo->findChild<QFrame *>(u"pctMsg"_s);
-            visible = franja->isVisible() &&
-                      franja->findChild<QLabel *>()->text() == u"Buscando  Artículos, espere por favor..."_s;
-            puntero = QGuiApplication::overrideCursor() != nullptr;
-            vacia = lista(*dialogo)->filasDatos() == 0;
+    m->ejecutar({u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (2, 1, 2, 1000),"
+                 u" (2, 3, 3, 2.5), (2, 2, 2, 1), (2, 2, 3, 1), (2, 10, 2, 0)"_s,
+                 u"UPDATE Articulos SET Largo = 120, Altura = 40 WHERE Codigo = 1"_s,
+                 u"UPDATE Articulos SET Ancho = 2.5, MotivoBaja = 2 WHERE Codigo = 3"_s,
+                 u"UPDATE Articulos SET BajoPedido = 1, Bloqueado = 1 WHERE Codigo = 2"_s,
+                 u"INSERT INTO Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Actual) VALUES"
+                 u" (1, 11, 1, -2), (1, 10, 2, 1)"_s});
+    m->abrir(5, recordando(u"T"_s), [](const Vista &v) {
+        QCOMPARE(v.fila(0, 7), u"TIE|NAV||||MAY|"_s);
+        QCOMPARE(v.codigos(), u"2|1|3"_s);
+        QCOMPARE(v.fila(2), u"0|1|TORNILLO ROJO|R-1|120 x 40|1.234,5678||12,5|3|0|0|0|0|-2"_s);
+        QVERIFY(v.columna(4) == u"|120 x 40| x 2,5" && v.columna(6) == u"X||");
+        // 2: both tariffs, to order, blocked. 1: offer. 3: slow stock, discontinued.
+        QCOMPARE(fondos(v, 1), u"NNNNNNP.N...N."_s);
+        QCOMPARE(fondos(v, 2), u"OOOOOO.OO....."_s);
+        QCOMPARE(fondos(v, 3), u"NNNNNN.N......"_s);
+        for (int c = 0; c < 14; ++c) {
+            const auto letra = [&](int fila) {
+                return v.lista()->model()->index(fila - 1, c).data(Qt::ForegroundRole).value<QColor>();
+            };
+            QVERIFY(letra(1) == QColor(192, 0, 0) && !letra(2).isValid() && letra(3) == QColor(192, 0, 0));
         }
-        Dialogo *dialogo = nullptr;
-        bool visible = false;
-        bool puntero = false;
-        bool vacia = false;
-    } mirada;
-    abrir([&](Dialogo &d) {
-        buscar(caja(d, "txtBusqueda"), u"rojo"_s);
-        mirada.dialogo = &d;
-        m->base.conexion().escuchar(&mirada);
-        buscar(caja(d, "txtBusqueda"), u"grande"_s);
-        m->base.conexion().dejarDeEscuchar(&mirada);
-        QVERIFY(mirada.visible && mirada.puntero && mirada.vacia);
-        QVERIFY(!d.findChild<QFrame *>(u"pctMsg"_s)->isVisible());
-        QVERIFY(!QGuiApplication::overrideCursor());
-        QVERIFY(lista(d)->viewport()->updatesEnabled());
+    });
+    m->ejecutar(u"UPDATE Tarifas SET BackColor = CASE Cod_Tarifa WHEN 2 THEN -5 ELSE 0 END"_s);
+    m->abrir(5, recordando(u"T"_s),
+             [](const Vista &v) { QCOMPARE(fondos(v, 1) + fondos(v, 2), u"......P....................."_s); });
+}
+
+void tst_TextoLibre::check_boxes_and_size_of_the_offers()
+{
+    m->ejecutar({u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (2, 1, 2, 1000),"
+                 u" (2, 3, 3, 2.5), (2, 10, 2, 0)"_s,
+                 u"UPDATE Articulos SET Largo = 120 WHERE Codigo = 1"_s,
+                 u"UPDATE Articulos SET Ancho = 2.5 WHERE Codigo = 3"_s});
+    m->abrir(5, [this](const Vista &v) {
+        m->sentencias.clear();
+        v.campo<QCheckBox>("chkOferta")->click();
+        QVERIFY2(m->sentencias.isEmpty(), "nothing to search for yet");
+        v.busca(u"R"_s);
+        QCOMPARE(v.codigos(), u"1"_s);
+        v.campo<QCheckBox>("chkNoMovidos")->click();
+        QCOMPARE(v.codigos(), u"1|3"_s);
+        v.campo<QCheckBox>("chkOferta")->click();
+        QCOMPARE(v.codigos(), u"3"_s);
+        v.escribe("txtMedida", u"120"_s); // taken on Enter only
+        v.campo<QCheckBox>("chkNoMovidos")->click();
+        QVERIFY(v.lista()->filasDatos() > 2 && v.d.Busqueda_Medida == nv::Moneda());
+        v.campo("txtMedida")->setFocus();
+        v.pulsa(Qt::Key_Return);
+        QVERIFY(v.codigos() == u"1" && v.d.Busqueda_Medida == nv::Moneda::deUnidades(120));
+        v.campo("txtMedida")->setFocus();
+        v.pulsa(Qt::Key_Down);
+        QVERIFY(v.lista()->hasFocus() && v.lista()->filaActual() == 0);
+        v.escribe("txtMedida", u"a12.5"_s);
+        QCOMPARE(v.campo<QLineEdit>("txtMedida")->text(), u"12,5"_s);
+        for (const QString &ninguna : {u"0"_s, QString(), u","_s}) {
+            v.escribe("txtMedida", ninguna);
+            v.pulsa(Qt::Key_Return);
+            QVERIFY(v.lista()->filasDatos() > 2 && v.d.Busqueda_Medida == nv::Moneda());
+        }
+        v.escribe("txtBusqueda", {});
+        v.escribe("txtMedida", u"2,5"_s);
+        m->sentencias.clear();
+        v.pulsa(Qt::Key_Return);
+        QVERIFY2(m->sentencias.isEmpty() && v.d.Busqueda_Medida == nv::Moneda(), "a size alone searches nothing");
+        m->conductor.responde(u"Aceptar"_s);
+        v.escribe("txtMedida", u"99999999999999999999"_s);
+        v.busca(u"GRANDE"_s);
+        QCOMPARE(v.d.Busqueda_Descripcion, u"R"_s);
+    });
+    QCOMPARE(m->conductor.cajas().at(0).texto, u"Desbordamiento."_s);
+    m->abrir(
+        5,
+        [](ContratoBusqueda &d) {
+            d.Busqueda_Descripcion = u"GRANDE"_s;
+            d.Busqueda_Medida = nv::Moneda::deTexto(u"2.5");
+        },
+        [](const Vista &v) { QVERIFY(v.campo<QLineEdit>("txtMedida")->text() == u"2,5" && v.codigos() == u"3"); });
+}
+
+void tst_TextoLibre::rows_before_a_failure_stay_and_can_be_accepted()
+{
+    m->ejecutar(
+        {u"UPDATE Tarifas SET BackColor = 99999999999 WHERE Cod_Tarifa = 3"_s,
+         u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (2, 3, 3, 2.5)"_s});
+    m->conductor.responde(u"Aceptar"_s);
+    m->abrir(
+        5,
+        [](ContratoBusqueda &d) {
+            d.Busqueda_Descripcion = u"GRANDE"_s;
+            d.GuardarBusqueda = true;
+        },
+        [](const Vista &v) {
+            QCOMPARE(v.codigos(), u"2"_s);
+            v.lista()->setFilaActual(1);
+            QTest::keyClick(v.lista(), Qt::Key_Return);
+        });
+    QCOMPARE(m->conductor.cajas().at(0).texto, u"Desbordamiento."_s);
+    QVERIFY(m->codigo == u"2" && m->copia() == u"2|3");
+}
+
+void tst_TextoLibre::brand_goes_with_the_text()
+{
+    m->abrir(7, [this](const Vista &v) {
+        m->sentencias.clear();
+        v.escribe("txtDescripcion", u"Torn"_s);
+        v.pulsa(Qt::Key_Return);
+        QVERIFY(v.enfocado("txtMarca") && m->sentencias.isEmpty());
+        v.pulsa(Qt::Key_Return);
+        QVERIFY(v.codigos() == u"2|1" && v.enfocado("txtMarca"));
+        v.escribe("txtMarca", u"duro"_s);
+        v.pulsa(Qt::Key_Return);
+        QVERIFY(v.codigos() == u"2" && v.d.Busqueda_MarcaNombre == u"duro");
+        v.escribe("txtDescripcion", {});
+        v.escribe("txtMarca", u"ro"_s);
+        v.pulsa(Qt::Key_Return);
+        QCOMPARE(v.columna(3), u"ROCA|DUROCANTO|ROCA"_s);
+        v.escribe("txtMarca", {});
+        m->sentencias.clear();
+        v.pulsa(Qt::Key_Return);
+        QVERIFY(m->sentencias.isEmpty() && v.d.Busqueda_MarcaNombre == u"ro");
+        v.pulsa(Qt::Key_Down);
+        QVERIFY(v.lista()->hasFocus() && v.lista()->filaActual() == 0);
+    });
+    for (const QString &texto : {QString(), u"TORN"_s}) {
+        m->abrir(
+            7,
+            [&](ContratoBusqueda &d) {
+                d.Busqueda_Descripcion = texto;
+                d.Busqueda_MarcaNombre = u"DURO"_s;
+            },
+            [&](const Vista &v) {
+                QCOMPARE(v.campo<QLineEdit>("txtMarca")->text(), u"DURO"_s);
+                QVERIFY2(v.codigos() == (texto.isEmpty() ? QString() : u"2"_s), "a brand alone starts no search");
+            });
+    }
+}
+
+void tst_TextoLibre::blocked_mark_depends_on_the_head_office()
+{
+    m->ejecutar({u"UPDATE Articulos SET MotivoBaja = 2 WHERE Codigo = 2"_s,
+                 u"UPDATE Articulos SET Bloqueado = 1 WHERE Codigo = 1"_s,
+                 u"UPDATE Almacen_Articulos SET Bloqueo = 1 WHERE Cod_Articulo = 3"_s});
+    m->abrir(7, [this](const Vista &v) {
+        v.busca(u"T"_s);
+        QVERIFY(v.codigos() == u"2|1|3" && v.columna(4) == u"1|0|0");
+        m->empresa.valores[u"OficinaCentral"_s] = u"0"_s; // read again by every search
+        v.pulsa(Qt::Key_Return);
+        QCOMPARE(v.columna(4), u"0|1|1"_s);
+        QVERIFY(v.lista()->model()->index(0, 4).data(Qt::CheckStateRole).isValid());
     });
 }
 
-QTEST_MAIN(tst_TextoLibre)
+void tst_TextoLibre::only_what_can_be_sold_in_family_order()
+{
+    // 10 has no stock in the warehouse, 841 no price, and what was sold 31 days ago is not sold any more.
+    QCOMPARE(encontrados(8, u"*"_s), u"2|1|3"_s);
+    m->ejecutar(u"UPDATE Almacen_Articulos SET FUlt_Venta = '23/10/2026' WHERE Cod_Articulo = 2"_s);
+    QCOMPARE(encontrados(8, u"*"_s), u"1|3"_s);
+    m->ejecutar(u"UPDATE Articulos_Tarifas SET Pvp = 0 WHERE Cod_Articulo = 1 AND Cod_Tarifa = 1"_s);
+    QCOMPARE(encontrados(8, u"*"_s), u"3"_s);
+    m->ejecutar(u"UPDATE Almacen_Articulos SET Bloqueo = 1 WHERE Cod_Articulo = 3"_s);
+    QCOMPARE(encontrados(8, u"*"_s), QString());
+    m->ejecutar({u"UPDATE Almacen_Articulos SET Bloqueo = 0"_s, u"UPDATE Articulos SET MotivoBaja = 1"_s});
+    QCOMPARE(encontrados(8, u"*"_s), QString());
+}
+
+void tst_TextoLibre::resizing_shares_the_width()
+{
+    m->abrir(8, recordando(u"*"_s), [](const Vista &v) {
+        const auto ancho = [&](int columna) { return v.lista()->columnWidth(columna); };
+        QVERIFY(v.lista()->hasFocus() && v.lista()->horizontalScrollBar()->maximum() == 0);
+        for (const int oculta : {0, 2, 6, 8})
+            QVERIFY(v.lista()->isColumnHidden(oculta));
+        const std::array antes{ancho(1), ancho(3), ancho(4)};
+        const QSize tamano = v.d.size();
+        for (const int mas : {3, 55, 100}) {
+            v.d.resize(tamano + QSize(mas, 0));
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(ancho(1) == antes[0] && ancho(3) == antes[1] + 70 && ancho(4) == antes[2] + 20);
+        QCOMPARE(v.lista()->horizontalHeader()->length(), v.lista()->viewport()->width());
+        v.d.resize(tamano);
+        QCoreApplication::processEvents();
+        QVERIFY(ancho(3) == antes[1] && ancho(4) == antes[2]);
+    });
+}
+
+NV_PRUEBA(tst_TextoLibre)
 #include "tst_textolibre.moc"

@@ -1,33 +1,55 @@
 #include "support/BaseDatos.h"
 
+#include "nvArticulo/Motores.h"
 #include "platform/datos/Catalogo.h"
-#include "platform/datos/Motores.h"
 
 #include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QTest>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace nv::pruebas {
 
-BaseDatos::BaseDatos()
-    : m_conexion(datos::abrirEmbebida(u":memory:"_s))
-{}
+namespace {
 
-void BaseDatos::ejecutar(const QStringList &sentencias)
+/// Runs `orden` followed by the name of each table of the suite.
+void enCadaTabla(Conexion &conexion, const QString &orden)
 {
-    for (const QString &sentencia : sentencias)
-        ejecutar(sentencia);
+    static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
+    Transaccion transaccion(conexion);
+    for (const QRegularExpressionMatch &vista : tabla.globalMatch(datos::Catalogo::unico().esquema()))
+        conexion.Ejecutar(Sentencia::deConsola(orden + vista.captured(1)));
+    transaccion.confirmar();
 }
 
-qint64 BaseDatos::ejecutar(const QString &sentencia)
+/// Connection text of a SQLite file by ODBC; empty without such a driver.
+QString textoSqlite(const QString &archivo)
 {
-    return m_conexion->Ejecutar(Sentencia::deConsola(sentencia));
+    static const QString controlador = [] {
+        for (const QString &nombre : {u"SQLite3"_s, u"libsqlite3odbc.so"_s}) {
+            if (numeroDeError([&] { datos::abrirOdbc(u"DRIVER=%1;Database=:memory:"_s.arg(nombre)); }) == -1)
+                return nombre;
+        }
+        return QString();
+    }();
+    return controlador.isEmpty() ? QString() : u"DRIVER=%1;Database=%2"_s.arg(controlador, archivo);
 }
 
-QStringList BaseDatos::filas(const QString &sentencia)
+/// CONVERT(VARCHAR, money) of the engine that stands in for the vendor's: " 10.00", "  ,00" or "10,5000", where that
+/// one gives two decimals and no blank.
+QString comoElFabricante(QString celda)
 {
-    return filasDe(*m_conexion, sentencia);
+    static const QRegularExpression importe(u"^( +-?\\d*[.,]\\d\\d *|-?\\d+,\\d{4})$"_s);
+    if (!importe.match(celda).hasMatch())
+        return celda;
+    const QChar signo = celda.contains(u',') ? u',' : u'.';
+    return Moneda::deTexto(celda.replace(u',', u'.')).texto(2).replace(u',', signo);
 }
+
+} // namespace
 
 QStringList filasDe(Registros &registros)
 {
@@ -47,12 +69,161 @@ QStringList filasDe(Conexion &conexion, const QString &sentencia)
     return filasDe(registros);
 }
 
-void borrarEsquema(Conexion &conexion)
+QList<QStringList> tabla(const QString &filas)
 {
-    static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
-    QRegularExpressionMatchIterator tablas = tabla.globalMatch(datos::Catalogo::unico().esquema());
-    while (tablas.hasNext())
-        conexion.Ejecutar(Sentencia::deConsola(u"DROP TABLE "_s + tablas.next().captured(1)));
+    QList<QStringList> lista;
+    for (const QString &fila : filas.split(u';'))
+        lista.push_back(fila.split(u'→'));
+    return lista;
+}
+
+Error errorDe(const std::function<void()> &operacion)
+{
+    try {
+        operacion();
+    } catch (const Error &error) {
+        return error.descripcion.isEmpty() ? Error{-2, {}} : error;
+    }
+    return {-1, {}};
+}
+
+BaseDatos::BaseDatos()
+    : m_conexion(datos::abrirEmbebida(u":memory:"_s))
+{}
+
+void BaseDatos::ejecutar(const QStringList &sentencias)
+{
+    for (const QString &sentencia : sentencias)
+        ejecutar(sentencia);
+}
+
+Lugar::Lugar(Via via)
+    : m_via(via)
+    , m_texto(m_carpeta.filePath(u"base.db"_s))
+{
+    if (via == Via::Servidor)
+        m_texto = qEnvironmentVariable("NVARTICULO_SQLSERVER");
+    else if (via != Via::Embebida)
+        m_texto = textoSqlite(m_texto);
+}
+
+Lugar::~Lugar()
+{
+    for (const QString &nombre : std::as_const(m_delAnfitrion))
+        QSqlDatabase::removeDatabase(nombre);
+    if (m_conEsquema && m_via == Via::Servidor)
+        enCadaTabla(*conectar(), u"DROP TABLE "_s);
+}
+
+QString Lugar::falta() const
+{
+    if (!m_texto.isEmpty())
+        return {};
+    return m_via == Via::Servidor ? u"NVARTICULO_SQLSERVER is empty"_s : u"no ODBC driver of SQLite"_s;
+}
+
+std::unique_ptr<Conexion> Lugar::conectar()
+{
+    if (m_via != Via::Anfitrion)
+        return conectarA(m_texto);
+    m_delAnfitrion << QUuid::createUuid().toString();
+    QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, m_delAnfitrion.back());
+    base.setDatabaseName(m_texto);
+    if (!base.open())
+        throw Error{0, base.lastError().text(), {}};
+    return datos::sobreOdbc(base);
+}
+
+std::unique_ptr<Conexion> Lugar::conectarA(const QString &texto)
+{
+    return texto.contains(u'=') ? datos::abrirOdbc(texto) : datos::abrirEmbebida(texto);
+}
+
+void Lugar::hacerEsquema(Conexion &conexion)
+{
+    if (m_conEsquema)
+        enCadaTabla(conexion, u"DELETE FROM "_s);
+    else if (m_via == Via::Servidor)
+        datos::crearEsquema(conexion);
+    m_conEsquema = true;
+}
+
+bool Lugar::cortar(Conexion &conexion)
+{
+    if (m_via == Via::Anfitrion) {
+        QSqlDatabase::database(m_delAnfitrion.back(), false).close();
+        return true;
+    }
+    if (m_via != Via::Servidor)
+        return false;
+    const QString sesion = filasDe(conexion, u"SELECT @@SPID"_s).value(0);
+    return numeroDeError([&] { conectar()->Ejecutar(Sentencia::deConsola(u"KILL "_s + sesion)); }) == -1;
+}
+
+QStringList PruebaVias::filas(const Sentencia &sentencia)
+{
+    Registros registros = conexion().Abrir(sentencia);
+    QStringList filas = filasDe(registros);
+    for (QString &fila : filas) {
+        QStringList celdas = fila.split(u'|');
+        if (m_via == Via::Servidor)
+            std::transform(celdas.begin(), celdas.end(), celdas.begin(), &comoElFabricante);
+        fila = celdas.join(u'|');
+    }
+    return filas;
+}
+
+void PruebaVias::initTestCase_data()
+{
+    QTest::addColumn<Via>("via");
+    const std::pair<const char *, Via> vias[] = {
+        {"embedded", Via::Embebida}, {"ODBC", Via::Odbc}, {"host's ODBC", Via::Anfitrion}, {"server", Via::Servidor}};
+    for (const auto &[nombre, via] : vias) {
+        if (sobre() != Sobre::Nada && (via == Via::Odbc || via == Via::Anfitrion))
+            continue;
+        const QString falta = Lugar(via).falta();
+        if (falta.isEmpty())
+            QTest::newRow(nombre) << via;
+        else if (!m_faltan.contains(falta))
+            m_faltan << falta;
+    }
+}
+
+void PruebaVias::missing_ways_in()
+{
+    if (m_via == Via::Embebida && !m_faltan.isEmpty())
+        QSKIP(qPrintable(u"nothing is proven there: "_s + m_faltan.join(u", ")));
+}
+
+void PruebaVias::init()
+{
+    QFETCH_GLOBAL(Via, via);
+    m_via = via;
+    const bool nuevo = m_lugares.try_emplace(via, via).second;
+    if (!m_conexiones[via])
+        reconectar();
+    if (sobre() == Sobre::Nada || (sobre() == Sobre::Catalogo && !nuevo))
+        return;
+    lugar().hacerEsquema(conexion());
+    Transaccion transaccion(conexion());
+    llenar();
+    transaccion.confirmar();
+}
+
+void PruebaVias::cleanup()
+{
+    if (sobre() != Sobre::Nada)
+        return;
+    soltar();
+    m_lugares.erase(m_via);
+}
+
+/// The tables that an ODBC driver of SQLite makes have ordinary names.
+Sentencia PruebaVias::escrita(QString sentencia) const
+{
+    if (m_via == Via::Odbc || m_via == Via::Anfitrion)
+        sentencia.remove(u'#');
+    return Sentencia::deConsola(sentencia);
 }
 
 } // namespace nv::pruebas

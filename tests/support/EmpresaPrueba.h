@@ -1,6 +1,7 @@
 #pragma once
 
-#include "common/cEmpresa.h"
+#include "nvArticulo/cEmpresa.h"
+#include "nvArticulo/clsConfig.h"
 
 #include <QHash>
 
@@ -35,6 +36,23 @@ public:
     QHash<QString, QString> valores{{QStringLiteral("Almacen_PD"), QStringLiteral("1")},
                                     {QStringLiteral("Articulos_BusquedaCantMax"), QStringLiteral("150")},
                                     {QStringLiteral("OficinaCentral"), QStringLiteral("1")}};
+};
+
+/// Parameters by their whole key.
+class ParametrosPrueba : public NVUTConfig::clsConfig
+{
+public:
+    void setcEmpresa(const ::cEmpresa *) override {}
+    QVariant GetParametro_App(const QString &clave, const QVariant &defecto) const override
+    {
+        return deAplicacion.value(clave, defecto);
+    }
+    QVariant GetParametro_Usuario(const QString &clave, const QVariant &defecto) const override
+    {
+        return deUsuario.value(clave, defecto);
+    }
+    QHash<QString, QVariant> deAplicacion;
+    QHash<QString, QVariant> deUsuario;
 };
 
 } // namespace nv::pruebas

@@ -1,4 +1,4 @@
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
 
 #include "common/Valores.h"
 
@@ -17,6 +17,12 @@ Sentencia &Sentencia::operator<<(Fragmento fragmento)
 {
     m_texto += fragmento.texto();
     return *this;
+}
+
+Sentencia &Sentencia::operator<<(Orden orden)
+{
+    m_orden = m_texto.size();
+    return *this << orden.fragmento();
 }
 
 Sentencia &Sentencia::operator<<(ComoEscrito valor)
@@ -75,6 +81,8 @@ Sentencia &Sentencia::operator<<(QDate fecha)
 
 Sentencia &Sentencia::operator<<(const Sentencia &otra)
 {
+    if (otra.m_orden >= 0)
+        m_orden = m_texto.size() + otra.m_orden;
     m_texto += otra.m_texto;
     if (m_defecto.isEmpty())
         m_defecto = otra.m_defecto;
@@ -85,9 +93,20 @@ Sentencia Sentencia::desdeFrom() const
 {
     Sentencia resto;
     const qsizetype inicio = m_texto.indexOf(u"FROM"_s, 0, Qt::CaseSensitive);
-    if (inicio >= 0)
+    if (inicio >= 0) {
         resto.m_texto = m_texto.sliced(inicio);
+        resto.m_orden = std::max<qsizetype>(m_orden - inicio, -1);
+    }
     resto.m_defecto = m_defecto;
+    return resto;
+}
+
+Sentencia Sentencia::sinOrden() const
+{
+    Sentencia resto = *this;
+    if (m_orden >= 0)
+        resto.m_texto.truncate(m_orden);
+    resto.m_orden = -1;
     return resto;
 }
 

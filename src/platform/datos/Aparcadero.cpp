@@ -1,6 +1,6 @@
 #include "platform/datos/Aparcadero.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 #include <algorithm>
 #include <optional>
@@ -134,16 +134,16 @@ void ConexionAparcadora::aparcar()
         resultado->aparcar();
 }
 
-std::unique_ptr<FuenteRegistros> ConexionAparcadora::abrir(const QString &texto)
+std::unique_ptr<FuenteRegistros> ConexionAparcadora::abrir(const Sentencia &sentencia)
 {
     aparcar();
-    return std::make_unique<ResultadoAparcable>(*this, abrirCursor(texto));
+    return std::make_unique<ResultadoAparcable>(*this, abrirCursor(sentencia));
 }
 
-qint64 ConexionAparcadora::ejecutar(const QString &texto)
+qint64 ConexionAparcadora::ejecutar(const Sentencia &sentencia)
 {
     aparcar();
-    return ejecutarSolo(texto);
+    return ejecutarSolo(sentencia);
 }
 
 void ConexionAparcadora::comenzar()

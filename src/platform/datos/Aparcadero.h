@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Conexion.h"
+#include "nvArticulo/Conexion.h"
 
 #include <vector>
 
@@ -27,8 +27,8 @@ public:
     ~ConexionAparcadora() override;
 
 protected:
-    virtual std::unique_ptr<Cursor> abrirCursor(const QString &texto) = 0;
-    virtual qint64 ejecutarSolo(const QString &texto) = 0;
+    virtual std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) = 0;
+    virtual qint64 ejecutarSolo(const Sentencia &sentencia) = 0;
     virtual void comenzarSolo() = 0;
     virtual void confirmarSolo() = 0;
     virtual void deshacerSolo() = 0;
@@ -40,8 +40,8 @@ protected:
 private:
     friend class ResultadoAparcable;
 
-    std::unique_ptr<FuenteRegistros> abrir(const QString &texto) final;
-    qint64 ejecutar(const QString &texto) final;
+    std::unique_ptr<FuenteRegistros> abrir(const Sentencia &sentencia) final;
+    qint64 ejecutar(const Sentencia &sentencia) final;
     void comenzar() final;
     void confirmar() final;
     void deshacer() final;

@@ -18,7 +18,7 @@ namespace {
 
 std::vector<Lexema> sinBlancos(QStringView sentencia)
 {
-    std::vector<Lexema> lista = lexemas(sentencia);
+    Lexemas lista(sentencia);
     std::erase_if(lista, [](const Lexema &lexema) { return lexema.tipo == Lexema::Tipo::Blanco; });
     return lista;
 }

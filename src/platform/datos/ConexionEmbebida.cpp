@@ -1,10 +1,10 @@
 #include "platform/datos/ConexionEmbebida.h"
 
+#include "nvArticulo/Motores.h"
 #include "platform/datos/Apertura.h"
 #include "platform/datos/Catalogo.h"
 #include "platform/datos/ErroresSqlite.h"
 #include "platform/datos/Funciones.h"
-#include "platform/datos/Motores.h"
 
 #include <QVariant>
 
@@ -104,7 +104,7 @@ public:
 
 bool cambiaFilas(const QString &forma)
 {
-    for (const Lexema &lexema : lexemas(forma)) {
+    for (const Lexema &lexema : Lexemas(forma)) {
         if (lexema.tipo != Lexema::Tipo::Blanco)
             return lexema.es(u"INSERT") || lexema.es(u"UPDATE") || lexema.es(u"DELETE");
     }
@@ -167,42 +167,42 @@ int ConexionEmbebida::esperar(void *conexion, int veces)
     return 1;
 }
 
-std::shared_ptr<Preparada> ConexionEmbebida::vinculada(const Plantilla &plantilla)
+std::shared_ptr<Preparada> ConexionEmbebida::vinculada(const Parametrizada &parametrizada)
 {
-    std::shared_ptr<Preparada> preparada = m_cache.obtener(m_base.get(), plantilla);
+    std::shared_ptr<Preparada> preparada = m_cache.obtener(m_base.get(), parametrizada);
     if (preparada->tablaNueva().isEmpty() && preparada->cribables()) {
-        std::optional<Candidatos> candidatos = trigramas::buscar(m_base.get(), *preparada->cribables(), plantilla);
+        std::optional<Candidatos> candidatos = trigramas::buscar(m_base.get(), *preparada->cribables(), parametrizada);
         if (candidatos) {
-            preparada = m_cache.obtener(m_base.get(), plantilla, candidatos->criba());
-            preparada->vincular(plantilla, std::move(*candidatos));
+            preparada = m_cache.obtener(m_base.get(), parametrizada, candidatos->criba());
+            preparada->vincular(parametrizada, std::move(*candidatos));
             return preparada;
         }
     }
-    preparada->vincular(plantilla);
+    preparada->vincular(parametrizada);
     return preparada;
 }
 
-std::unique_ptr<Cursor> ConexionEmbebida::abrirCursor(const QString &texto)
+std::unique_ptr<Cursor> ConexionEmbebida::abrirCursor(const Sentencia &sentencia)
 {
-    const Plantilla plantilla = datos::plantilla(texto);
-    std::shared_ptr<Preparada> preparada = vinculada(plantilla);
+    const Parametrizada parametrizada = datos::parametrizar(sentencia.texto());
+    std::shared_ptr<Preparada> preparada = vinculada(parametrizada);
     if (!preparada->tablaNueva().isEmpty()) {
-        crearDesde(*preparada, plantilla);
+        crearDesde(*preparada, parametrizada);
         return std::make_unique<CursorVacio>();
     }
     return std::make_unique<CursorSqlite>(m_base.get(), std::move(preparada));
 }
 
-qint64 ConexionEmbebida::ejecutarSolo(const QString &texto)
+qint64 ConexionEmbebida::ejecutarSolo(const Sentencia &sentencia)
 {
-    const Plantilla plantilla = datos::plantilla(texto);
-    const std::shared_ptr<Preparada> preparada = vinculada(plantilla);
+    const Parametrizada parametrizada = datos::parametrizar(sentencia.texto());
+    const std::shared_ptr<Preparada> preparada = vinculada(parametrizada);
     if (!preparada->tablaNueva().isEmpty())
-        return crearDesde(*preparada, plantilla);
-    return ejecutar(*preparada, plantilla);
+        return crearDesde(*preparada, parametrizada);
+    return ejecutar(*preparada, parametrizada);
 }
 
-qint64 ConexionEmbebida::ejecutar(Preparada &preparada, const Plantilla &plantilla)
+qint64 ConexionEmbebida::ejecutar(Preparada &preparada, const Parametrizada &parametrizada)
 {
     sqlite3_stmt *sentencia = preparada.sentencia();
     int codigo = SQLITE_ROW;
@@ -213,14 +213,14 @@ qint64 ConexionEmbebida::ejecutar(Preparada &preparada, const Plantilla &plantil
         sqlite3_reset(sentencia);
         throw error;
     }
-    const qint64 filas = cambiaFilas(plantilla.forma) ? sqlite3_changes64(m_base.get()) : 0;
+    const qint64 filas = cambiaFilas(parametrizada.forma) ? sqlite3_changes64(m_base.get()) : 0;
     sqlite3_reset(sentencia);
     if (filas > 0 && sqlite3_get_autocommit(m_base.get()) != 0)
         trigramas::ponerAlDia(m_base.get());
     return filas;
 }
 
-qint64 ConexionEmbebida::crearDesde(Preparada &preparada, const Plantilla &plantilla)
+qint64 ConexionEmbebida::crearDesde(Preparada &preparada, const Parametrizada &parametrizada)
 {
     sqlite3_stmt *consulta = preparada.sentencia();
     const QString tabla = entreCorchetes(preparada.tablaNueva());
@@ -231,7 +231,7 @@ qint64 ConexionEmbebida::crearDesde(Preparada &preparada, const Plantilla &plant
         const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> sentencia(preparar(m_base.get(), sql, false),
                                                                                    &sqlite3_finalize);
         if (conValores)
-            preparada.vincular(plantilla, sentencia.get());
+            preparada.vincular(parametrizada, sentencia.get());
         if (sqlite3_step(sentencia.get()) != SQLITE_DONE)
             throw errorDe(m_base.get());
     };

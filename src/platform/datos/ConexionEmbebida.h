@@ -19,17 +19,17 @@ public:
     ~ConexionEmbebida() override;
 
 private:
-    std::unique_ptr<Cursor> abrirCursor(const QString &texto) override;
-    qint64 ejecutarSolo(const QString &texto) override;
+    std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) override;
+    qint64 ejecutarSolo(const Sentencia &sentencia) override;
     void comenzarSolo() override;
     void confirmarSolo() override;
     void deshacerSolo() override;
 
     /// Prepared and filled, with a sieve where the trigram index can give one.
-    std::shared_ptr<Preparada> vinculada(const Plantilla &plantilla);
-    qint64 ejecutar(Preparada &preparada, const Plantilla &plantilla);
+    std::shared_ptr<Preparada> vinculada(const Parametrizada &parametrizada);
+    qint64 ejecutar(Preparada &preparada, const Parametrizada &parametrizada);
     /// SELECT … INTO: the table takes the types and orders of the columns that it is made from.
-    qint64 crearDesde(Preparada &preparada, const Plantilla &plantilla);
+    qint64 crearDesde(Preparada &preparada, const Parametrizada &parametrizada);
     void directa(const char *sql);
     static int esperar(void *conexion, int veces);
 

@@ -1,12 +1,11 @@
 #include "platform/datos/ConexionOdbc.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
 #include "platform/datos/Catalogo.h"
 #include "platform/datos/ConexionOdbcErrores.h"
 #include "platform/datos/ConexionOdbcTextos.h"
 #include "platform/datos/ConexionOdbcValores.h"
-#include "platform/datos/DialectoServidor.h"
-#include "platform/datos/Motores.h"
 
 #include <QSqlDriver>
 #include <QSqlError>
@@ -167,7 +166,7 @@ ConexionOdbc::~ConexionOdbc()
 /// Statements carry dates as dd/mm/yyyy whatever the language of the login.
 void ConexionOdbc::ajustarSesion()
 {
-    const QString orden = u"SET DATEFORMAT dmy"_s;
+    const Sentencia orden(u"SET DATEFORMAT dmy");
     const QSqlDriver::DbmsType tipo = m_base.driver()->dbmsType();
     if (tipo == QSqlDriver::MSSqlServer || tipo == QSqlDriver::Sybase) {
         ejecutada(orden);
@@ -179,26 +178,26 @@ void ConexionOdbc::ajustarSesion()
     }
 }
 
-QSqlQuery ConexionOdbc::ejecutada(const QString &texto)
+QSqlQuery ConexionOdbc::ejecutada(const Sentencia &sentencia)
 {
     if (!m_base.isOpen())
         throw cerrada();
     QSqlQuery consulta(m_base);
     consulta.setForwardOnly(true);
     consulta.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts as text, not through a double
-    if (!consulta.exec(adaptarAlServidor(texto)))
+    if (!consulta.exec((sentencia.ordenPrescindible() ? sentencia.sinOrden() : sentencia).texto()))
         throw errorOdbc(consulta);
     return consulta;
 }
 
-std::unique_ptr<Cursor> ConexionOdbc::abrirCursor(const QString &texto)
+std::unique_ptr<Cursor> ConexionOdbc::abrirCursor(const Sentencia &sentencia)
 {
-    return std::make_unique<CursorOdbc>(ejecutada(texto));
+    return std::make_unique<CursorOdbc>(ejecutada(sentencia));
 }
 
-qint64 ConexionOdbc::ejecutarSolo(const QString &texto)
+qint64 ConexionOdbc::ejecutarSolo(const Sentencia &sentencia)
 {
-    QSqlQuery consulta = ejecutada(texto);
+    QSqlQuery consulta = ejecutada(sentencia);
     const qint64 filas = consulta.isSelect() ? 0 : consulta.numRowsAffected();
     // A trigger's error comes behind the count of the statement that fired it.
     while (consulta.nextResult()) {}
@@ -211,18 +210,18 @@ qint64 ConexionOdbc::ejecutarSolo(const QString &texto)
 // switch would leave every later statement in a transaction that nobody ends.
 void ConexionOdbc::comenzarSolo()
 {
-    ejecutada(u"BEGIN TRANSACTION"_s);
+    ejecutada(Sentencia(u"BEGIN TRANSACTION"));
 }
 
 void ConexionOdbc::confirmarSolo()
 {
-    ejecutada(u"COMMIT TRANSACTION"_s);
+    ejecutada(Sentencia(u"COMMIT TRANSACTION"));
 }
 
 void ConexionOdbc::deshacerSolo()
 {
     try {
-        ejecutada(u"ROLLBACK TRANSACTION"_s);
+        ejecutada(Sentencia(u"ROLLBACK TRANSACTION"));
     } catch (const Error &error) {
         if (!sinTransaccion(error))
             throw;

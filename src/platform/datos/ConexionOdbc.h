@@ -22,14 +22,14 @@ public:
 private:
     ConexionOdbc(const QSqlDatabase &base, const QString &nombrePropio);
 
-    std::unique_ptr<Cursor> abrirCursor(const QString &texto) override;
-    qint64 ejecutarSolo(const QString &texto) override;
+    std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) override;
+    qint64 ejecutarSolo(const Sentencia &sentencia) override;
     void comenzarSolo() override;
     void confirmarSolo() override;
     void deshacerSolo() override;
 
     void ajustarSesion();
-    QSqlQuery ejecutada(const QString &texto);
+    QSqlQuery ejecutada(const Sentencia &sentencia);
 
     QSqlDatabase m_base;
     QString m_nombrePropio; // in Qt's list of connections; empty when the host made it

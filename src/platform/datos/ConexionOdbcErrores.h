@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 class QSqlError;
 class QSqlQuery;

@@ -1,6 +1,6 @@
 #include "platform/datos/ConexionOdbcTextos.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 #include "platform/datos/ConexionOdbcErrores.h"
 
 #include <QSqlQuery>

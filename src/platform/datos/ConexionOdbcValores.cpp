@@ -1,6 +1,6 @@
 #include "platform/datos/ConexionOdbcValores.h"
 
-#include "common/Moneda.h"
+#include "nvArticulo/Moneda.h"
 
 #include <QSqlField>
 

@@ -20,7 +20,7 @@ struct Ficha
     bool es(QStringView palabra) const { return lexema->es(palabra); }
     bool esSigno(char16_t signo) const { return lexema->esSigno(signo); }
     bool esPalabra() const { return lexema->tipo == Tipo::Palabra; }
-    bool esMarca() const { return lexema->tipo == Tipo::Marca; }
+    bool esMarca() const { return lexema->tipo == Tipo::Hueco; }
 };
 
 using Fichas = std::span<const Ficha>;
@@ -185,7 +185,7 @@ std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &l
     bool conEmpresa = false;
     for (const Fichas parte : cortar(condicion, u"AND")) {
         if (parte.size() == 5 && parte[0].es(tablas.articulos()) && parte[1].esSigno(u'.') &&
-            parte[2].es(u"Cod_Empresa") && parte[3].esSigno(u'=') && parte[4].lexema->texto == QChar(marca::Numero)) {
+            parte[2].es(u"Cod_Empresa") && parte[3].esSigno(u'=') && parte[4].lexema->texto == QChar(hueco::Numero)) {
             salida.empresa = literal[parte[4].lugar];
             salida.lugarEmpresa = parte[0].lugar;
             conEmpresa = true;
@@ -199,7 +199,7 @@ std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &l
             const Ficha *patron = patronDe(alternativa, tablas, omision);
             // A fixed beginning already has a range of its index, which is faster.
             const bool rango = alternativas.size() == 1 && !parte[0].es(u"ISNULL") && patron &&
-                               patron->lexema->texto == QChar(marca::PatronConPrefijo);
+                               patron->lexema->texto == QChar(hueco::PatronConPrefijo);
             if (!patron || rango)
                 break;
             grupo.push_back(literal[patron->lugar]);

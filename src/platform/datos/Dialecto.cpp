@@ -21,12 +21,12 @@ class Adaptador
 {
 public:
     Adaptador(const QString &forma, Criba criba)
-        : m_lexemas(lexemas(forma))
+        : m_lexemas(forma)
         , m_criba(criba)
     {
         for (std::size_t i = 0; i < m_lexemas.size(); ++i) {
-            m_numero.push_back(m_marcas);
-            m_marcas += m_lexemas[i].tipo == Tipo::Marca ? 1 : 0;
+            m_numero.push_back(m_huecos);
+            m_huecos += m_lexemas[i].tipo == Tipo::Hueco ? 1 : 0;
         }
     }
 
@@ -35,13 +35,13 @@ public:
         std::size_t fin = m_lexemas.size();
         while (fin > 0 && (m_lexemas[fin - 1].tipo == Tipo::Blanco || m_lexemas[fin - 1].esSigno(u';')))
             --fin;
-        const std::size_t primera = salto(0);
+        const std::size_t primera = m_lexemas.salto(0);
         m_esConsulta = primera < fin && m_lexemas[primera].es(u"SELECT");
         buscarEmpresaFija(fin);
         if (primera < fin && (m_esConsulta || m_lexemas[primera].es(u"INSERT")))
             m_salida.cribables = buscarCribables(m_lexemas, m_numero);
         m_salida.sql = bloque(0, fin, 0);
-        m_salida.sql.replace(ParametroCriba, u'?' + QString::number(m_marcas + 2 * m_salida.rangos.size() + 1));
+        m_salida.sql.replace(ParametroCriba, u'?' + QString::number(m_huecos + 2 * m_salida.rangos.size() + 1));
         return std::move(m_salida);
     }
 
@@ -55,48 +55,11 @@ private:
         QStringView nombre;
     };
 
-    std::size_t salto(std::size_t i) const
-    {
-        while (i < m_lexemas.size() && m_lexemas[i].tipo == Tipo::Blanco)
-            ++i;
-        return i;
-    }
-
-    bool abre(std::size_t i) const { return i < m_lexemas.size() && m_lexemas[i].esSigno(u'('); }
-
-    /// The bracket that closes the one at `i`, or `hasta`.
-    std::size_t cierre(std::size_t i, std::size_t hasta) const
-    {
-        int nivel = 0;
-        for (; i < hasta; ++i) {
-            if (m_lexemas[i].esSigno(u'('))
-                ++nivel;
-            else if (m_lexemas[i].esSigno(u')') && --nivel == 0)
-                return i;
-        }
-        return hasta;
-    }
-
-    /// The arguments between two brackets.
-    std::vector<std::pair<std::size_t, std::size_t>> argumentos(std::size_t abierto, std::size_t cerrado) const
-    {
-        std::vector<std::pair<std::size_t, std::size_t>> lista;
-        std::size_t inicio = abierto + 1;
-        for (std::size_t i = inicio; i < cerrado; ++i) {
-            if (m_lexemas[i].esSigno(u'('))
-                i = cierre(i, cerrado);
-            else if (m_lexemas[i].esSigno(u','))
-                lista.emplace_back(std::exchange(inicio, i + 1), i);
-        }
-        lista.emplace_back(inicio, cerrado);
-        return lista;
-    }
-
     /// Class of the first known column named in a range.
     ClaseColumna::Tipo clase(std::size_t desde, std::size_t hasta) const
     {
         for (std::size_t i = desde; i < hasta; ++i) {
-            if (m_lexemas[i].tipo != Tipo::Palabra || abre(salto(i + 1)))
+            if (m_lexemas[i].tipo != Tipo::Palabra || m_lexemas.abre(m_lexemas.salto(i + 1)))
                 continue;
             const ClaseColumna::Tipo tipo = Catalogo::unico().columna(m_lexemas[i].texto).tipo;
             if (tipo != ClaseColumna::Tipo::Otro)
@@ -146,11 +109,11 @@ private:
             enCondicion = enCondicion || lexema.es(u"WHERE");
             if (!enCondicion || m_empresaFija || !esEmpresa(i))
                 continue;
-            const std::size_t igual = salto(i + 3);
-            const std::size_t valor = igual < fin && m_lexemas[igual].esSigno(u'=') ? salto(igual + 1) : fin;
-            const std::size_t despues = valor < fin ? salto(valor + 1) : fin;
+            const std::size_t igual = m_lexemas.salto(i + 3);
+            const std::size_t valor = igual < fin && m_lexemas[igual].esSigno(u'=') ? m_lexemas.salto(igual + 1) : fin;
+            const std::size_t despues = valor < fin ? m_lexemas.salto(valor + 1) : fin;
             const bool entero = despues >= fin || m_lexemas[despues].tipo == Tipo::Palabra;
-            if (valor < fin && m_lexemas[valor].texto == QChar(marca::Numero) && entero)
+            if (valor < fin && m_lexemas[valor].texto == QChar(hueco::Numero) && entero)
                 m_empresaFija = EmpresaFija{lexema.texto, parametro(valor)};
         }
         // A subquery that gives the name to a table of its own means that one.
@@ -193,13 +156,13 @@ private:
             salida += lexema.texto;
             return i + 1;
         }
-        if (lexema.tipo == Tipo::Marca) {
+        if (lexema.tipo == Tipo::Hueco) {
             salida += parametro(i);
             columna = {};
             return i + 1;
         }
         if (lexema.esSigno(u'(')) {
-            const std::size_t fin = cierre(i, hasta);
+            const std::size_t fin = m_lexemas.cierre(i, hasta);
             salida += u'(' + bloque(i + 1, fin, nivel + 1);
             if (fin < hasta)
                 salida += u')';
@@ -229,7 +192,7 @@ private:
     std::size_t palabra(std::size_t i, std::size_t hasta, int nivel, QString &salida, Columna &columna)
     {
         const Lexema &lexema = m_lexemas[i];
-        if (abre(salto(i + 1))) {
+        if (m_lexemas.abre(m_lexemas.salto(i + 1))) {
             const std::size_t despues = funcion(i, hasta, nivel, salida);
             if (despues != i) {
                 columna = {};
@@ -239,14 +202,14 @@ private:
         if (lexema.es(u"SELECT"))
             return seleccion(i, hasta, salida);
         if (lexema.es(u"INTO") && m_esConsulta && nivel == 0) {
-            const std::size_t nombre = salto(i + 1);
+            const std::size_t nombre = m_lexemas.salto(i + 1);
             m_salida.tablaNueva = nombre < hasta ? m_lexemas[nombre].texto.toString() : QString();
             return std::min(nombre + 1, hasta);
         }
         if (lexema.es(u"LIKE") && columna.inicio >= 0)
             return like(i, salida, columna);
         if (lexema.es(u"N") && i + 1 < hasta &&
-            (m_lexemas[i + 1].tipo == Tipo::Marca || m_lexemas[i + 1].tipo == Tipo::Texto))
+            (m_lexemas[i + 1].tipo == Tipo::Hueco || m_lexemas[i + 1].tipo == Tipo::Texto))
             return i + 1;
         if (nivel > 0 && m_empresaFija && esEmpresa(i) && lexema.es(m_empresaFija->alias)) {
             salida += m_empresaFija->parametro;
@@ -263,39 +226,39 @@ private:
     std::size_t seleccion(std::size_t i, std::size_t hasta, QString &salida)
     {
         salida += m_lexemas[i].texto;
-        std::size_t j = salto(i + 1);
+        std::size_t j = m_lexemas.salto(i + 1);
         if (j < hasta && (m_lexemas[j].es(u"DISTINCT") || m_lexemas[j].es(u"ALL"))) {
             salida += u' ' + m_lexemas[j].texto.toString();
-            j = salto(j + 1);
+            j = m_lexemas.salto(j + 1);
         }
         if (j >= hasta || !m_lexemas[j].es(u"TOP")) {
             salida += u' ';
             return std::min(j, hasta);
         }
-        std::size_t numero = salto(j + 1);
-        const bool conParentesis = abre(numero);
+        std::size_t numero = m_lexemas.salto(j + 1);
+        const bool conParentesis = m_lexemas.abre(numero);
         if (conParentesis)
-            numero = salto(numero + 1);
+            numero = m_lexemas.salto(numero + 1);
         if (numero >= hasta)
             return j;
-        m_limite = m_lexemas[numero].tipo == Tipo::Marca ? parametro(numero) : m_lexemas[numero].texto.toString();
-        const std::size_t ultimo = conParentesis ? salto(numero + 1) : numero;
+        m_limite = m_lexemas[numero].tipo == Tipo::Hueco ? parametro(numero) : m_lexemas[numero].texto.toString();
+        const std::size_t ultimo = conParentesis ? m_lexemas.salto(numero + 1) : numero;
         return std::min(ultimo + 1, hasta);
     }
 
     /// `column LIKE 'ABC%'` loses the engine's own index range because LIKE is ours: the range is spelt out beside it.
     std::size_t like(std::size_t i, QString &salida, const Columna &columna)
     {
-        const std::size_t patron = salto(i + 1);
+        const std::size_t patron = m_lexemas.salto(i + 1);
         const ClaseColumna clase = Catalogo::unico().columna(columna.nombre);
-        if (patron >= m_lexemas.size() || m_lexemas[patron].texto != QChar(marca::PatronConPrefijo) ||
+        if (patron >= m_lexemas.size() || m_lexemas[patron].texto != QChar(hueco::PatronConPrefijo) ||
             clase.tipo != ClaseColumna::Tipo::Texto || !clase.indexada) {
             salida += m_lexemas[i].texto;
             return i + 1;
         }
         const QString operando = salida.sliced(columna.inicio).trimmed();
         salida.truncate(columna.inicio);
-        const std::size_t desde = m_marcas + 2 * m_salida.rangos.size() + 1;
+        const std::size_t desde = m_huecos + 2 * m_salida.rangos.size() + 1;
         salida +=
             u"(%1 LIKE %2 AND %1 >= ?%3 AND %1 < ?%4)"_s.arg(operando, parametro(patron)).arg(desde).arg(desde + 1);
         m_salida.rangos.push_back(m_numero[patron]);
@@ -305,11 +268,11 @@ private:
     /// A function that the engine lacks or that would lose its column's order; `i` when it is none of these.
     std::size_t funcion(std::size_t i, std::size_t hasta, int nivel, QString &salida)
     {
-        const std::size_t abierto = salto(i + 1);
-        const std::size_t cerrado = cierre(abierto, hasta);
+        const std::size_t abierto = m_lexemas.salto(i + 1);
+        const std::size_t cerrado = m_lexemas.cierre(abierto, hasta);
         if (cerrado >= hasta)
             return i;
-        const auto partes = argumentos(abierto, cerrado);
+        const auto partes = m_lexemas.argumentos(abierto, cerrado);
         const auto parte = [&](std::size_t n) { return bloque(partes[n].first, partes[n].second, nivel + 1); };
         const Lexema &nombre = m_lexemas[i];
         if (nombre.es(u"ISNULL") && partes.size() == 2) {
@@ -329,7 +292,7 @@ private:
 
     bool conversion(const std::vector<std::pair<std::size_t, std::size_t>> &partes, int nivel, QString &salida)
     {
-        const Lexema &tipo = m_lexemas[salto(partes[0].first)];
+        const Lexema &tipo = m_lexemas[m_lexemas.salto(partes[0].first)];
         const QString valor = bloque(partes[1].first, partes[1].second, nivel + 1);
         if (claseDeTipo(tipo.texto) == ClaseColumna::Tipo::Texto) {
             const bool importe = clase(partes[1].first, partes[1].second) == ClaseColumna::Tipo::Importe;
@@ -350,10 +313,10 @@ private:
         QString parametro;
     };
 
-    std::vector<Lexema> m_lexemas;
+    const Lexemas m_lexemas;
     Criba m_criba;
     std::vector<std::size_t> m_numero; // literals before each token
-    std::size_t m_marcas = 0;
+    std::size_t m_huecos = 0;
     bool m_esConsulta = false;
     std::optional<EmpresaFija> m_empresaFija;
     QString m_limite;

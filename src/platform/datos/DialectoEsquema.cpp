@@ -58,7 +58,7 @@ TipoColumna tipoColumna(const std::vector<Lexema> &lista, std::size_t i)
 bool esDefinicionDeTabla(QStringView sentencia)
 {
     int palabras = 0;
-    for (const Lexema &lexema : lexemas(sentencia)) {
+    for (const Lexema &lexema : Lexemas(sentencia)) {
         if (lexema.tipo == Tipo::Blanco)
             continue;
         if (!lexema.es(palabras == 0 ? u"CREATE" : u"TABLE"))
@@ -71,7 +71,7 @@ bool esDefinicionDeTabla(QStringView sentencia)
 
 QString adaptarTabla(const QString &sentencia)
 {
-    const std::vector<Lexema> lista = lexemas(sentencia);
+    const Lexemas lista(sentencia);
     QString salida;
     int nivel = 0;
     bool enNombre = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 struct sqlite3;
 

@@ -1,7 +1,7 @@
 #include "platform/datos/Funciones.h"
 
-#include "common/Error.h"
-#include "common/Moneda.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Moneda.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/PatronLike.h"
 #include "platform/datos/Trigramas.h"

@@ -1,7 +1,7 @@
 #include "platform/datos/Lexico.h"
 
-#include "common/Error.h"
 #include "common/Valores.h"
+#include "nvArticulo/Error.h"
 
 #include <optional>
 
@@ -101,8 +101,8 @@ Lexema siguiente(QStringView texto, qsizetype i)
             ++fin;
         return hasta(Tipo::Palabra, fin);
     }
-    if (c >= marca::Numero && c <= marca::PatronConPrefijo)
-        return hasta(Tipo::Marca, i + 1);
+    if (c >= hueco::Numero && c <= hueco::PatronConPrefijo)
+        return hasta(Tipo::Hueco, i + 1);
     return hasta(Tipo::Signo, i + 1);
 }
 
@@ -185,9 +185,9 @@ QString Literal::texto() const
     return comillasDobladas ? escrito.toString().replace(u"''"_s, u"'"_s) : escrito.toString();
 }
 
-Plantilla plantilla(QStringView sentencia)
+Parametrizada parametrizar(QStringView sentencia)
 {
-    Plantilla resultado;
+    Parametrizada resultado;
     resultado.forma.reserve(sentencia.size());
     ContextoNumeros contexto;
     bool primera = true;
@@ -206,7 +206,7 @@ Plantilla plantilla(QStringView sentencia)
             contexto.palabra(lexema.texto);
             break;
         case Lexema::Tipo::Signo:
-        case Lexema::Tipo::Marca:
+        case Lexema::Tipo::Hueco:
             if (lexema.texto[0] < u' ')
                 throw Error{SentenciaMalEscrita, u"Carácter no válido en la sentencia."_s, {}};
             contexto.signo(lexema.texto);
@@ -221,10 +221,10 @@ Plantilla plantilla(QStringView sentencia)
         if (!literal) {
             resultado.forma += lexema.texto;
         } else if (!literal->esTexto) {
-            resultado.forma += QChar(marca::Numero);
+            resultado.forma += QChar(hueco::Numero);
         } else {
             const bool conPrefijo = trasLike && !literal->escrito.isEmpty() && !comodin(literal->escrito[0]);
-            resultado.forma += QChar(conPrefijo ? marca::PatronConPrefijo : marca::Texto);
+            resultado.forma += QChar(conPrefijo ? hueco::PatronConPrefijo : hueco::Texto);
         }
         if (literal)
             resultado.literales.push_back(*literal);
@@ -233,13 +233,44 @@ Plantilla plantilla(QStringView sentencia)
     return resultado;
 }
 
-std::vector<Lexema> lexemas(QStringView forma)
+Lexemas::Lexemas(QStringView forma)
 {
-    std::vector<Lexema> lista;
     for (qsizetype i = 0; i < forma.size();) {
-        lista.push_back(siguiente(forma, i));
-        i += lista.back().texto.size();
+        push_back(siguiente(forma, i));
+        i += back().texto.size();
     }
+}
+
+std::size_t Lexemas::salto(std::size_t i) const
+{
+    while (i < size() && (*this)[i].tipo == Lexema::Tipo::Blanco)
+        ++i;
+    return i;
+}
+
+std::size_t Lexemas::cierre(std::size_t i, std::size_t hasta) const
+{
+    int nivel = 0;
+    for (; i < hasta; ++i) {
+        if ((*this)[i].esSigno(u'('))
+            ++nivel;
+        else if ((*this)[i].esSigno(u')') && --nivel == 0)
+            return i;
+    }
+    return hasta;
+}
+
+std::vector<std::pair<std::size_t, std::size_t>> Lexemas::argumentos(std::size_t abierto, std::size_t cerrado) const
+{
+    std::vector<std::pair<std::size_t, std::size_t>> lista;
+    std::size_t inicio = abierto + 1;
+    for (std::size_t i = inicio; i < cerrado; ++i) {
+        if (abre(i))
+            i = cierre(i, cerrado);
+        else if ((*this)[i].esSigno(u','))
+            lista.emplace_back(std::exchange(inicio, i + 1), i);
+    }
+    lista.emplace_back(inicio, cerrado);
     return lista;
 }
 

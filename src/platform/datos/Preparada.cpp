@@ -72,30 +72,30 @@ Preparada::~Preparada()
     sqlite3_finalize(m_sentencia);
 }
 
-void Preparada::vincular(const Plantilla &plantilla) const
+void Preparada::vincular(const Parametrizada &parametrizada) const
 {
-    vincular(plantilla, m_sentencia);
+    vincular(parametrizada, m_sentencia);
 }
 
-void Preparada::vincular(const Plantilla &plantilla, Candidatos candidatos) const
+void Preparada::vincular(const Parametrizada &parametrizada, Candidatos candidatos) const
 {
-    const int lugar = vincular(plantilla, m_sentencia) + 1;
+    const int lugar = vincular(parametrizada, m_sentencia) + 1;
     if (m_criba == Criba::Lista)
         vincularTexto(m_sentencia, lugar, candidatos.lista());
     else
         trigramas::vincular(m_sentencia, lugar, std::move(candidatos));
 }
 
-int Preparada::vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const
+int Preparada::vincular(const Parametrizada &parametrizada, sqlite3_stmt *otra) const
 {
     const int ultimo = sqlite3_bind_parameter_count(otra);
     int lugar = 0;
-    for (const Literal &literal : plantilla.literales) {
+    for (const Literal &literal : parametrizada.literales) {
         if (++lugar <= ultimo)
             vincularLiteral(otra, lugar, literal);
     }
     for (const std::size_t cual : m_rangos) {
-        const QString prefijo = prefijoPatron(plantilla.literales[static_cast<qsizetype>(cual)].texto());
+        const QString prefijo = prefijoPatron(parametrizada.literales[static_cast<qsizetype>(cual)].texto());
         vincularTexto(otra, ++lugar, prefijo.toUtf8());
         vincularTexto(otra, ++lugar, prefijo.toUtf8() + "\xF4\x8F\xBF\xBF");
     }
@@ -115,18 +115,18 @@ const QStringList &Preparada::nombres()
     return m_nombres;
 }
 
-std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Plantilla &plantilla, Criba criba)
+std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Parametrizada &parametrizada, Criba criba)
 {
     const QString clave =
-        criba == Criba::Ninguna ? plantilla.forma : plantilla.forma + QChar(static_cast<char16_t>(criba));
+        criba == Criba::Ninguna ? parametrizada.forma : parametrizada.forma + QChar(static_cast<char16_t>(criba));
     const auto lugar = m_indice.constFind(clave);
     if (lugar != m_indice.constEnd()) {
         m_entradas.splice(m_entradas.begin(), m_entradas, *lugar);
         return m_entradas.front().preparada;
     }
-    auto preparada = std::make_shared<Preparada>(base, plantilla.forma, criba);
+    auto preparada = std::make_shared<Preparada>(base, parametrizada.forma, criba);
     // Statements without lifted literals are the schema's, seldom run twice.
-    if (plantilla.literales.isEmpty() || plantilla.forma.size() > FormaMaxima)
+    if (parametrizada.literales.isEmpty() || parametrizada.forma.size() > FormaMaxima)
         return preparada;
     if (m_indice.size() >= Capacidad) {
         m_indice.remove(m_entradas.back().forma);

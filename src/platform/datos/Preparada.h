@@ -32,11 +32,11 @@ public:
     /// Conditions for which a sieve can be set.
     const std::optional<CondicionesCribables> &cribables() const { return m_cribables; }
 
-    void vincular(const Plantilla &plantilla) const;
+    void vincular(const Parametrizada &parametrizada) const;
     /// For a statement with a sieve.
-    void vincular(const Plantilla &plantilla, Candidatos candidatos) const;
+    void vincular(const Parametrizada &parametrizada, Candidatos candidatos) const;
     /// The same values for another statement that has the same parameters; returns the last one's place.
-    int vincular(const Plantilla &plantilla, sqlite3_stmt *otra) const;
+    int vincular(const Parametrizada &parametrizada, sqlite3_stmt *otra) const;
 
     /// Names of the result's columns, read again after the engine prepared anew for a changed table.
     const QStringList &nombres();
@@ -56,7 +56,7 @@ private:
 class CachePreparadas
 {
 public:
-    std::shared_ptr<Preparada> obtener(sqlite3 *base, const Plantilla &plantilla, Criba criba = Criba::Ninguna);
+    std::shared_ptr<Preparada> obtener(sqlite3 *base, const Parametrizada &parametrizada, Criba criba = Criba::Ninguna);
     void vaciar();
     qsizetype tamano() const { return m_indice.size(); }
 

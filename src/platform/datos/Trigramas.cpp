@@ -105,13 +105,13 @@ QString consultaDe(const QString &patron)
     return trigramas.join(u" AND "_s);
 }
 
-QString consultaDe(const CondicionesCribables &condiciones, const Plantilla &plantilla)
+QString consultaDe(const CondicionesCribables &condiciones, const Parametrizada &parametrizada)
 {
     QStringList todas;
     for (const std::vector<std::size_t> &grupo : condiciones.grupos) {
         QStringList una;
         for (const std::size_t literal : grupo)
-            una.push_back(consultaDe(plantilla.literales[static_cast<qsizetype>(literal)].texto()));
+            una.push_back(consultaDe(parametrizada.literales[static_cast<qsizetype>(literal)].texto()));
         una.removeDuplicates();
         if (!una.contains(QString()))
             todas.push_back(u"(("_s + una.join(u") OR ("_s) + u"))"_s);
@@ -196,15 +196,16 @@ void ponerAlDia(sqlite3 *base)
     }
 }
 
-std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &condiciones, const Plantilla &plantilla)
+std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &condiciones,
+                                 const Parametrizada &parametrizada)
 {
-    const auto literal = [&](std::size_t cual) { return plantilla.literales[static_cast<qsizetype>(cual)]; };
+    const auto literal = [&](std::size_t cual) { return parametrizada.literales[static_cast<qsizetype>(cual)]; };
     const auto larga = [&](std::size_t cual) { return literal(cual).escrito.size() >= Largo; };
     bool entera = false;
     const qint64 empresa = literal(condiciones.empresa).escrito.toShort(&entera);
     if (!entera || std::any_of(condiciones.omisiones.begin(), condiciones.omisiones.end(), larga))
         return {};
-    const QString consulta = consultaDe(condiciones, plantilla);
+    const QString consulta = consultaDe(condiciones, parametrizada);
     if (consulta.isEmpty())
         return {};
     const Sentencia sentencia =

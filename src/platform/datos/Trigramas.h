@@ -46,7 +46,8 @@ void crear(sqlite3 *base);
 void ponerAlDia(sqlite3 *base);
 
 /// Empty when no pattern has three letters in a row to look for. Throws Error.
-std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &condiciones, const Plantilla &plantilla);
+std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &condiciones,
+                                 const Parametrizada &parametrizada);
 
 /// Registers NV_CANDIDATO(candidates, code). Returns the engine's result code.
 int registrarFuncion(sqlite3 *base);

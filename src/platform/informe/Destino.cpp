@@ -1,6 +1,6 @@
 #include "platform/informe/Destino.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 #include "platform/widgets/DialogoPropio.h"
 
 #include <QFileDialog>

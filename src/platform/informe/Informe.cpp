@@ -1,6 +1,6 @@
 #include "platform/informe/Informe.h"
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDir>

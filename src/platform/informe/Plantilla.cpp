@@ -1,8 +1,8 @@
 #include "platform/informe/Plantilla.h"
 
-#include "common/Error.h"
-#include "common/Moneda.h"
 #include "common/Valores.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Moneda.h"
 
 #include <functional>
 

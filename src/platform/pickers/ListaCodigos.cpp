@@ -1,6 +1,7 @@
 #include "platform/pickers/ListaCodigos.h"
 
-#include "common/Registros.h"
+#include "nvArticulo/Registros.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
@@ -8,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -31,7 +31,7 @@ QString plegado(const QString &texto)
 } // namespace
 
 ListaCodigos::ListaCodigos(const QString &titulo, bool numericos, QWidget *padre)
-    : QDialog(padre)
+    : FormularioModal(padre)
     , m_filtro(new nvTextBox(this))
     , m_lista(new Rejilla(this))
 {
@@ -40,30 +40,18 @@ ListaCodigos::ListaCodigos(const QString &titulo, bool numericos, QWidget *padre
     m_filtro->setObjectName(u"txtFiltro"_s);
     m_filtro->setClearButtonEnabled(true);
     m_filtro->setPlaceholderText(u"Parte del nombre o del código"_s);
-    auto *rotulo = new QLabel(u"&Buscar:"_s, this);
-    rotulo->setBuddy(m_filtro);
     m_lista->setObjectName(u"vsLista"_s);
     m_lista->setAccessibleName(titulo);
-    m_lista->setColumnas({{u"Código"_s, 1100, numericos ? Qt::AlignRight : Qt::AlignLeft}, {u"Nombre"_s, 3000}});
-    auto *aceptarBoton = new QPushButton(u"&Aceptar"_s, this);
-    auto *cancelarBoton = new QPushButton(u"&Cancelar"_s, this);
-    aceptarBoton->setObjectName(u"cmdAceptar"_s);
-    cancelarBoton->setObjectName(u"cmdCancelar"_s);
-    // Enter belongs to the filter and the list.
-    aceptarBoton->setAutoDefault(false);
-    cancelarBoton->setAutoDefault(false);
+    m_lista->setColumnas({{u"Código", 1100, numericos ? Qt::AlignRight : Qt::AlignLeft}, {u"Nombre", 3000}});
 
     auto *arriba = new QHBoxLayout;
-    arriba->addWidget(rotulo);
+    arriba->addWidget(nuevoRotulo(u"&Buscar:"_s, m_filtro, this));
     arriba->addWidget(m_filtro);
-    auto *abajo = new QHBoxLayout;
-    abajo->addStretch();
-    abajo->addWidget(aceptarBoton);
-    abajo->addWidget(cancelarBoton);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(arriba);
     todo->addWidget(m_lista);
-    todo->addLayout(abajo);
+    todo->addLayout(botonera());
+    atajosAceptarCancelar();
     resize(twips::aPixeles(6600, this), twips::aPixeles(6000, this));
 
     m_filtro->installEventFilter(this);
@@ -80,8 +68,6 @@ ListaCodigos::ListaCodigos(const QString &titulo, bool numericos, QWidget *padre
         m_filtro->end(false);
         m_filtro->insert(texto);
     });
-    connect(aceptarBoton, &QPushButton::clicked, this, &ListaCodigos::aceptar);
-    connect(cancelarBoton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void ListaCodigos::llenar(Registros &registros, const QString &actual)
@@ -130,7 +116,7 @@ bool ListaCodigos::eventFilter(QObject *objeto, QEvent *evento)
             break;
         }
     }
-    return QDialog::eventFilter(objeto, evento);
+    return FormularioModal::eventFilter(objeto, evento);
 }
 
 void ListaCodigos::mover(QKeyEvent *evento)
@@ -145,7 +131,7 @@ void ListaCodigos::aceptar()
     if (m_lista->filaActual() == 0)
         return;
     m_elegido = m_lista->texto(m_lista->filaActual(), Codigo);
-    accept();
+    hide();
 }
 
 } // namespace nv

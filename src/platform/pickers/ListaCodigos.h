@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/widgets/FormularioModal.h"
 #include "platform/widgets/Rejilla.h"
 
-#include <QDialog>
 #include <vector>
 
 class nvTextBox;
@@ -13,7 +13,7 @@ class Registros;
 
 /// The list that a picker offers: codes and names, narrowed by what is typed on top. Enter or a double click takes the
 /// current row, Esc none.
-class ListaCodigos : public QDialog
+class ListaCodigos : public FormularioModal
 {
     Q_OBJECT
 
@@ -22,10 +22,13 @@ public:
 
     /// Reads columns `Codigo` and `Nombre` to the end; the row of `actual` becomes current. Throws Error.
     void llenar(Registros &registros, const QString &actual);
+    /// Returns once it has hidden itself.
+    void MostrarModal() { ejecutar(); }
     /// The code taken; empty for none.
     QString elegido() const { return m_elegido; }
 
 protected:
+    void aceptar() override;
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
 private:
@@ -37,7 +40,6 @@ private:
     };
     void filtrar();
     void mover(QKeyEvent *evento);
-    void aceptar();
 
     nvTextBox *m_filtro;
     Rejilla *m_lista;

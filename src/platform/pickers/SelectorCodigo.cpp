@@ -1,6 +1,7 @@
 #include "platform/pickers/SelectorCodigo.h"
 
-#include "common/Conexion.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/ListaCodigos.h"
 #include "platform/widgets/DialogoPropio.h"
 #include "platform/widgets/EtiquetaElidida.h"
@@ -11,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -38,8 +40,9 @@ QPalette coloresNombre(const QPalette &propia, bool existe)
 
 } // namespace
 
-SelectorCodigo::SelectorCodigo(QWidget *padre)
+SelectorCodigo::SelectorCodigo(const Tabla &tabla, QWidget *padre)
     : QWidget(padre)
+    , m_tabla(tabla)
     , m_caja(new nvTextBox(this))
     , m_etiqueta(new EtiquetaElidida(this))
 {
@@ -65,11 +68,42 @@ SelectorCodigo::SelectorCodigo(QWidget *padre)
     connect(m_caja, &nvTextBox::Salida, this, &SelectorCodigo::alSalir);
 }
 
-const ::cEmpresa &SelectorCodigo::empresaExigida() const
+Sentencia SelectorCodigo::desde() const
 {
+    Sentencia s(m_tabla.desde);
+    if (m_tabla.de == De::Todas)
+        return s;
     if (!m_empresa)
-        throw Error{errores::SinObjeto, u"No se ha indicado la empresa."_s, titulo()};
-    return *m_empresa;
+        throw errores::sinEmpresa();
+    s << u" WHERE Cod_Empresa =";
+    switch (m_tabla.de) {
+    case De::Articulos:
+        return s << m_empresa->CodigoArticulos();
+    case De::Proveedores:
+        return s << m_empresa->CodigoProveedores();
+    case De::Clientes:
+        return s << m_empresa->CodigoClientes();
+    case De::Todas:
+    case De::Empresa:
+        break;
+    }
+    return s << m_empresa->Codigo();
+}
+
+Sentencia SelectorCodigo::consultaNombre(const QString &codigo) const
+{
+    Sentencia s(u"SELECT Nombre");
+    s << desde() << (m_tabla.de == De::Todas ? Fragmento(u" WHERE") : Fragmento(u" AND")) << u" Codigo =";
+    if (m_tabla.numericos)
+        return s << NumeroEscrito(codigo);
+    return s << u"'" << Doblado(codigo) << u"'";
+}
+
+Sentencia SelectorCodigo::consultaLista() const
+{
+    Sentencia s(u"SELECT Codigo, Nombre");
+    const bool porNombre = m_tabla.orden == Por::Nombre;
+    return s << desde() << (porNombre ? Orden(u" ORDER BY Nombre, Codigo") : Orden(u" ORDER BY Codigo"));
 }
 
 Conexion &SelectorCodigo::conexion() const
@@ -80,6 +114,15 @@ Conexion &SelectorCodigo::conexion() const
 qint32 SelectorCodigo::Codigo() const
 {
     return Texto().toInt();
+}
+
+qint64 SelectorCodigo::CodigoBuscado() const
+{
+    constexpr qint64 ninguno = qint64{std::numeric_limits<qint32>::max()} + 1;
+    const QString texto = Texto();
+    bool cabe = texto.isEmpty();
+    const qint32 codigo = cabe ? 0 : texto.toInt(&cabe);
+    return cabe && codigo >= 0 ? codigo : ninguno;
 }
 
 void SelectorCodigo::setCodigo(qint32 codigo)
@@ -121,7 +164,7 @@ bool SelectorCodigo::Cargar()
     // Whatever comes of it, leaving the box does not ask the same again.
     m_pendiente = false;
     QString codigo = Texto();
-    if (codigosNumericos() && !codigo.isEmpty()) {
+    if (m_tabla.numericos && !codigo.isEmpty()) {
         bool numero = false;
         const qint32 valor = codigo.toInt(&numero);
         if (!numero) {
@@ -167,7 +210,7 @@ void SelectorCodigo::alSalir()
 bool SelectorCodigo::event(QEvent *evento)
 {
     if (evento->type() == QEvent::Polish) {
-        m_caja->setNumerico(codigosNumericos());
+        m_caja->setNumerico(m_tabla.numericos);
         m_caja->setConSigno(false);
         m_caja->setAccessibleName(accessibleName().isEmpty() ? titulo() : accessibleName());
     }
@@ -189,10 +232,10 @@ void SelectorCodigo::elegirEnLista()
 {
     const QPointer<SelectorCodigo> vivo(this);
     mensajes::guardar(this, titulo(), [&] {
-        const DialogoPropio<ListaCodigos> lista(new ListaCodigos(titulo(), codigosNumericos(), this));
+        const DialogoPropio<ListaCodigos> lista(new ListaCodigos(titulo(), m_tabla.numericos, this));
         Registros registros = conexion().Abrir(consultaLista());
         lista->llenar(registros, Texto());
-        lista->exec();
+        lista->MostrarModal();
         if (!vivo || !lista.vivo() || lista->elegido().isEmpty())
             return;
         setTexto(lista->elegido());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
 
 #include <QWidget>
 
@@ -21,13 +21,14 @@ class SelectorCodigo : public QWidget
     Q_PROPERTY(QString Texto READ Texto WRITE setTexto)
 
 public:
-    explicit SelectorCodigo(QWidget *padre = nullptr);
-
     void setConexion(Conexion *conexion) { m_conexion = conexion; }
     void setcEmpresa(::cEmpresa *empresa) { m_empresa = empresa; }
 
     /// Numeric value of the box; 0 when empty, no number or out of 32 bits.
     qint32 Codigo() const;
+    /// The code as a criterion of a search: 0 asks for any (empty, or 0), and a number that no code can be is beyond 32
+    /// bits, so that it finds nothing.
+    qint64 CodigoBuscado() const;
     void setCodigo(qint32 codigo);
     /// Text of the box, trimmed.
     QString Texto() const;
@@ -49,30 +50,43 @@ Q_SIGNALS:
     void Intro(bool &tratada); ///< Enter, the name already loaded; set `tratada` to keep the focus here
 
 protected:
+    /// Whose: every company's, the company's own, or of the one that keeps a kind of master data.
+    enum class De { Todas, Empresa, Articulos, Proveedores, Clientes };
+    enum class Por { Codigo, Nombre };
+    /// What is offered: a table with `Codigo` and `Nombre`.
+    struct Tabla
+    {
+        Fragmento desde; ///< " FROM Marcas"
+        De de;
+        Por orden;
+        QStringView titulo;    ///< of the list and of the error messages
+        bool numericos = true; ///< the box then takes digits only
+    };
+
+    SelectorCodigo(const Tabla &tabla, QWidget *padre);
+    void setDesde(Fragmento desde) { m_tabla.desde = desde; }
+
     ::cEmpresa *empresa() const { return m_empresa; }
-    /// Throws Error (91) while there is no company.
-    const ::cEmpresa &empresaExigida() const;
     /// The name on screen is no longer that of the code, as when what it depends on has changed.
     void olvidarNombre();
     bool event(QEvent *evento) override;
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
-    /// Statement that gives column `Nombre` of the code, and the one that lists `Codigo`, `Nombre`.
-    virtual Sentencia consultaNombre(const QString &codigo) const = 0;
-    virtual Sentencia consultaLista() const = 0;
-    /// Title of the F3 list and of its error messages.
-    virtual QString titulo() const = 0;
-    /// Whether codes are numbers (the box then takes digits only) or texts.
-    virtual bool codigosNumericos() const { return true; }
+    /// FROM and WHERE of the codes, up to where " AND" may follow; throws Error (91) while there is no company.
+    virtual Sentencia desde() const;
+    virtual QString titulo() const { return m_tabla.titulo.toString(); }
 
 private:
     Conexion &conexion() const;
+    Sentencia consultaNombre(const QString &codigo) const;
+    Sentencia consultaLista() const;
     bool cargarAvisando();
     void alPulsarIntro(bool &tratada);
     void alSalir();
     void elegirEnLista();
     void mostrarNombre(const QString &nombre, bool existe);
 
+    Tabla m_tabla;
     Conexion *m_conexion = nullptr;
     ::cEmpresa *m_empresa = nullptr;
     nvTextBox *m_caja;

@@ -8,10 +8,7 @@ class nvAlmacen : public nv::SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
-
-protected:
-    nv::Sentencia consultaNombre(const QString &codigo) const override;
-    nv::Sentencia consultaLista() const override;
-    QString titulo() const override;
+    explicit nvAlmacen(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Almacenes", De::Empresa, Por::Codigo, u"Almacenes"}, padre)
+    {}
 };

@@ -1,8 +1,8 @@
 #include "platform/pickers/nvAlmacenCons.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -46,7 +46,7 @@ nvAlmacenCons::nvAlmacenCons(QWidget *padre)
 void nvAlmacenCons::Cargar()
 {
     if (!m_empresa)
-        throw nv::Error{nv::errores::SinObjeto, u"No se ha indicado la empresa."_s, u"Almacenes"_s};
+        throw nv::errores::sinEmpresa();
     nv::Sentencia sentencia(u"SELECT Codigo, Nombre FROM Almacenes WHERE Cod_Empresa =");
     sentencia << m_empresa->Codigo() << u" ORDER BY Codigo";
     nv::Registros registros = (m_conexion ? *m_conexion : nv::ranura::exigida()).Abrir(sentencia);

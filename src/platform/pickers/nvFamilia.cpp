@@ -1,6 +1,6 @@
 #include "platform/pickers/nvFamilia.h"
 
-#include "common/cEmpresa.h"
+#include "nvArticulo/cEmpresa.h"
 
 #include <utility>
 
@@ -11,6 +11,9 @@ void nvFamilia::setNivel(int nivel)
     if (nivel < 1 || nivel > 3 || nivel == m_nivel)
         return;
     m_nivel = nivel;
+    setDesde(nivel == 1   ? nv::Fragmento(u" FROM Familias_1")
+             : nivel == 2 ? nv::Fragmento(u" FROM Familias_2")
+                          : nv::Fragmento(u" FROM Familias_3"));
     olvidarNombre();
 }
 
@@ -28,8 +31,7 @@ void nvFamilia::setCodigoPadre2(qint16 codigo)
 
 nv::Sentencia nvFamilia::desde() const
 {
-    nv::Sentencia s(u" FROM Familias_");
-    s << m_nivel << u" WHERE Cod_Empresa =" << empresaExigida().CodigoArticulos();
+    nv::Sentencia s = SelectorCodigo::desde();
     if (m_nivel > 1)
         s << u" AND Familia_1 =" << m_padre1;
     if (m_nivel > 2)
@@ -37,20 +39,8 @@ nv::Sentencia nvFamilia::desde() const
     return s;
 }
 
-nv::Sentencia nvFamilia::consultaNombre(const QString &codigo) const
-{
-    nv::Sentencia s(u"SELECT Nombre");
-    return s << desde() << u" AND Codigo =" << nv::NumeroEscrito(codigo);
-}
-
-nv::Sentencia nvFamilia::consultaLista() const
-{
-    nv::Sentencia s(u"SELECT Codigo, Nombre");
-    return s << desde() << u" ORDER BY Nombre, Codigo";
-}
-
 QString nvFamilia::titulo() const
 {
     const QString nombre = empresa() ? empresa()->NombreFamilia(m_nivel - 1) : QString();
-    return nombre.isEmpty() ? u"Familia"_s : nombre;
+    return nombre.isEmpty() ? SelectorCodigo::titulo() : nombre;
 }

@@ -9,7 +9,9 @@ class nvFamilia : public nv::SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
+    explicit nvFamilia(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Familias_1", De::Articulos, Por::Nombre, u"Familia"}, padre)
+    {}
 
     /// 1 to 3; anything else is ignored.
     void setNivel(int nivel);
@@ -20,13 +22,10 @@ public:
     void setCodigoPadre2(qint16 codigo);
 
 protected:
-    nv::Sentencia consultaNombre(const QString &codigo) const override;
-    nv::Sentencia consultaLista() const override;
+    nv::Sentencia desde() const override;
     QString titulo() const override;
 
 private:
-    nv::Sentencia desde() const;
-
     int m_nivel = 1;
     qint16 m_padre1 = 0;
     qint16 m_padre2 = 0;

@@ -8,10 +8,7 @@ class nvMarca : public nv::SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
-
-protected:
-    nv::Sentencia consultaNombre(const QString &codigo) const override;
-    nv::Sentencia consultaLista() const override;
-    QString titulo() const override;
+    explicit nvMarca(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Marcas", De::Todas, Por::Nombre, u"Marcas"}, padre)
+    {}
 };

@@ -8,10 +8,7 @@ class nvProveedor : public nv::SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
-
-protected:
-    nv::Sentencia consultaNombre(const QString &codigo) const override;
-    nv::Sentencia consultaLista() const override;
-    QString titulo() const override;
+    explicit nvProveedor(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Proveedores", De::Proveedores, Por::Nombre, u"Proveedores"}, padre)
+    {}
 };

@@ -8,11 +8,7 @@ class nvTemporada : public nv::SelectorCodigo
     Q_OBJECT
 
 public:
-    using SelectorCodigo::SelectorCodigo;
-
-protected:
-    nv::Sentencia consultaNombre(const QString &codigo) const override;
-    nv::Sentencia consultaLista() const override;
-    QString titulo() const override;
-    bool codigosNumericos() const override { return false; }
+    explicit nvTemporada(QWidget *padre = nullptr)
+        : SelectorCodigo({u" FROM Temporadas", De::Todas, Por::Codigo, u"Temporadas", false}, padre)
+    {}
 };

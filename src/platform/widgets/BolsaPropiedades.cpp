@@ -1,4 +1,4 @@
-#include "platform/widgets/BolsaPropiedades.h"
+#include "nvArticulo/BolsaPropiedades.h"
 
 #include <algorithm>
 

@@ -1,5 +1,6 @@
 #include "platform/widgets/CajaMensaje.h"
 
+#include "platform/widgets/DescarteTeclas.h"
 #include "platform/widgets/Twips.h"
 
 #include <QAbstractButton>
@@ -15,9 +16,6 @@ using namespace Qt::StringLiterals;
 namespace nv::mensajes {
 
 namespace {
-
-constexpr int Rafaga = 100; // ms
-constexpr int EnCola = 20;  // ms
 
 bool esCaracter(const QKeyEvent &evento)
 {
@@ -41,48 +39,31 @@ CajaMensaje::CajaMensaje(Icon icono, const QString &titulo, const QString &texto
     setIcon(icono);
     setText(texto);
     m_quietud.setSingleShot(true);
-    m_quietud.setInterval(Rafaga);
+    m_quietud.setInterval(Rafaga::Plazo);
     connect(&m_quietud, &QTimer::timeout, this, &CajaMensaje::aplicarPendiente);
 }
 
 void CajaMensaje::showEvent(QShowEvent *evento)
 {
-    m_desechando = true;
     QCoreApplication::instance()->installEventFilter(this);
-    QTimer::singleShot(EnCola, this, &CajaMensaje::dejarDeDesechar);
+    new DescarteTeclas(this);
     desplazarTextoLargo();
     QMessageBox::showEvent(evento);
-}
-
-void CajaMensaje::dejarDeDesechar()
-{
-    // Timers may come before the window system's queue within one turn of the event loop: one more turn.
-    auto *vuelta = new QTimer(this);
-    vuelta->setSingleShot(true);
-    connect(vuelta, &QTimer::timeout, this, [this] { m_desechando = false; });
-    vuelta->start(0);
 }
 
 bool CajaMensaje::eventFilter(QObject *objeto, QEvent *evento)
 {
     const QEvent::Type tipo = evento->type();
-    if (tipo != QEvent::KeyPress && tipo != QEvent::KeyRelease && tipo != QEvent::ShortcutOverride)
+    const auto *widget = qobject_cast<QWidget *>(objeto);
+    if ((tipo != QEvent::KeyPress && tipo != QEvent::KeyRelease) || !widget || widget->window() != this)
         return false;
     const auto &tecla = *static_cast<QKeyEvent *>(evento);
-    // Only the window system stamps its events: what the program itself sends is meant for the box.
-    if (m_desechando && tecla.timestamp() != 0) {
-        evento->setAccepted(tipo == QEvent::ShortcutOverride);
-        return true;
-    }
-    const auto *widget = qobject_cast<QWidget *>(objeto);
-    if (!widget || widget->window() != this || tipo == QEvent::ShortcutOverride)
-        return false;
     return tipo == QEvent::KeyPress ? tragada(tecla) : tecla.key() == Qt::Key_Space;
 }
 
 bool CajaMensaje::tragada(const QKeyEvent &evento)
 {
-    const bool enRafaga = m_ultimoCaracter.isValid() && !m_ultimoCaracter.hasExpired(Rafaga);
+    const bool enRafaga = m_rafaga.enCurso();
     // A held Enter repeats into a box that it has opened itself.
     if (esIntro(evento)) {
         m_quietud.stop();
@@ -90,7 +71,7 @@ bool CajaMensaje::tragada(const QKeyEvent &evento)
     }
     if (!esCaracter(evento))
         return false;
-    m_ultimoCaracter.start();
+    m_rafaga.caracter();
     m_quietud.stop();
     m_pendiente = nullptr;
     if (enRafaga || evento.isAutoRepeat())

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "platform/widgets/Rafaga.h"
+
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -22,13 +23,11 @@ protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
 private:
-    void dejarDeDesechar();
     bool tragada(const QKeyEvent &evento);
     void aplicarPendiente();
     void desplazarTextoLargo();
 
-    bool m_desechando = false;
-    QElapsedTimer m_ultimoCaracter;
+    Rafaga m_rafaga;
     QTimer m_quietud;
     QPointer<QAbstractButton> m_pendiente;
 };

@@ -8,7 +8,7 @@ namespace nv {
 
 namespace {
 
-constexpr int Plazo = 20; // ms
+constexpr int EnCola = 20; // ms
 
 } // namespace
 
@@ -16,15 +16,20 @@ DescarteTeclas::DescarteTeclas(QObject *duenno)
     : QObject(duenno)
 {
     QCoreApplication::instance()->installEventFilter(this);
-    QTimer::singleShot(Plazo, this, &QObject::deleteLater);
+    // Timers may come before the window system's queue within one turn of the event loop: one more turn.
+    QTimer::singleShot(EnCola, this, [this] { QTimer::singleShot(0, this, &QObject::deleteLater); });
 }
 
 bool DescarteTeclas::eventFilter(QObject *, QEvent *evento)
 {
-    if (evento->type() != QEvent::KeyPress && evento->type() != QEvent::KeyRelease)
+    const QEvent::Type tipo = evento->type();
+    if (tipo != QEvent::KeyPress && tipo != QEvent::KeyRelease && tipo != QEvent::ShortcutOverride)
         return false;
-    // Only the window system stamps its events: what the program itself sends is meant for the list.
-    return static_cast<QKeyEvent *>(evento)->timestamp() != 0;
+    // Only the window system stamps its events: what the program itself sends is meant for whom it is sent to.
+    if (static_cast<QKeyEvent *>(evento)->timestamp() == 0)
+        return false;
+    evento->setAccepted(tipo == QEvent::ShortcutOverride);
+    return true;
 }
 
 } // namespace nv

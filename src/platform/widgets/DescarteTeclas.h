@@ -5,7 +5,7 @@
 namespace nv {
 
 /// Drops the keyboard events that the window system still holds, for as long as it takes to drain them: what was typed
-/// before a list appeared must not choose from it. Goes away by itself; owned by `duenno`.
+/// before a box or a list appeared must not answer it. Goes away by itself; owned by `duenno`.
 class DescarteTeclas : public QObject
 {
     Q_OBJECT

@@ -99,4 +99,14 @@ Respuesta preguntar(QWidget *padre, const QString &titulo, const QString &texto,
     return presentar(caja) == si ? Respuesta::Si : Respuesta::No;
 }
 
+bool Fallos::mostrar(QWidget *formulario, const QString &titulo) const
+{
+    const QPointer<QWidget> vivo(formulario);
+    for (const QString &texto : m_textos) {
+        if (vivo)
+            mensajes::mostrar(vivo, titulo, texto, Icono::Critico);
+    }
+    return !vivo.isNull();
+}
+
 } // namespace nv::mensajes

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 
-#include <QString>
+#include <QStringList>
 #include <utility>
 
 class QWidget;
@@ -14,6 +14,12 @@ namespace nv::mensajes {
 
 enum class Icono { Critico, Exclamacion, Informacion, Pregunta };
 enum class Respuesta { Si, No };
+
+/// The title of what has none of its own.
+inline QString atencion()
+{
+    return QStringLiteral("¡ Atención !");
+}
 
 /// The wait pointer and a frozen grid are put right by the caller before this is called.
 void mostrar(QWidget *padre, const QString &titulo, const QString &texto, Icono icono);
@@ -34,5 +40,30 @@ bool guardar(QWidget *padre, const QString &titulo, Operacion &&operacion)
         return false;
     }
 }
+
+/// What fails in the steps of a load: noted, so that the other steps go on, and said once they are done. With the line
+/// gone every step says the same: once is enough.
+class Fallos
+{
+public:
+    /// False when it failed.
+    template <class Operacion>
+    bool paso(Operacion &&operacion)
+    {
+        try {
+            std::forward<Operacion>(operacion)();
+            return true;
+        } catch (const Error &error) {
+            if (!m_textos.contains(error.descripcion))
+                m_textos.append(error.descripcion);
+            return false;
+        }
+    }
+    /// One box for each; false when `formulario` was gone before the last.
+    bool mostrar(QWidget *formulario, const QString &titulo) const;
+
+private:
+    QStringList m_textos;
+};
 
 } // namespace nv::mensajes

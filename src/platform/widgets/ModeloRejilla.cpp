@@ -50,13 +50,16 @@ QVariant ModeloRejilla::headerData(int seccion, Qt::Orientation orientacion, int
 {
     if (orientacion != Qt::Horizontal || papel != Qt::DisplayRole || seccion < 0 || seccion >= columnCount())
         return {};
-    return columna(seccion).titulo;
+    return m_titulos[static_cast<std::size_t>(seccion)];
 }
 
-void ModeloRejilla::setColumnas(std::vector<ColumnaRejilla> columnas)
+void ModeloRejilla::setColumnas(const std::vector<ColumnaRejilla> &columnas)
 {
     beginResetModel();
-    m_columnas = std::move(columnas);
+    m_columnas = columnas;
+    m_titulos.clear();
+    for (const ColumnaRejilla &columna : columnas)
+        m_titulos.push_back(columna.titulo.toString());
     m_filas.clear();
     m_casillas.clear();
     endResetModel();
@@ -66,7 +69,7 @@ void ModeloRejilla::setTitulo(int columna, const QString &titulo)
 {
     if (columna < 0 || columna >= columnCount())
         return;
-    m_columnas[static_cast<std::size_t>(columna)].titulo = titulo;
+    m_titulos[static_cast<std::size_t>(columna)] = titulo;
     Q_EMIT headerDataChanged(Qt::Horizontal, columna, columna);
 }
 

@@ -22,9 +22,10 @@ public:
     QVariant headerData(int seccion, Qt::Orientation orientacion, int papel) const override;
 
     /// Leaves the grid without rows.
-    void setColumnas(std::vector<ColumnaRejilla> columnas);
+    void setColumnas(const std::vector<ColumnaRejilla> &columnas);
     const ColumnaRejilla &columna(int columna) const { return m_columnas[static_cast<std::size_t>(columna)]; }
     void setTitulo(int columna, const QString &titulo);
+    void setTwips(int columna, int twips) { m_columnas[static_cast<std::size_t>(columna)].twips = twips; }
     void setCasilla(int columna);
 
     QString texto(int fila, int columna) const;
@@ -56,6 +57,7 @@ private:
     QVariant color(const Fila &fila, int columna, QColor Colores::*capa) const;
 
     std::vector<ColumnaRejilla> m_columnas;
+    std::vector<QString> m_titulos;
     std::vector<Fila> m_filas;
     std::set<int> m_casillas;
 };

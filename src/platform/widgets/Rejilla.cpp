@@ -97,6 +97,15 @@ void Rejilla::setColumnaOculta(int columna, bool oculta)
     updateGeometries();
 }
 
+void Rejilla::ensanchar(int columna, const QString &texto)
+{
+    const int necesario = fontMetrics().horizontalAdvance(texto) + twips::aPixeles(180, this);
+    if (necesario <= anchoPrevisto(columna))
+        return;
+    m_modelo->setTwips(columna, twips::dePixeles(necesario, this));
+    setColumnWidth(columna, necesario);
+}
+
 void Rejilla::setColumnaCasilla(int columna)
 {
     m_modelo->setCasilla(columna);

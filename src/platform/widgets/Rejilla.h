@@ -9,12 +9,12 @@ namespace nv {
 
 class ModeloRejilla;
 
-/// A column of a grid as a dialog's table gives it.
+/// A column of a grid as a dialog's table gives it; headings that are not known there are set afterwards.
 struct ColumnaRejilla
 {
-    QString titulo;
+    QStringView titulo = {};
     int twips = 0; ///< 0: the grid's default width
-    Qt::Alignment alineacion = Qt::AlignLeft;
+    Qt::AlignmentFlag alineacion = Qt::AlignLeft;
     bool oculta = false;
 };
 
@@ -35,6 +35,8 @@ public:
     void setColumnas(const std::vector<ColumnaRejilla> &columnas);
     void setTitulo(int columna, const QString &titulo);
     void setColumnaOculta(int columna, bool oculta);
+    /// The column is at least as wide as this text needs, also where letters are large.
+    void ensanchar(int columna, const QString &texto);
     /// Cells "1"/"0" drawn as ticked and empty boxes.
     void setColumnaCasilla(int columna);
     /// The last visible column takes the width that is left (its twips are its minimum). On by default.

@@ -12,16 +12,4 @@ Eleccion eleccionActual(const Rejilla &rejilla, ColumnasEleccion columnas)
     return {rejilla.texto(fila, columnas.codigo), rejilla.texto(fila, columnas.descripcion)};
 }
 
-Eleccion eleccionMarcada(const Rejilla &rejilla, ColumnasEleccion columnas, int columnaMarca, QStringView marca)
-{
-    Eleccion lista;
-    for (int fila = 1; fila < rejilla.filas(); ++fila) {
-        if (rejilla.texto(fila, columnaMarca) != marca)
-            continue;
-        lista.codigo += u'|' + rejilla.texto(fila, columnas.codigo);
-        lista.descripcion += u'|' + rejilla.texto(fila, columnas.descripcion);
-    }
-    return lista;
-}
-
 } // namespace nv

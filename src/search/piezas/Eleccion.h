@@ -21,7 +21,5 @@ struct ColumnasEleccion
 
 /// The current row; empty when it is the heading.
 Eleccion eleccionActual(const Rejilla &rejilla, ColumnasEleccion columnas);
-/// Every data row whose cell in `columnaMarca` reads `marca`, in row order, as a list; empty without any.
-Eleccion eleccionMarcada(const Rejilla &rejilla, ColumnasEleccion columnas, int columnaMarca, QStringView marca);
 
 } // namespace nv

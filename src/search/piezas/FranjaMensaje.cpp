@@ -44,17 +44,21 @@ void FranjaMensaje::aparecer()
                                     QEventLoop::X11ExcludeTimers);
 }
 
-FranjaMensaje::Aviso::Aviso(FranjaMensaje &franja)
+FranjaMensaje::Aviso::Aviso(FranjaMensaje *franja)
     : m_franja(franja)
 {
-    m_franja.aparecer();
-    m_franja.m_rejilla->setRedibujo(false);
+    if (m_franja)
+        m_franja->aparecer();
+    if (m_franja)
+        m_franja->m_rejilla->setRedibujo(false);
 }
 
 FranjaMensaje::Aviso::~Aviso()
 {
-    m_franja.m_rejilla->setRedibujo(true);
-    m_franja.hide();
+    if (!m_franja)
+        return;
+    m_franja->m_rejilla->setRedibujo(true);
+    m_franja->hide();
 }
 
 } // namespace nv

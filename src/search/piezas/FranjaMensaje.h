@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QPointer>
 
 namespace nv {
 
@@ -15,17 +16,17 @@ public:
     /// `sobre` is the grid that it lies on; both are children of one form.
     explicit FranjaMensaje(Rejilla *sobre);
 
-    /// The strip on screen and the grid not redrawn for as long as this lives.
+    /// The strip on screen and the grid not redrawn for as long as this lives; nothing without a strip.
     class Aviso
     {
     public:
-        explicit Aviso(FranjaMensaje &franja);
+        explicit Aviso(FranjaMensaje *franja);
         Aviso(const Aviso &) = delete;
         Aviso &operator=(const Aviso &) = delete;
         ~Aviso();
 
     private:
-        FranjaMensaje &m_franja;
+        QPointer<FranjaMensaje> m_franja;
     };
 
 private:

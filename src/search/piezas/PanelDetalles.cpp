@@ -1,9 +1,9 @@
 #include "search/piezas/PanelDetalles.h"
 
-#include "common/Conexion.h"
-#include "common/Error.h"
 #include "common/Valores.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Twips.h"
 #include "search/piezas/CajaImagen.h"
 #include "search/sql/Detalles.h"
@@ -24,12 +24,6 @@ namespace {
 constexpr int AltoFoto = 2600; // twips
 constexpr QColor Agotado(192, 0, 0);
 constexpr QColor Disponible(0, 0, 192);
-
-Moneda importeO(const Registros &registros, QStringView columna)
-{
-    const int posicion = registros.columna(columna);
-    return registros.esNulo(posicion) ? Moneda() : registros.moneda(posicion);
-}
 
 QLabel *titulo(const QString &texto, QWidget *padre)
 {
@@ -113,7 +107,7 @@ QLabel *PanelDetalles::cifra(const QString &nombre, const QString &accesible)
 const ::cEmpresa &PanelDetalles::empresa() const
 {
     if (!m_empresa)
-        throw Error{errores::SinObjeto, u"No se ha establecido la empresa."_s, {}};
+        throw errores::sinEmpresa();
     return *m_empresa;
 }
 
@@ -170,13 +164,13 @@ Sentencia PanelDetalles::consultaExistencias(qint32 articulo) const
 
 void PanelDetalles::mostrarExistencias(const Registros &registros)
 {
-    const Moneda stock = importeO(registros, u"Stock_Actual");
-    const Moneda servir = importeO(registros, u"Pend_Servir");
+    const Moneda stock = registros.monedaO(u"Stock_Actual");
+    const Moneda servir = registros.monedaO(u"Pend_Servir");
     const Moneda disponible = stock - servir;
     m_stock->setText(stock.texto(2));
     m_servir->setText(servir.texto(2));
     m_disponible->setText(disponible.texto(2));
-    m_recibir->setText(importeO(registros, u"Pend_Recibir").texto(2));
+    m_recibir->setText(registros.monedaO(u"Pend_Recibir").texto(2));
     pintarDisponible(disponible > Moneda() ? Disponible : Agotado);
 }
 
@@ -185,7 +179,7 @@ void PanelDetalles::pintarDisponible(const QColor &color)
     for (QLabel *etiqueta : {m_disponible, m_tituloDisponible}) {
         QPalette colores;
         if (color.isValid())
-            colores.setColor(QPalette::WindowText, color);
+            colores.setColor(etiqueta->foregroundRole(), color);
         etiqueta->setPalette(colores);
     }
 }

@@ -1,7 +1,7 @@
 #include "search/piezas/PrecioArticulo.h"
 
-#include "common/Conexion.h"
-#include "common/cEmpresa.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
 #include "search/sql/Detalles.h"
 
 using namespace Qt::StringLiterals;
@@ -12,15 +12,7 @@ namespace {
 
 Moneda primerPrecio(Registros registros)
 {
-    if (!registros.siguiente())
-        return {};
-    const int pvp = registros.columna(u"Pvp");
-    return registros.esNulo(pvp) ? Moneda() : registros.moneda(pvp);
-}
-
-qint16 tarifaO(const Registros &registros, int columna)
-{
-    return registros.esNulo(columna) ? qint16{0} : registros.entero16(columna);
+    return registros.siguiente() ? registros.monedaO(u"Pvp") : Moneda();
 }
 
 } // namespace
@@ -54,8 +46,8 @@ void PrecioArticulo::leerTarifas(Registros registros)
     if (!registros.siguiente())
         return;
     // By position: sale tariff first, promotion tariff second, under different names in each table.
-    m_tarifa = tarifaO(registros, 0);
-    m_promocion = tarifaO(registros, 1);
+    m_tarifa = registros.entero16O(0);
+    m_promocion = registros.entero16O(1);
 }
 
 Moneda PrecioArticulo::precioEn(Conexion &conexion, qint32 articulo, qint16 tarifa) const

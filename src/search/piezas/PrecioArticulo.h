@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Moneda.h"
+#include "nvArticulo/Moneda.h"
 
 class cEmpresa;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
 
 #include <array>
 #include <optional>
@@ -13,9 +13,10 @@ struct CriteriosArticulo
 {
     QString descripcion = {};
     QString codigo = {};
-    std::optional<qint32> proveedor = {}; ///< none: any supplier
+    qint64 proveedor = 0; ///< of codes 0 is any; one beyond 32 bits finds nothing
     QString referencia = {};
-    std::array<qint32, 3> familias = {}; ///< 0 or less: the level is free
+    std::array<qint64, 3> familias = {};
+    qint64 marca = 0; ///< models 3 and 4
 };
 
 /// The row limit that a company setting holds: an integer from 0 up whatever its text is.
@@ -27,8 +28,13 @@ Sentencia prefijoLimite(std::optional<qint32> limite);
 // Conditions over `Articulos a`, each with its leading " AND"; empty for an empty criterion.
 Sentencia condicionDescripcion(QStringView descripcion, bool conNotas);
 Sentencia condicionCodigo(QStringView codigo);
-Sentencia condicionReferencia(std::optional<qint32> proveedor, QStringView referencia);
+Sentencia condicionReferencia(qint64 proveedor, QStringView referencia);
 /// A level counts only when the one above it counted.
-Sentencia condicionFamilias(const std::array<qint32, 3> &familias);
+Sentencia condicionFamilias(const std::array<qint64, 3> &familias);
+
+/// Items with their main barcode: `Codigo`, `Descripcion`, `Familia_1` to `Familia_3`, `Cod_Barras`, ordered by
+/// description. `desde` is the FROM as each model writes it.
+Sentencia articulosConBarras(qint16 empresaArticulos, std::optional<qint32> limite, Fragmento desde,
+                             const Sentencia &condiciones);
 
 } // namespace nv::sql

@@ -12,7 +12,9 @@ Sentencia insertarCopia(const QString &terminal, qint16 empresaArticulos, Fragme
 {
     Sentencia s(u"INSERT INTO Articulos_Buscar(Terminal, Cod_Empresa, Cod_Articulo, Descripcion) "
                 u"SELECT DISTINCT '");
-    return s << ComoEscrito(terminal) << u"', " << empresaArticulos << lista << busqueda.desdeFrom();
+    s << ComoEscrito(terminal) << u"', " << empresaArticulos << lista << busqueda.desdeFrom();
+    s.hacerOrdenPrescindible();
+    return s;
 }
 
 } // namespace nv::sql

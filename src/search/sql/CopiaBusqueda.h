@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
 
 namespace nv::sql {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/sql/Sentencia.h"
+#include "nvArticulo/Sentencia.h"
 
 /// What the details panel asks about one item.
 namespace nv::sql {

@@ -11,11 +11,11 @@ namespace {
 /// Spelt with "Cod_Empresa" where a supplier is asked for: the statement goes out as the suite's other programs know it.
 Sentencia condicionProveedor(const CriteriosModelo1 &criterios)
 {
-    if (!criterios.proveedor)
-        return condicionReferencia({}, criterios.referencia);
+    if (criterios.proveedor == 0)
+        return condicionReferencia(0, criterios.referencia);
     Sentencia s(u" AND a.Codigo IN (SELECT Cod_Articulo FROM Articulos_Ref aref WHERE "
                 u" aref.Cod_Empresa=a.Cod_Empresa AND aref.Cod_Prov=");
-    s << *criterios.proveedor;
+    s << criterios.proveedor;
     if (!criterios.referencia.isEmpty())
         s << u" AND aref.Ref LIKE '" << ComoEscrito(patronDesdeComodines(criterios.referencia)) << u"'";
     return s << u")";
@@ -94,7 +94,7 @@ Sentencia modelo1(qint16 empresa, qint16 empresaArticulos, std::optional<qint32>
       << lista(almacenes) << u") AND aa.Cod_Articulo=a.Codigo " << u" WHERE a.Cod_Empresa =" << empresaArticulos
       << condicionDescripcion(criterios.descripcion, false) << condicionCodigo(criterios.codigo)
       << condicionProveedor(criterios) << condicionFamilias(criterios.familias) << condicionAlternativo(criterios)
-      << u" GROUP BY a.Codigo  ORDER BY a.Codigo";
+      << u" GROUP BY a.Codigo " << Orden(u" ORDER BY a.Codigo");
     return s;
 }
 

@@ -17,7 +17,7 @@ Sentencia modelo2(const EntornoTextoLibre &entorno, const QString &texto)
       << u" LEFT JOIN Tarifas t"
          u" ON t.Cod_Empresa = a.Cod_Empresa AND t.Cod_Tarifa ="
       << entorno.tarifa << unionBarras() << u" WHERE a.Cod_Empresa =" << entorno.empresaArticulos << u" "
-      << condicionTexto(leerTextoLibre(texto, Asterisco::Comodin)) << u" ORDER BY a.Descripcion";
+      << condicionTexto(leerTextoLibre(texto, Asterisco::Comodin)) << Orden(u" ORDER BY a.Descripcion");
     return s;
 }
 

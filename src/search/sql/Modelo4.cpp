@@ -4,13 +4,13 @@ namespace nv::sql {
 
 namespace {
 
-Sentencia condicionAlmacen(qint16 empresa, std::optional<qint32> almacen)
+Sentencia condicionAlmacen(qint16 empresa, qint64 almacen)
 {
     Sentencia s;
-    if (almacen)
+    if (almacen != 0)
         s << u" AND a.Codigo IN (SELECT Cod_Articulo FROM Almacen_Articulos WHERE "
              u" Cod_Empresa="
-          << empresa << u" AND Cod_Almacen=" << *almacen << u" AND Bloqueo=0)";
+          << empresa << u" AND Cod_Almacen=" << almacen << u" AND Bloqueo=0)";
     return s;
 }
 
@@ -40,8 +40,8 @@ Sentencia crearRanking(qint16 empresa, qint16 empresaArticulos, const CriteriosM
          u" INNER JOIN Articulos a"
          u" ON a.Cod_Empresa ="
       << empresaArticulos << u" AND a.Codigo = b.Cod_Articulo" << u" WHERE b.Cod_Empresa =" << empresa
-      << u" AND b.Cod_Almacen =" << criterios.almacen.value_or(0) << condicionPeriodo(hoy)
-      << condicionesModelo3(criterios) << condicionAlmacen(empresa, criterios.almacen)
+      << u" AND b.Cod_Almacen =" << criterios.almacen << condicionPeriodo(hoy) << condicionesModelo3(criterios)
+      << condicionAlmacen(empresa, criterios.almacen)
       << u" GROUP BY b.Cod_Articulo"
          u" ORDER BY SUM(b.Ventas_Unidades) DESC";
     return s;
@@ -62,12 +62,12 @@ Sentencia modelo4(qint16 empresa, qint16 empresaArticulos, std::optional<qint32>
          u" ON a.Cod_Empresa=b.Cod_Empresa AND b.Cod_Articulo=a.Codigo AND b.Principal=1"
          u" LEFT JOIN Almacen_Articulos c"
          u" ON c.Cod_Empresa ="
-      << empresa << u" AND c.Cod_Almacen =" << criterios.almacen.value_or(0) << u" AND a.Codigo = c.Cod_Articulo"
+      << empresa << u" AND c.Cod_Almacen =" << criterios.almacen << u" AND a.Codigo = c.Cod_Articulo"
       << u" WHERE a.Cod_Empresa =" << empresaArticulos << condicionesModelo3(criterios)
       << condicionAlmacen(empresa, criterios.almacen);
     if (criterios.porRanking())
-        return s << u" ORDER BY #TempBA.Ventas_Unidades DESC";
-    return s << u" ORDER BY a.Descripcion";
+        return s << Orden(u" ORDER BY #TempBA.Ventas_Unidades DESC");
+    return s << Orden(u" ORDER BY a.Descripcion");
 }
 
 } // namespace nv::sql

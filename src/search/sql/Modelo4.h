@@ -6,12 +6,12 @@
 
 namespace nv::sql {
 
-struct CriteriosModelo4 : CriteriosModelo3
+struct CriteriosModelo4 : CriteriosArticulo
 {
-    std::optional<qint32> almacen;
+    qint64 almacen = 0;
     qint32 ranking = 0; ///< how many best sellers; counts only with a warehouse
 
-    bool porRanking() const { return almacen && ranking > 0; }
+    bool porRanking() const { return almacen != 0 && ranking > 0; }
 };
 
 /// The temporary table of the best sellers is the connection's own: it stays until the next ranking.

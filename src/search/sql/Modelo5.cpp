@@ -65,7 +65,7 @@ Sentencia modelo5(const EntornoTextoLibre &entorno, const CriteriosModelo5 &crit
          u" ON tnm.Cod_Empresa = a.Cod_Empresa AND tnm.Cod_Tarifa = 3"
       << unionBarras() << u" WHERE a.Cod_Empresa =" << entorno.empresaArticulos << filtroPrecios(criterios) << u" "
       << condicionTexto(leerTextoLibre(criterios.texto, Asterisco::Blanco)) << filtroMedida(criterios.medida)
-      << u" ORDER BY a.Descripcion";
+      << Orden(u" ORDER BY a.Descripcion");
     return s;
 }
 

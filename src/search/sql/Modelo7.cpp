@@ -19,7 +19,7 @@ Sentencia modelo7(const EntornoTextoLibre &entorno, const QString &texto, const 
       << entorno.empresaArticulos << u" " << condicionTexto(leerTextoLibre(texto, Asterisco::Comodin));
     if (!marca.isEmpty())
         s << u" AND ISNULL(m.Nombre, '') LIKE '%" << Doblado(marca) << u"%'";
-    return s << u" ORDER BY a.Descripcion";
+    return s << Orden(u" ORDER BY a.Descripcion");
 }
 
 } // namespace nv::sql

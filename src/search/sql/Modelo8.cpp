@@ -58,7 +58,7 @@ Sentencia modelo8(const EntornoTextoLibre &entorno, const QString &texto, QDate 
       << u"'"
          u" AND at.Pvp > 0"
       << condicion(leerTextoLibre(texto, Asterisco::Comodin))
-      << u" ORDER BY a.Familia_1, a.Familia_2, a.Familia_3, a.Descripcion";
+      << Orden(u" ORDER BY a.Familia_1, a.Familia_2, a.Familia_3, a.Descripcion");
     return s;
 }
 

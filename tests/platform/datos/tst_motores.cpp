@@ -1,189 +1,218 @@
-#include "tst_odbcMotores.h"
+#include "support/BaseDatos.h"
+#include "support/Programa.h"
 
-/// What a statement means, whichever engine runs it: amounts, texts, dates and what no engine takes.
-class PruebaDialecto : public PruebaMotores
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
+
+/// What a connection does whatever is behind it: values, errors, open lists, transactions.
+class PruebaMotores : public PruebaVias
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void amounts_are_exact_data() { motoresConDialecto(); }
-    void amounts_are_exact();
-    void literals_are_the_statement_s_own_data() { motoresConDialecto(); }
-    void literals_are_the_statement_s_own();
-    void a_changed_table_is_read_anew_data() { motoresConDialecto(); }
-    void a_changed_table_is_read_anew();
-    void notes_come_whole_data() { motoresConDialecto(); }
-    void notes_come_whole();
-    void texts_compare_in_Spanish_data() { motoresConDialecto(); }
-    void texts_compare_in_Spanish();
-    void dates_are_day_month_year_data() { motoresConDialecto(); }
-    void dates_are_day_month_year();
-    void statements_that_no_engine_takes_data() { motoresConDialecto(); }
-    void statements_that_no_engine_takes();
+    void values_come_out_alike()
+    {
+        // Type, value as written and, where it differs, as read.
+        QString escrita =
+            u"smallint→-7;int→2147483647;bigint→900719925474099;bit→1;bit→0;money→10.5;money→12;money→1234.5678;"
+            u"money→-0.0001;money→900719925474.0991;decimal(12,3)→40.500→40.5;char(6)→'AB'→AB;"
+            u"varchar(20)→' AB  '→ AB  ;varchar(20)→''→;varchar(40)→'PEÑA «L''ORÉAL» 12 €'→PEÑA «L'ORÉAL» 12 €;"
+            u"datetime→'02/11/2026'→02/11/2026;smallint→NULL;money→NULL;datetime→NULL;varchar(20)→NULL"_s;
+        // The ODBC driver of SQLite takes dates in its own form and writes no more than fifteen digits.
+        if (conSqlite())
+            escrita.replace(u"'02/11/2026'"_s, u"'2026-11-02'"_s).replace(u"25474.0991"_s, u"2547.0991"_s);
+        const QList<QStringList> valores = tabla(escrita);
+        QStringList columnas;
+        QStringList escritos;
+        for (const QStringList &valor : valores) {
+            columnas << u"c%1 %2 NULL"_s.arg(columnas.size()).arg(valor[0]);
+            escritos << valor[1];
+        }
+        ejecutar(u"CREATE TABLE #Tipos (%1)"_s.arg(columnas.join(u", ")));
+        ejecutar(u"INSERT INTO #Tipos VALUES (%1)"_s.arg(escritos.join(u", ")));
+        nv::Registros registros = abrir(u"SELECT * FROM #Tipos"_s);
+        QVERIFY(registros.siguiente());
+        for (int i = 0; i < registros.columnas(); ++i) {
+            const QString texto = valores[i].back();
+            const bool nulo = texto == u"NULL";
+            const bool fecha = valores[i][0] == u"datetime";
+            QCOMPARE(registros.textoO(i, u"NULL"_s), texto);
+            QCOMPARE(registros.esNulo(u"C%1"_s.arg(i)), nulo);
+            QCOMPARE(numeroDeError([&] { registros.texto(i); }), nulo ? nv::errores::ValorNulo : -1);
+            QCOMPARE(registros.fechaO(i), fecha && !nulo ? QDate(2026, 11, 2) : QDate());
+            if (nulo || fecha || valores[i][0].contains(u"char"))
+                continue;
+            const nv::Moneda importe = nv::Moneda::deTexto(texto);
+            QCOMPARE(registros.moneda(i).diezmilesimas(), importe.diezmilesimas());
+            QCOMPARE(registros.textoNumero(i), QString(texto).replace(u'.', u','));
+            QCOMPARE(registros.entero64(i), importe.redondeada(0).diezmilesimas() / nv::Moneda::Escala);
+            QCOMPARE(registros.booleano(i), !importe.esCero());
+        }
+    }
+
+    void long_texts_and_names()
+    {
+        const QString nota = u"Línea de notas: ñÑ, á, ü, 12 €.\r\n"_s.repeated(700);
+        const QString memo = nota.left(5000);
+        // Without a declared length; that driver knows such a column by another name.
+        const QString sinLargo = conSqlite() ? u"varchar(0)"_s : u"varchar(max)"_s;
+        ejecutar(u"CREATE TABLE #Notas (Codigo int, Nota %1, Memo varchar(8000), Otra %1)"_s.arg(sinLargo));
+        ejecutar(u"INSERT INTO #Notas VALUES (1, '%1', '%2', ''), (2, NULL, '', '%1')"_s.arg(nota, memo));
+        nv::Registros fila = abrir(u"SELECT Nota, Memo AS Última, Otra, Codigo AS CODIGO FROM #Notas ORDER BY 4"_s);
+        QVERIFY(fila.siguiente() && fila.entero16(u"codigo") == 1); // not in the order of the columns
+        QVERIFY(fila.texto(u"última") == memo && fila.texto(u"nota") == nota);
+        QVERIFY(!fila.esNulo(u"Otra") && fila.texto(u"Otra").isEmpty());
+        QCOMPARE(numeroDeError([&] { fila.texto(u"Memo"); }), nv::errores::ColumnaDesconocida);
+        QVERIFY(fila.siguiente() && fila.esNulo(u"Nota"));
+        QVERIFY(ejecutar(u"DELETE FROM #Notas"_s) == 2 && fila.texto(u"Otra") == nota);
+    }
+
+    void rows_changed_and_errors()
+    {
+        diezFilas();
+        QCOMPARE(ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (20, 'a'), (21, 'b')"_s), 2);
+        QCOMPARE(ejecutar(u"UPDATE #Lista SET Nombre = 'x' WHERE Codigo > 9"_s), 3);
+        QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Nombre = 'x' AND Codigo > 10"_s), 2);
+        QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Codigo > 10"_s) + ejecutar(u"SELECT Codigo FROM #Lista"_s), 0);
+        nv::Registros abierto = lista();
+        for (const QString &mala : {u"SELECT x FROM NoEstaEstaTabla"_s, u"SELECT NoEsta FROM #Lista"_s, u"SELEC 1"_s,
+                                    u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s,
+                                    u"SELECT Codigo FROM #Lista WHERE Nombre = 'sin cerrar"_s}) {
+            const bool hallada = numeroDeError([&] { abrir(mala); }) > 0 && numeroDeError([&] { ejecutar(mala); }) > 0;
+            QVERIFY2(hallada, qPrintable(mala));
+        }
+        QCOMPARE(filasDe(abierto).size(), 10);
+    }
+
+    void many_lists_stay_open()
+    {
+        diezFilas();
+        std::vector<nv::Registros> listas;
+        for (int abierta = 0; abierta < 13; ++abierta) {
+            listas.push_back(lista());
+            for (int i = 0; i < abierta; ++i)
+                listas.back().siguiente();
+            // The details of another row, beside the half-read list.
+            QCOMPARE(filas(u"SELECT Nombre FROM #Lista WHERE Codigo = %1"_s.arg(abierta % 10 + 1)).size(), 1);
+        }
+        nv::Registros vacia = abrir(u"SELECT Nombre FROM #Lista WHERE Codigo = 99"_s);
+        QCOMPARE(ejecutar(u"DELETE FROM #Lista"_s), 10);
+        for (int leidas = 0; leidas < 13; ++leidas) {
+            nv::Registros &registros = listas.at(static_cast<std::size_t>(leidas));
+            if (leidas > 0 && leidas <= 10)
+                QCOMPARE(registros.texto(u"Nombre"), u"Artículo %1"_s.arg(leidas));
+            QCOMPARE(filasDe(registros).size(), std::max(10 - leidas, 0));
+            QCOMPARE(numeroDeError([&] { registros.texto(0); }), nv::errores::ConexionCerrada);
+        }
+        QVERIFY(vacia.nombre(0) == u"Nombre" && !vacia.siguiente());
+    }
+
+    void transactions_beside_open_lists()
+    {
+        diezFilas();
+        nv::Registros antes = lista();
+        QVERIFY(antes.siguiente());
+        conexion().Comenzar();
+        ejecutar(u"UPDATE #Lista SET Nombre = 'cambiado' WHERE Codigo = 3"_s);
+        nv::Registros dentro = abrir(u"SELECT Nombre FROM #Lista WHERE Codigo > 2 ORDER BY Codigo"_s);
+        QVERIFY(dentro.siguiente());
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo > 5"_s);
+        conexion().Deshacer();
+        QVERIFY(dentro.texto(0) == u"cambiado" && filasDe(dentro).size() == 7);
+        QVERIFY(antes.entero32(0) == 1 && filasDe(antes).size() == 9);
+        conexion().Comenzar();
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo > 5"_s);
+        nv::Registros hasta = lista();
+        QVERIFY(hasta.siguiente());
+        conexion().Confirmar();
+        QCOMPARE(filasDe(hasta).join(u','), u"2|Artículo 2,3|Artículo 3,4|Artículo 4,5|Artículo 5"_s);
+        QCOMPARE(cuantas(), u"5"_s);
+    }
+
+    void ends_of_a_transaction()
+    {
+        diezFilas();
+        {
+            nv::Transaccion transaccion(conexion());
+            QVERIFY(falla([&] { conexion().Comenzar(); }));
+            ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (11, 'once')"_s);
+            QVERIFY(falla([&] { ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s); }));
+            nv::Transaccion dentro(conexion());
+            ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (12, 'doce')"_s);
+            dentro.confirmar(); // of somebody else's: nothing yet
+            QVERIFY(transaccion.propia() && !dentro.propia() && conexion().enTransaccion());
+            transaccion.confirmar(); // a duplicate leaves the transaction open
+        }
+        QCOMPARE(cuantas(), u"12"_s);
+        conexion().Comenzar();
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo = 11"_s);
+        ejecutar(u"ROLLBACK"_s); // as when the engine rolled back by itself
+        QVERIFY(!falla([&] { conexion().Deshacer(); }));
+        // What comes after is in no transaction that somebody would have to end.
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo = 12"_s);
+        conexion().Comenzar();
+        ejecutar(u"DELETE FROM #Lista"_s);
+        QVERIFY(!falla([&] { conexion().Deshacer(); }));
+        QCOMPARE(cuantas(), u"11"_s);
+        conexion().Comenzar();
+        ejecutar(u"ROLLBACK"_s);
+        QVERIFY2(falla([&] { conexion().Confirmar(); }), "nothing was kept: nobody may believe it was");
+        conexion().Deshacer();
+        QVERIFY(!conexion().enTransaccion());
+    }
+
+    void table_made_again_under_an_open_list()
+    {
+        diezFilas();
+        nv::Registros abierta = abrir(u"SELECT * FROM #Lista WHERE Codigo > 0"_s);
+        QVERIFY(abierta.siguiente());
+        ejecutar(u"DROP TABLE #Lista"_s);
+        ejecutar(u"CREATE TABLE #Lista (Nombre varchar(60), Codigo int)"_s);
+        ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (8, 'ocho')"_s);
+        nv::Registros otra = abrir(u"SELECT * FROM #Lista WHERE Codigo > 0"_s);
+        QVERIFY(otra.siguiente());
+        QVERIFY(otra.texto(u"nombre") + otra.texto(u"CODIGO") == u"ocho8" && filasDe(abierta).size() == 9);
+        // A drop that fails leaves an open transaction as it is.
+        nv::Transaccion transaccion(conexion());
+        ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (9, 'nueve')"_s);
+        QVERIFY(falla([&] { ejecutar(u"DROP TABLE #NoEsta"_s); }));
+        transaccion.confirmar();
+        QCOMPARE(cuantas(), u"2"_s);
+    }
+
+    void released_connection_leaves_the_slot()
+    {
+        diezFilas();
+        nv::ranura::ofrecer(&conexion());
+        const auto otra = lugar().conectar();
+        nv::ranura::ofrecer(otra.get());
+        QCOMPARE(nv::ranura::actual(), &conexion()); // the first one's
+        nv::Registros abierto = lista();
+        nv::Registros ultimo = lista();
+        QVERIFY(ultimo.siguiente());
+        soltar();
+        QCOMPARE(filasDe(abierto).size(), 10); // was in memory when its connection went
+        QCOMPARE(ultimo.texto(1), u"Artículo 1"_s);
+        QCOMPARE(numeroDeError([&] { ultimo.siguiente(); }), nv::errores::ConexionCerrada);
+        QCOMPARE(numeroDeError([] { nv::ranura::exigida(); }), nv::errores::SinObjeto);
+        reconectar();
+        nv::ranura::ofrecer(&conexion());
+        QCOMPARE(filasDe(nv::ranura::exigida(), u"SELECT 1"_s), QStringList{u"1"_s});
+    }
+
+private:
+    bool conSqlite() const { return via() == Via::Odbc || via() == Via::Anfitrion; }
+    void diezFilas()
+    {
+        ejecutar(u"CREATE TABLE #Lista (Codigo int NOT NULL PRIMARY KEY, Nombre varchar(60))"_s);
+        for (int i = 1; i <= 10; ++i)
+            ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (%1, 'Artículo %1')"_s.arg(i));
+    }
+    nv::Registros lista() { return abrir(u"SELECT Codigo, Nombre FROM #Lista ORDER BY Codigo"_s); }
+    QString cuantas() { return filas(u"SELECT COUNT(*) FROM #Lista"_s).join(u','); }
 };
 
-void PruebaDialecto::amounts_are_exact()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const nv::Transaccion transaccion(conexion());
-    ejecutar(u"DELETE FROM Articulos_Tarifas"_s);
-    ejecutar(u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (1, 1, 1, 0.1), "
-             u"(1, 1, 2, 0.2), (1, 1, 3, 0.3), (1, 2, 1, 10), (1, 3, 1, 0.00001), (1, 4, 1, NULL), "
-             u"(1, 5, 1, 900719925474.0991)"_s);
-    const auto uno = [&](const QString &expresion, int articulo) {
-        return filas(u"SELECT %1 FROM Articulos_Tarifas WHERE Cod_Articulo =%2"_s.arg(expresion).arg(articulo))
-            .value(0);
-    };
-    QCOMPARE(uno(u"SUM(Pvp)"_s, 1), u"0.6"_s);
-    QCOMPARE(
-        filas(
-            u"SELECT Cod_Articulo FROM Articulos_Tarifas WHERE Cod_Empresa =1 GROUP BY Cod_Articulo HAVING SUM(Pvp) = 0.6"_s),
-        QStringList{u"1"_s});
-    QCOMPARE(uno(u"SUM(CASE WHEN Cod_Tarifa < 3 THEN Pvp ELSE -Pvp END)"_s, 1), u"0"_s);
-    QCOMPARE(uno(u"Pvp + Pvp + Pvp"_s, 1), u"0.3"_s);
-    QCOMPARE(uno(u"SUM(Pvp)"_s, 99), u"NULL"_s);
-    QCOMPARE(uno(u"SUM(Cod_Tarifa)"_s, 1), u"6"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Pvp)"_s, 2), u"10.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR(20), Pvp)"_s, 3), u"0.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, ISNULL(Pvp, 0))"_s, 4), u"0.00"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Pvp)"_s, 5), u"900719925474.10"_s);
-    QCOMPARE(uno(u"CONVERT(VARCHAR, Cod_Articulo)"_s, 5), u"5"_s);
-    nv::Registros registros = abrir(u"SELECT Pvp FROM Articulos_Tarifas WHERE Cod_Articulo =5"_s);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.moneda(0).diezmilesimas(), 9007199254740991);
-}
-
-void PruebaDialecto::literals_are_the_statement_s_own()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const nv::Transaccion transaccion(conexion());
-    ejecutar(
-        u"INSERT INTO Parametros_App (Clave, Valor) VALUES ('a', '1'), ('b', '01'), ('c', 'x''y'), ('12', 'doce')"_s);
-    const auto clave = [&](const QString &condicion) {
-        return filas(u"SELECT Clave FROM Parametros_App WHERE "_s + condicion + u" ORDER BY Clave"_s).join(u',');
-    };
-    QCOMPARE(clave(u"Valor ='1'"_s), u"a"_s);
-    QCOMPARE(clave(u"Valor ='01'"_s), u"b"_s);
-    QCOMPARE(clave(u"Valor ='x''y'"_s), u"c"_s);
-    QCOMPARE(clave(u"Valor =''"_s), QString());
-    QCOMPARE(clave(u"Clave ='12'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '1%'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '%2'"_s), u"12"_s);
-    QCOMPARE(clave(u"Clave LIKE '_'"_s), u"a,b,c"_s);
-    QCOMPARE(clave(u"Clave LIKE ''"_s), QString());
-    QCOMPARE(clave(u"Clave IN ('a', 'C', 'zz')"_s), u"a,c"_s);
-    // A column's ordinal is no value.
-    QCOMPARE(filas(u"SELECT TOP 2 Clave, Valor FROM Parametros_App ORDER BY 2, 1"_s),
-             (QStringList{u"b|01"_s, u"a|1"_s}));
-    QCOMPARE(filas(u"SELECT TOP 2 Clave, Valor FROM Parametros_App ORDER BY 1, 2"_s),
-             (QStringList{u"12|doce"_s, u"a|1"_s}));
-    QCOMPARE(
-        filas(
-            u"SELECT  TOP 1 Clave FROM Parametros_App WHERE Clave IN (SELECT TOP 1 Clave FROM Parametros_App ORDER BY Clave DESC)"_s),
-        QStringList{u"c"_s});
-}
-
-void PruebaDialecto::a_changed_table_is_read_anew()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const QString consulta = u"SELECT * FROM #t WHERE Codigo =1"_s;
-    ejecutar(u"SELECT Codigo INTO #t FROM Marcas WHERE Codigo =1"_s);
-    QCOMPARE(filas(consulta), QStringList{u"1"_s});
-    ejecutar(u"DROP TABLE #t"_s);
-    ejecutar(u"SELECT Nombre, Codigo INTO #t FROM Marcas WHERE Codigo =1"_s);
-    nv::Registros registros = abrir(consulta);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.texto(u"nombre"), u"Acme"_s);
-    QCOMPARE(registros.entero16(u"CODIGO"), 1);
-}
-
-void PruebaDialecto::notes_come_whole()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const nv::Transaccion transaccion(conexion());
-    const QString nota = u"Línea de notas: ñÑ, á, ü, 12 €.\r\n"_s.repeated(700);
-    ejecutar(u"UPDATE Articulos SET Desc_Memo = '%1' WHERE Codigo = 1"_s.arg(nota));
-    ejecutar(u"UPDATE Articulos SET Desc_Memo = '' WHERE Codigo = 2"_s);
-    ejecutar(u"UPDATE Articulos SET Desc_Memo = NULL WHERE Codigo = 3"_s);
-    nv::Registros registros =
-        abrir(u"SELECT Codigo, Desc_Memo, Descripcion FROM Articulos WHERE Codigo < 4 ORDER BY Codigo"_s);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.texto(u"Descripcion"), u"TORNILLO PLANO"_s); // behind the notes, read before them
-    QCOMPARE(registros.texto(u"Desc_Memo"), nota);
-    QVERIFY(registros.siguiente());
-    QVERIFY(!registros.esNulo(u"Desc_Memo") && registros.texto(u"Desc_Memo").isEmpty());
-    QVERIFY(registros.siguiente());
-    QVERIFY(registros.esNulo(u"Desc_Memo"));
-}
-
-void PruebaDialecto::texts_compare_in_Spanish()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const nv::Transaccion transaccion(conexion());
-    ejecutar(u"DELETE FROM Marcas"_s);
-    ejecutar(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (1, 'Ñora'), (2, 'nuez'), (3, 'OCA'), (4, 'Nácar'), (5, "
-             u"'nacar'), (6, '100%'), (7, 'a_b')"_s);
-    const auto codigos = [&](const QString &condicion) {
-        return filas(u"SELECT Codigo FROM Marcas WHERE Nombre "_s + condicion + u" ORDER BY Codigo"_s).join(u',');
-    };
-    QCOMPARE(codigos(u"= 'ÑORA'"_s), u"1"_s);
-    QCOMPARE(codigos(u"= 'nora'"_s), QString());
-    QCOMPARE(codigos(u"= 'NACAR   '"_s), u"5"_s);
-    QCOMPARE(codigos(u"= 'nácar'"_s), u"4"_s);
-    QCOMPARE(codigos(u"LIKE 'n%'"_s), u"2,4,5"_s);
-    QCOMPARE(codigos(u"LIKE '%Á%'"_s), u"4"_s);
-    QCOMPARE(codigos(u"LIKE '[no]%a'"_s), u"3"_s);
-    QCOMPARE(codigos(u"LIKE '%[%]'"_s), u"6"_s);
-    QCOMPARE(codigos(u"LIKE 'a[_]b'"_s), u"7"_s);
-    QCOMPARE(filas(u"SELECT Codigo FROM Marcas WHERE Codigo < 4 ORDER BY Nombre"_s),
-             (QStringList{u"2"_s, u"1"_s, u"3"_s}));
-    QCOMPARE(filas(u"SELECT LEN(Nombre) FROM Marcas WHERE Codigo = 4"_s), QStringList{u"5"_s});
-}
-
-void PruebaDialecto::dates_are_day_month_year()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    const nv::Transaccion transaccion(conexion());
-    ejecutar(u"DELETE FROM Articulos_CBarras"_s);
-    ejecutar(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Fecha) VALUES (1, 1, 'A', "
-             u"'02/03/2026'), (1, 1, 'B', '01/12/2025'), (1, 1, 'C', ' 31/01/2026'), (1, 1, 'D', NULL)"_s);
-    const auto barras = [&](const QString &condicion) {
-        return filas(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE "_s + condicion).join(u',');
-    };
-    QCOMPARE(barras(u"Fecha IS NOT NULL ORDER BY Fecha"_s), u"B,C,A"_s);
-    QCOMPARE(barras(u"Fecha > '01/02/2026'"_s), u"A"_s);
-    QCOMPARE(barras(u"Fecha <=' 31/01/2026' ORDER BY Fecha"_s), u"B,C"_s);
-    QCOMPARE(barras(u"Fecha = '2/3/2026'"_s), u"A"_s);
-    nv::Registros registros = abrir(u"SELECT Fecha FROM Articulos_CBarras WHERE Cod_Barras <> 'D' ORDER BY Fecha"_s);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.fechaO(u"Fecha"), QDate(2025, 12, 1));
-    QVERIFY(registros.siguiente() && registros.siguiente());
-    QCOMPARE(registros.fechaO(u"Fecha"), QDate(2026, 3, 2));
-}
-
-void PruebaDialecto::statements_that_no_engine_takes()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR_CON_CATALOGO(motor)
-    for (const QString &sentencia :
-         {u"SELECT Codigo FROM Marcas WHERE Codigo =1AND Nombre ='Acme'"_s, u"SELECT 'sin cerrar"_s,
-          u"SELECT Codigo FROM Marcas WHERE Nombre ="_s, u"SELECT Codigo FROM NoEsta"_s, u"SELECT NoEsta FROM Marcas"_s,
-          u"INSERT INTO Marcas (Codigo, Nombre) VALUES (1, 'otra')"_s, u"INSERT INTO Proveedores (Codigo) VALUES (1)"_s,
-          u"DROP TABLE #NoEsta"_s}) {
-        QVERIFY2(numeroDeError([&] { filas(sentencia); }) > 0, qPrintable(sentencia));
-        QVERIFY2(numeroDeError([&] { ejecutar(sentencia); }) > 0, qPrintable(sentencia));
-    }
-    QCOMPARE(filas(u"SELECT Nombre FROM Marcas WHERE Nombre <> '; DELETE FROM Marcas --' ORDER BY Codigo"_s),
-             (QStringList{u"Acme"_s, u"Roca"_s}));
-    QCOMPARE(filas(u"SELECT COUNT(*) /* ' */ FROM Marcas -- it's the end"_s), QStringList{u"2"_s});
-}
-
-QTEST_GUILESS_MAIN(PruebaDialecto)
-#include "moc_tst_odbcMotores.cpp"
+NV_PRUEBA(PruebaMotores)
 #include "tst_motores.moc"

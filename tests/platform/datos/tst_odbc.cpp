@@ -1,319 +1,145 @@
-#include "tst_odbcMotores.h"
+#include "nvArticulo/Motores.h"
+#include "platform/datos/ConexionOdbcErrores.h"
+#include "platform/datos/ConexionOdbcValores.h"
+#include "support/BaseDatos.h"
+#include "support/Programa.h"
 
-namespace {
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlField>
+#include <QSqlQuery>
+#include <QTest>
 
-struct Tipo
-{
-    const char *nombre;
-    const char16_t *columna;
-    const char16_t *valor;
-    const char16_t *texto; ///< null: NULL
-};
+using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
+using namespace nv::datos;
+using nv::Sentencia;
 
-const Tipo Tipos[] = {
-    {"smallint", u"smallint", u"-7", u"-7"},
-    {"int", u"int", u"2147483647", u"2147483647"},
-    {"bigint", u"bigint", u"900719925474099", u"900719925474099"},
-    {"bit set", u"bit", u"1", u"1"},
-    {"bit clear", u"bit", u"0", u"0"},
-    {"money", u"money", u"10.5", u"10.5"},
-    {"money, whole", u"money", u"12", u"12"},
-    {"money, four decimals", u"money", u"1234.5678", u"1234.5678"},
-    {"money, smallest", u"money", u"-0.0001", u"-0.0001"},
-    {"money, beyond what a double adds up", u"money", u"900719925474.0991", u"900719925474.0991"},
-    {"decimal", u"decimal(12,3)", u"40.500", u"40.5"},
-    {"datetime", u"datetime", u"'22/11/2026'", u"22/11/2026"},
-    {"char, filled up with blanks", u"char(6)", u"'AB'", u"AB"},
-    {"varchar, its own blanks", u"varchar(20)", u"' AB  '", u" AB  "},
-    {"varchar, empty", u"varchar(20)", u"''", u""},
-    {"varchar, Spanish and a quote", u"varchar(40)", u"'PEÑA «L''ORÉAL» 12 €'", u"PEÑA «L'ORÉAL» 12 €"},
-    {"null smallint", u"smallint", u"NULL", nullptr},
-    {"null bit", u"bit", u"NULL", nullptr},
-    {"null money", u"money", u"NULL", nullptr},
-    {"null datetime", u"datetime", u"NULL", nullptr},
-    {"null varchar", u"varchar(20)", u"NULL", nullptr},
-};
-
-} // namespace
-
-/// Values, messages and connections, one set of cases for every way in: embedded, through an ODBC driver, over a
-/// database that the host opened, and over a server where there is one.
-class PruebaOdbc : public PruebaMotores
+/// What the server's engine does to connection texts, messages and values, and what only a server shows.
+class PruebaOdbc : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void values_come_out_alike_data();
-    void values_come_out_alike();
-    void long_texts_and_names_data() { motores(); }
-    void long_texts_and_names();
-    void rows_changed_data() { motores(); }
-    void rows_changed();
-    void errors_in_words_data() { motores(); }
-    void errors_in_words();
-    void released_connection_leaves_the_slot_data() { motores(); }
-    void released_connection_leaves_the_slot();
-    void connection_dropped_under_the_component();
-    void connection_killed_by_the_server_data();
-    void connection_killed_by_the_server();
-    void last_value_of_the_text_is_taken_as_written();
-    void connections_that_cannot_be_made();
-    void schema_is_made_whole_or_not_at_all();
-    void server_makes_the_schema_and_takes_a_catalogue_data();
-    void server_makes_the_schema_and_takes_a_catalogue();
+    void messages_lose_the_names_of_the_drivers()
+    {
+        const QString casos[][3] = {
+            {u"[FreeTDS][SQL Server]Invalid object name 'Nada'."_s, u"208"_s, u"208 Invalid object name 'Nada'."_s},
+            {u"[FreeTDS][SQL Server]Violation of KEY. [FreeTDS][SQL Server]The statement has been terminated."_s,
+             u"2627;3621"_s, u"2627 Violation of KEY. The statement has been terminated."_s},
+            {u"[A][Driver 18 for B][B]Column [a] or [b]?"_s, u"207"_s, u"207 Column [a] or [b]?"_s},
+            {u"  Se ha cortado la conexión "_s, {}, u"0 Se ha cortado la conexión"_s},
+            {u"[D]uno [D]dos [D]uno"_s, u"0;1205"_s, u"1205 uno. dos"_s},
+            {u"[D][S]"_s, {}, u"0 Unable to execute statement"_s},
+            {u"[Driver sin cerrar"_s, u"1"_s, u"1 [Driver sin cerrar"_s},
+        };
+        for (const auto &[mensaje, codigo, visto] : casos) {
+            const nv::Error error =
+                errorOdbc(QSqlError(u"Unable to execute statement"_s, mensaje, QSqlError::StatementError, codigo));
+            QCOMPARE(u"%1 %2"_s.arg(error.numero).arg(error.descripcion), visto);
+        }
+        QVERIFY(!errorOdbc(QSqlError()).descripcion.isEmpty());
+    }
+
+    void values_of_a_server()
+    {
+        using Tipo = QMetaType;
+        constexpr int Char = 1, Varchar = 12, WChar = -8;
+        const QVariant nulo(QMetaType::fromType<QString>());
+        const std::tuple<QMetaType::Type, int, QVariant, QVariant> casos[] = {
+            {Tipo::Double, 3, u"10.5000"_s, 10.5},
+            {Tipo::Double, 3, u"-.0001"_s, -0.0001},
+            {Tipo::Double, 3, u"0.66666666"_s, 0.6667},                              // more decimals than an amount has
+            {Tipo::Double, 3, u"922337203685477.5807"_s, u"922337203685477.5807"_s}, // no double holds it
+            {Tipo::Double, 8, 0.1 + 0.2, 0.3},
+            {Tipo::Double, 3, nulo, {}},
+            {Tipo::Bool, -7, true, qlonglong{1}},
+            {Tipo::UInt, -6, 255U, qlonglong{255}},
+            {Tipo::QString, Char, u" AB    "_s, u" AB"_s},
+            {Tipo::QString, WChar, u"   "_s, QString(u""_s)},
+            {Tipo::QString, Varchar, u"AB  "_s, u"AB  "_s},
+        };
+        for (const auto &[tipo, tipoSql, crudo, valor] : casos) {
+            QSqlField campo(u"c"_s, QMetaType(tipo));
+            campo.setSqlType(tipoSql);
+            const QVariant visto = valorOdbc(crudo, claseOdbc(campo));
+            QVERIFY(visto == valor && visto.typeId() == valor.typeId() && visto.isNull() == valor.isNull());
+        }
+    }
+
+    void texts_that_connect()
+    {
+        Lugar lugar(Via::Odbc);
+        if (!lugar.falta().isEmpty())
+            QSKIP(qPrintable(lugar.falta()));
+        const QTemporaryDir carpeta;
+        QFile origenes(carpeta.filePath(u"odbc.ini"_s));
+        QVERIFY(origenes.open(QIODevice::WriteOnly));
+        origenes.write("[suite]\n" + lugar.texto().toUtf8().replace(';', '\n') + '\n');
+        origenes.close();
+        qputenv("ODBCINI", origenes.fileName().toUtf8());
+        for (const QString &texto : {lugar.texto(), u" suite "_s, u"DSN=suite"_s, u"dsn=suite;"_s})
+            QCOMPARE(filasDe(*abrirOdbc(texto), u"SELECT 1"_s), QStringList{u"1"_s});
+        // This driver knows neither varchar(max) nor half the schema: nothing of it stays.
+        const auto conexion = lugar.conectar();
+        QVERIFY(falla([&] { crearEsquema(*conexion); }) && !conexion->enTransaccion());
+        QCOMPARE(filasDe(*conexion, u"SELECT name FROM sqlite_master"_s), QStringList());
+    }
+
+    void connections_that_cannot_be_made()
+    {
+        const auto mensaje = [](const QString &texto) { return errorDe([&] { abrirOdbc(texto); }).descripcion; };
+        QVERIFY(mensaje(u" "_s).startsWith(u"Falta el texto"_s));
+        for (const QString &texto : {u"DRIVER=NoHayTal;SERVER=x;PWD=secreto"_s, u"no es un texto de conexión"_s}) {
+            const QString visto = mensaje(texto);
+            QVERIFY2(visto.startsWith(u"No se puede conectar con la base de datos: "_s), qPrintable(visto));
+            QVERIFY2(visto.size() > 50 && !visto.contains(u'[') && !visto.contains(u"secreto"_s), qPrintable(visto));
+        }
+        QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
+        {
+            QVERIFY2(falla([] { sobreOdbc(QSqlDatabase()); }), "no ODBC");
+            const QSqlDatabase cerrada = QSqlDatabase::addDatabase(u"QODBC"_s, u"cerrada"_s);
+            QCOMPARE(numeroDeError([&] { sobreOdbc(cerrada); }), nv::errores::ConexionCerrada);
+        }
+        QSqlDatabase::removeDatabase(u"cerrada"_s);
+    }
+
+    /// Of the driver, too, what the connection does for it: where it did that alone, other tests would prove nothing.
+    void only_a_server_shows()
+    {
+        Lugar lugar(Via::Servidor);
+        if (!lugar.falta().isEmpty())
+            QSKIP(qPrintable(lugar.falta()));
+        const auto conexion = lugar.conectar();
+        const auto ejecutar = [&](const QString &sentencia) { conexion->Ejecutar(Sentencia::deConsola(sentencia)); };
+        ejecutar(u"CREATE TABLE #Lista (Codigo int NOT NULL PRIMARY KEY)"_s);
+        ejecutar(u"INSERT INTO #Lista (Codigo) VALUES (1), (2)"_s);
+        const QString repetida = u"INSERT INTO #Lista (Codigo) VALUES (1)"_s;
+        QCOMPARE(numeroDeError([&] { ejecutar(repetida); }), 2627); // its own, not that of the remark behind it
+        ejecutar(u"SET XACT_ABORT ON"_s);
+        conexion->Comenzar();
+        ejecutar(u"DELETE FROM #Lista WHERE Codigo = 2"_s);
+        QVERIFY(falla([&] { ejecutar(repetida); })); // the server rolls back by itself
+        conexion->Deshacer();
+        QCOMPARE(filasDe(*conexion, u"SELECT Codigo FROM #Lista"_s).size(), 2);
+
+        // As for a password at the end of the text: the driver must not see more of it than there is.
+        QStringList partes = lugar.texto().split(u';', Qt::SkipEmptyParts);
+        const QString nombre = partes.filter(u"DATABASE="_s).value(0);
+        partes.removeOne(nombre);
+        partes << nombre;
+        QCOMPARE(filasDe(*abrirOdbc(partes.join(u';')), u"SELECT DB_NAME()"_s), QStringList{nombre.section(u'=', 1)});
+
+        QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, u"anfitrion"_s);
+        base.setDatabaseName(lugar.texto() + u';');
+        QVERIFY(base.open());
+        QCOMPARE(filasDe(*sobreOdbc(base), u"SELECT 1"_s), QStringList{u"1"_s});
+        QSqlQuery una(base);
+        una.setForwardOnly(true);
+        QVERIFY(una.exec(u"SELECT 1 UNION SELECT 2"_s) && una.next());
+        QVERIFY2(!QSqlQuery(base).exec(u"SELECT 1"_s), "this driver has more than one live result");
+    }
 };
 
-void PruebaOdbc::values_come_out_alike_data()
-{
-    QTest::addColumn<Motor>("motor");
-    QTest::addColumn<int>("tipo");
-    const std::pair<Motor, const char *> vias[] = {
-        {Motor::Embebido, "embedded"}, {Motor::Texto, "ODBC"}, {Motor::Doble, "FreeTDS"}, {Motor::Servidor, "server"}};
-    for (const auto &[motor, nombre] : vias) {
-        for (int i = 0; i < static_cast<int>(std::size(Tipos)); ++i)
-            QTest::addRow("%s: %s", nombre, Tipos[i].nombre) << motor << i;
-    }
-}
-
-void PruebaOdbc::values_come_out_alike()
-{
-    QFETCH(Motor, motor);
-    QFETCH(int, tipo);
-    EMPEZAR(motor)
-    const Tipo &caso = Tipos[tipo];
-    if (motor == Motor::Texto && QLatin1StringView(caso.nombre) == "money, beyond what a double adds up"_L1)
-        QSKIP("this driver writes no more than fifteen digits");
-    const QString columna = QString::fromUtf16(caso.columna);
-    const bool conFecha = columna == u"datetime";
-    QString valor = QString::fromUtf16(caso.valor);
-    // This driver takes dates in its own form only.
-    if (conFecha && motor == Motor::Texto)
-        valor.replace(u"22/11/2026"_s, u"2026-11-22"_s);
-    ejecutar(u"CREATE TABLE #Tipos (Clave int, Valor %1 NULL)"_s.arg(columna));
-    ejecutar(u"INSERT INTO #Tipos (Clave, Valor) VALUES (1, %1)"_s.arg(valor));
-    nv::Registros registros = abrir(u"SELECT Valor FROM #Tipos WHERE Clave = 1"_s);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.esNulo(u"VALOR"), caso.texto == nullptr);
-    if (!caso.texto) {
-        QCOMPARE(numeroDeError([&] { registros.texto(u"Valor"); }), nv::errores::ValorNulo);
-        QVERIFY(!registros.fechaO(u"Valor").isValid());
-        return;
-    }
-    const QString texto = QString::fromUtf16(caso.texto);
-    if (columna.contains(u"char"_s)) {
-        QCOMPARE(registros.texto(u"Valor"), texto);
-    } else if (conFecha) {
-        QCOMPARE(registros.texto(u"Valor"), texto);
-        QCOMPARE(registros.fechaO(u"Valor"), QDate(2026, 11, 22));
-    } else {
-        const nv::Moneda importe = nv::Moneda::deTexto(texto);
-        QCOMPARE(registros.moneda(u"Valor").diezmilesimas(), importe.diezmilesimas());
-        QCOMPARE(registros.textoNumero(u"Valor"), QString(texto).replace(u'.', u','));
-        QCOMPARE(registros.entero64(u"Valor"), importe.redondeada(0).diezmilesimas() / nv::Moneda::Escala);
-        QCOMPARE(registros.booleano(u"Valor"), !importe.esCero());
-    }
-}
-
-void PruebaOdbc::long_texts_and_names()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    const QString memo = u"Línea de notas con eñes: ñÑ, á, ü.\r\n"_s.repeated(150);
-    ejecutar(u"CREATE TABLE #Notas (Codigo int, Nota varchar(8000), Otra varchar(20))"_s);
-    ejecutar(u"INSERT INTO #Notas (Codigo, Nota, Otra) VALUES (1, '%1', 'fin')"_s.arg(memo));
-    nv::Registros registros = abrir(u"SELECT Otra AS Última, Nota, Codigo AS CODIGO FROM #Notas"_s);
-    QVERIFY(registros.siguiente());
-    QCOMPARE(registros.entero16(u"codigo"), 1); // not in the order of the columns
-    QCOMPARE(registros.texto(u"última"), u"fin"_s);
-    QCOMPARE(registros.texto(u"nota"), memo);
-    QCOMPARE(numeroDeError([&] { registros.texto(u"Otra"); }), nv::errores::ColumnaDesconocida);
-}
-
-void PruebaOdbc::rows_changed()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    diezFilas();
-    QCOMPARE(ejecutar(u"UPDATE #Lista SET Nombre = 'x' WHERE Codigo > 6"_s), 4);
-    QCOMPARE(ejecutar(u"UPDATE #Lista SET Nombre = 'y' WHERE Codigo > 60"_s), 0);
-    QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Nombre = 'x'"_s), 4);
-    QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Nombre = 'x'"_s), 0);
-    QCOMPARE(ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (20, 'a'), (21, 'b')"_s), 2);
-    QCOMPARE(filas(u"SELECT COUNT(*) FROM #Lista"_s), QStringList{u"8"_s});
-}
-
-void PruebaOdbc::errors_in_words()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    diezFilas();
-    nv::Registros abierto = abrir(u"SELECT Codigo FROM #Lista ORDER BY Codigo"_s);
-    const QString malas[] = {u"SELECT x FROM NoEstaEstaTabla"_s, u"SELECT NoEsta FROM #Lista"_s,
-                             u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s, u"SELEC 1"_s,
-                             u"SELECT Codigo FROM #Lista WHERE Nombre = 'sin cerrar"_s};
-    for (const QString &mala : malas) {
-        for (const bool abriendo : {true, false}) {
-            try {
-                if (abriendo)
-                    abrir(mala);
-                else
-                    ejecutar(mala);
-                QFAIL(qPrintable(u"it went through: "_s + mala));
-            } catch (const nv::Error &error) {
-                QVERIFY2(error.numero != 0, qPrintable(mala));
-                QVERIFY(!error.descripcion.isEmpty());
-                QVERIFY2(!error.descripcion.startsWith(u'['), qPrintable(error.descripcion));
-            }
-        }
-    }
-    // The error's own number, not that of the remark behind it.
-    if (motor == Motor::Servidor || motor == Motor::Doble || motor == Motor::DobleAnfitrion)
-        QCOMPARE(numeroDeError([&] { ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s); }), 2627);
-    QCOMPARE(filasDe(abierto).size(), 10);
-}
-
-void PruebaOdbc::released_connection_leaves_the_slot()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    diezFilas();
-    nv::ranura::ofrecer(&conexion());
-    QCOMPARE(nv::ranura::actual(), &conexion());
-    nv::Registros abierto = abrir(u"SELECT Nombre FROM #Lista ORDER BY Codigo"_s);
-    QVERIFY(abierto.siguiente());
-    soltar();
-    QCOMPARE(abierto.texto(0), u"Artículo 1"_s);
-    QCOMPARE(numeroDeError([&] { abierto.siguiente(); }), nv::errores::ConexionCerrada);
-    QCOMPARE(numeroDeError([] { nv::ranura::exigida(); }), nv::errores::SinObjeto);
-    QVERIFY(empezar(motor));
-    nv::ranura::ofrecer(&conexion());
-    QCOMPARE(filasDe(nv::ranura::exigida(), u"SELECT 1"_s), QStringList{u"1"_s});
-}
-
-void PruebaOdbc::connection_dropped_under_the_component()
-{
-    EMPEZAR(Motor::Anfitrion)
-    diezFilas();
-    nv::ranura::ofrecer(&conexion());
-    nv::Registros abierto = abrir(u"SELECT Nombre FROM #Lista ORDER BY Codigo"_s);
-    QVERIFY(abierto.siguiente());
-    QSqlDatabase::database(QSqlDatabase::connectionNames().constFirst(), false).close();
-    QVERIFY(falla([&] { filas(u"SELECT Nombre FROM #Lista"_s); }));
-    QVERIFY(falla([&] { ejecutar(u"DELETE FROM #Lista"_s); }));
-    QVERIFY(falla([&] { nv::Transaccion transaccion(conexion()); }));
-    QVERIFY(!conexion().enTransaccion());
-    QVERIFY(falla([&] {
-        while (abierto.siguiente()) {}
-    }));                                         // half a list is not taken for the whole
-    QCOMPARE(nv::ranura::actual(), &conexion()); // the host's, dead or not, until it lets go
-    soltar();
-    QCOMPARE(nv::ranura::actual(), nullptr);
-    QVERIFY(empezar(Motor::Anfitrion));
-    QCOMPARE(filas(u"SELECT COUNT(*) FROM #Lista"_s), QStringList{u"10"_s});
-}
-
-void PruebaOdbc::connection_killed_by_the_server_data()
-{
-    QTest::addColumn<Motor>("motor");
-    QTest::newRow("FreeTDS") << Motor::Doble;
-    QTest::newRow("server") << Motor::Servidor;
-}
-
-void PruebaOdbc::connection_killed_by_the_server()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    const QString sesion = filas(u"SELECT @@SPID"_s).value(0);
-    const std::unique_ptr<nv::Conexion> otra = conectar(motor);
-    if (falla([&] { otra->Ejecutar(Sentencia::deConsola(u"KILL "_s + sesion)); }))
-        QSKIP("the login of the tests may not end a session");
-    QVERIFY(falla([&] { filas(u"SELECT 1"_s); }));
-    QVERIFY(falla([&] { ejecutar(u"SELECT 1"_s); }));
-    soltar();
-    QVERIFY(empezar(motor));
-    QCOMPARE(filas(u"SELECT 1"_s), QStringList{u"1"_s});
-}
-
-/// As for a password at the end of the text: the driver must not see more of it than there is.
-void PruebaOdbc::last_value_of_the_text_is_taken_as_written()
-{
-    EMPEZAR(Motor::Doble)
-    ejecutar(u"CREATE TABLE nv_Contador (Cod_Empresa smallint NOT NULL PRIMARY KEY)"_s);
-    QStringList partes = textoDoble().split(u';', Qt::SkipEmptyParts);
-    const QStringList base = partes.filter(u"DATABASE="_s);
-    partes.removeOne(base.value(0));
-    const std::unique_ptr<nv::Conexion> otra = nv::datos::abrirOdbc((partes + base).join(u';'));
-    QCOMPARE(filasDe(*otra, u"SELECT COUNT(*) FROM nv_Contador"_s), QStringList{u"0"_s});
-    ejecutar(u"DROP TABLE nv_Contador"_s);
-}
-
-void PruebaOdbc::connections_that_cannot_be_made()
-{
-    const auto mensaje = [](const QString &texto) {
-        try {
-            nv::datos::abrirOdbc(texto);
-        } catch (const nv::Error &error) {
-            return error.descripcion;
-        }
-        return QString();
-    };
-    QVERIFY(mensaje(u" "_s).startsWith(u"Falta el texto"_s));
-    for (const QString &texto :
-         {u"DRIVER=NoHayTalControlador;SERVER=x;PWD=secreto"_s, u"no es un texto de conexión"_s}) {
-        const QString visto = mensaje(texto);
-        QVERIFY2(visto.startsWith(u"No se puede conectar con la base de datos: "_s), qPrintable(visto));
-        QVERIFY2(visto.size() > 50 && !visto.contains(u'[') && !visto.contains(u"secreto"_s), qPrintable(visto));
-    }
-    QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
-    QSqlDatabase otra = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"otra"_s);
-    QVERIFY(otra.isValid());
-    otra.setDatabaseName(u":memory:"_s);
-    QVERIFY(otra.open());
-    QVERIFY(falla([&] { nv::datos::sobreOdbc(otra); })); // no ODBC
-    QVERIFY(falla([] { nv::datos::sobreOdbc(QSqlDatabase()); }));
-}
-
-void PruebaOdbc::schema_is_made_whole_or_not_at_all()
-{
-    EMPEZAR(Motor::Texto) // knows neither varchar(max) nor half the schema
-    QVERIFY(falla([&] { nv::datos::crearEsquema(conexion()); }));
-    QVERIFY(!conexion().enTransaccion());
-    QCOMPARE(filas(u"SELECT name FROM sqlite_master"_s), QStringList());
-}
-
-void PruebaOdbc::server_makes_the_schema_and_takes_a_catalogue_data()
-{
-    QTest::addColumn<Motor>("motor");
-    QTest::newRow("FreeTDS") << Motor::Doble;
-    QTest::newRow("server") << Motor::Servidor;
-}
-
-void PruebaOdbc::server_makes_the_schema_and_takes_a_catalogue()
-{
-    QFETCH(Motor, motor);
-    EMPEZAR(motor)
-    if (!falla([&] { filas(u"SELECT COUNT(*) FROM Empresas"_s); }))
-        QSKIP("the database of the tests holds a catalogue already; it has to be an empty one");
-    nv::datos::crearEsquema(conexion());
-    const auto borrar = qScopeGuard([&] { nv::pruebas::borrarEsquema(conexion()); });
-    for (const QString &sentencia : catalogoMinimo())
-        ejecutar(sentencia);
-    QVERIFY(falla([&] { nv::datos::crearEsquema(conexion()); }));
-    QCOMPARE(
-        filas(
-            u"SELECT Codigo FROM Articulos WHERE Descripcion LIKE 'ñora%' OR Descripcion = 'nuez ' ORDER BY Codigo"_s),
-        (QStringList{u"3"_s, u"5"_s}));
-    const QString copia =
-        u"INSERT INTO Articulos_Buscar(Terminal, Cod_Empresa, Cod_Articulo, Descripcion) SELECT DISTINCT 'CAJA1', 1, "
-        u"a.Codigo, a.Descripcion FROM Articulos a WHERE a.Cod_Empresa =1 ORDER BY a.Familia_1, a.Descripcion"_s;
-    QCOMPARE(ejecutar(copia), 6);
-    QCOMPARE(filas(u"SELECT Pvp FROM Clientes_Art_PVP WHERE Cod_Cliente =50 AND Fecha_Inicial <=' 22/11/2026' AND "
-                   u"Fecha_Final >=' 22/11/2026'"_s),
-             QStringList{u"8.25"_s});
-    QCOMPARE(filas(u"SELECT Fecha FROM Articulos_CBarras WHERE Cod_Barras ='98100019'"_s),
-             QStringList{u"01/02/2026"_s});
-}
-
-QTEST_GUILESS_MAIN(PruebaOdbc)
-#include "moc_tst_odbcMotores.cpp"
+NV_PRUEBA(PruebaOdbc)
 #include "tst_odbc.moc"

@@ -1,5 +1,6 @@
-#include "common/Error.h"
+#include "nvArticulo/Error.h"
 #include "platform/informe/Informe.h"
+#include "support/Programa.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -129,5 +130,5 @@ void tst_Informe::stopping_leaves_off_at_once()
     QCOMPARE(veces, 3);
 }
 
-QTEST_MAIN(tst_Informe)
+NV_PRUEBA(tst_Informe)
 #include "tst_informe.moc"

@@ -1,7 +1,7 @@
-#include "common/Conexion.h"
-#include "common/Error.h"
-#include "common/cEmpresa.h"
-#include "platform/datos/Motores.h"
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
+#include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/ListaCodigos.h"
 #include "platform/pickers/nvAlmacen.h"
 #include "platform/pickers/nvFamilia.h"
@@ -10,6 +10,7 @@
 #include "platform/pickers/nvTemporada.h"
 #include "platform/widgets/nvTextBox.h"
 #include "support/Conductor.h"
+#include "support/Programa.h"
 
 #include <QLabel>
 #include <QShortcut>
@@ -270,5 +271,5 @@ private:
     nvTextBox *m_siguiente = nullptr;
 };
 
-QTEST_MAIN(tst_pickers)
+NV_PRUEBA(tst_pickers)
 #include "tst_pickers.moc"

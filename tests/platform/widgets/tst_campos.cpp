@@ -1,11 +1,12 @@
+#include "nvArticulo/BolsaPropiedades.h"
 #include "platform/widgets/Anclaje.h"
-#include "platform/widgets/BolsaPropiedades.h"
 #include "platform/widgets/Foco.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
 #include "support/Conductor.h"
+#include "support/Programa.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -304,5 +305,5 @@ private:
     nvTextBox *m_cajas[3] = {};
 };
 
-QTEST_MAIN(tst_campos)
+NV_PRUEBA(tst_campos)
 #include "tst_campos.moc"

@@ -1,5 +1,6 @@
 #include "platform/widgets/Mensajes.h"
 #include "support/Conductor.h"
+#include "support/Programa.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -196,5 +197,5 @@ private:
     std::unique_ptr<QWidget> m_ventana;
 };
 
-QTEST_MAIN(tst_mensajes)
+NV_PRUEBA(tst_mensajes)
 #include "tst_mensajes.moc"

@@ -1,5 +1,6 @@
 #include "platform/widgets/Rejilla.h"
 #include "support/Conductor.h"
+#include "support/Programa.h"
 
 #include <QElapsedTimer>
 #include <QHeaderView>
@@ -296,5 +297,5 @@ private:
     QPushButton *m_boton = nullptr;
 };
 
-QTEST_MAIN(tst_rejilla)
+NV_PRUEBA(tst_rejilla)
 #include "tst_rejilla.moc"

@@ -1,0 +1,299 @@
+#include "Documento.h"
+
+#include "Base.h"
+#include "Formas.h"
+#include "Lineas.h"
+#include "Propiedades.h"
+#include "SelectorCliente.h"
+#include "common/Valores.h"
+#include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Teclas.h"
+#include "platform/widgets/nvCheckBox.h"
+#include "platform/widgets/nvTextBox.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QPushButton>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+using namespace formas;
+
+constexpr int RolTarifa = Qt::UserRole + 1;
+
+Documento::Documento(QWidget *padre)
+    : QWidget(padre)
+{
+    auto *columna = new QVBoxLayout(this);
+    columna->setContentsMargins(12, 12, 6, 12);
+    columna->setSpacing(10);
+    columna->addLayout(cabecera());
+    columna->addWidget(entrada());
+    m_lineas = new Lineas;
+    connect(m_lineas, &Lineas::VaciadoPedido, this, &Documento::vaciar);
+    columna->addWidget(m_lineas, 1);
+}
+
+Documento::~Documento()
+{
+    // The box speaks to what is around it while it goes.
+    disconnect();
+    retirar(std::exchange(m_articulo, nullptr));
+}
+
+QLayout *Documento::cabecera()
+{
+    m_cliente = nombrado<SelectorCliente>(u"txtCliente"_s);
+    m_cliente->setAccessibleName(u"Cliente"_s);
+    m_cliente->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_almacen = nombrado<QComboBox>(u"cboAlmacen"_s);
+    m_almacen->setMinimumContentsLength(22);
+    connect(m_cliente, &SelectorCodigo::Cambio, this, &Documento::ponerContexto);
+    connect(m_almacen, &QComboBox::currentIndexChanged, this, &Documento::ponerContexto);
+    return enFila({rotulo(u"&Cliente:"_s, m_cliente->caja()), m_cliente, rotulo(u"Al&macén:"_s, m_almacen), m_almacen});
+}
+
+QWidget *Documento::entrada()
+{
+    m_rotuloArticulo = new QLabel(u"A&rtículo:"_s);
+    m_lugarArticulo = new QHBoxLayout;
+    m_unidades = nombrado<nvTextBox>(u"txtUnidades"_s);
+    m_unidades->setNumerico(true);
+    m_unidades->setDecimales(3);
+    m_unidades->setMaxLength(9);
+    m_unidades->setFixedWidth(90);
+    m_precio = nombrado<QLabel>(u"lblPrecio"_s);
+    m_precio->setMinimumWidth(110);
+    m_escaner = nombrado<nvCheckBox>(u"chkEscaner"_s, u"Modo &escáner"_s);
+    m_escaner->setToolTip(u"Cada artículo leído es una línea de una unidad."_s);
+    m_anadir = nombrado<QPushButton>(u"cmdAnadir"_s, u"Aña&dir"_s);
+    auto *ayuda = new QLabel(u"F3 busca · .referencia · *ref. cliente · +PLU · /barras"_s);
+    ayuda->setForegroundRole(QPalette::PlaceholderText);
+
+    auto *marco = new QFrame;
+    marco->setFrameShape(QFrame::StyledPanel);
+    auto *rejilla = new QGridLayout(marco);
+    rejilla->addWidget(m_rotuloArticulo, 0, 0);
+    rejilla->addLayout(m_lugarArticulo, 0, 1);
+    rejilla->addWidget(rotulo(u"&Unidades:"_s, m_unidades), 1, 0);
+    rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, ayuda, m_anadir}), 1, 1);
+    connect(m_unidades, &nvTextBox::Intro, this, [this](bool &tratada) {
+        tratada = true;
+        anadirActual();
+    });
+    connect(m_anadir, &QPushButton::clicked, this, &Documento::anadirActual);
+    connect(m_escaner, &QCheckBox::toggled, this, [this](bool activo) {
+        m_articulo->setKeyEnterChangeFocus(!activo);
+        Q_EMIT Aviso(activo ? u"Modo escáner: cada artículo leído es una línea."_s : QString());
+        siguienteArticulo();
+    });
+    return marco;
+}
+
+void Documento::crearArticulo()
+{
+    m_articulo = nombrado<nvArticulo>(u"articulo"_s, this);
+    m_articulo->setAccessibleName(u"Artículo"_s);
+    m_articulo->InitProperties();
+    m_articulo->setToolTipText(
+        u"Código, código de barras o texto; .referencia  *ref. de cliente  +PLU  /código de barras.  F3 busca."_s);
+    m_lugarArticulo->addWidget(m_articulo, 1);
+    m_rotuloArticulo->setBuddy(m_articulo);
+    if (m_base) {
+        m_articulo->setcEmpresa(&m_base->empresa());
+        m_articulo->setParametros(&m_base->parametros());
+        m_articulo->setConexion(&m_base->conexion());
+    }
+    ponerContexto();
+    connect(m_articulo, &nvArticulo::KeyDown, this, [this](qint16 &codigo, qint16 &) { alTecla(codigo); });
+    connect(m_articulo, &nvArticulo::KeyPress, this, [this](qint16 &ascii) {
+        if (ascii == teclas::Intro || ascii == 0)
+            alResolver();
+    });
+    connect(m_articulo, &nvArticulo::Change, this, [this] {
+        m_precio->clear();
+        Q_EMIT Cambio();
+    });
+    // The boxes themselves: an order of composites leaves their inner boxes where they were made.
+    setTabOrder(m_cliente->caja(), m_almacen);
+    setTabOrder(m_almacen, m_articulo->focusProxy());
+    setTabOrder(m_articulo->focusProxy(), m_unidades);
+    setTabOrder(m_unidades, m_anadir);
+    setTabOrder(m_anadir, &m_lineas->rejilla());
+    Q_EMIT ArticuloNuevo(m_articulo);
+}
+
+void Documento::renovarArticulo()
+{
+    nvArticulo *antes = m_articulo;
+    crearArticulo();
+    propiedades::copiar(*antes, *m_articulo);
+    retirar(antes);
+}
+
+/// A box that goes with the focus in it would be told of losing it when it is half gone.
+void Documento::retirar(nvArticulo *articulo)
+{
+    if (!articulo)
+        return;
+    articulo->focusProxy()->clearFocus();
+    articulo->hide();
+    delete articulo;
+}
+
+void Documento::setBase(Base *base)
+{
+    retirar(std::exchange(m_articulo, nullptr));
+    m_base = base;
+    setEnabled(base != nullptr);
+    m_cliente->setConexion(base ? &base->conexion() : nullptr);
+    m_cliente->setcEmpresa(base ? &base->empresa() : nullptr);
+    m_almacen->clear();
+    if (base)
+        mensajes::guardar(this, u"Mostrador"_s, [this] { cargarAlmacenes(); });
+}
+
+void Documento::cargarAlmacenes()
+{
+    Sentencia s(u"SELECT Codigo, Nombre, Tarifa FROM Almacenes WHERE Cod_Empresa =");
+    s << m_base->empresa().Codigo() << u" ORDER BY Codigo";
+    for (Registros almacenes = m_base->conexion().Abrir(s); almacenes.siguiente();) {
+        const qint16 codigo = almacenes.entero16(u"Codigo");
+        m_almacen->addItem(u"%1 - %2"_s.arg(codigo).arg(almacenes.textoO(u"Nombre")), codigo);
+        m_almacen->setItemData(m_almacen->count() - 1, almacenes.entero16(u"Tarifa"), RolTarifa);
+    }
+}
+
+void Documento::reiniciar()
+{
+    m_cliente->Limpiar();
+    m_almacen->setCurrentIndex(0);
+    const QSignalBlocker callado(m_escaner);
+    m_escaner->setChecked(false);
+    retirar(std::exchange(m_articulo, nullptr));
+    crearArticulo();
+    vaciar();
+}
+
+/// What the document says of the item that is sought.
+void Documento::ponerContexto()
+{
+    if (!m_articulo)
+        return;
+    m_articulo->Cliente = m_cliente->Codigo();
+    m_articulo->AlmacenStock = static_cast<qint16>(m_almacen->currentData().toInt());
+}
+
+void Documento::alTecla(qint16 codigo)
+{
+    if (codigo == teclas::Intro)
+        m_tecleado = m_articulo->Text();
+    // F3 has put a list in `MultiCodigo`, or emptied it, when the box asks for several.
+    if (codigo == teclas::F3 && m_articulo->MultiResultado && !m_articulo->MultiCodigo().isEmpty())
+        anadirVarios();
+    Q_EMIT Cambio();
+}
+
+void Documento::alResolver()
+{
+    Q_EMIT Cambio();
+    const QString texto = m_articulo->Text();
+    // A search from a typed description that brought several items leaves the description in the box, dealt with.
+    const bool varios = !m_articulo->Existe() && !m_articulo->Pendiente() && texto.size() > 2 && !esNumerico(texto) &&
+                        !m_articulo->MultiCodigo().isEmpty();
+    if (varios) {
+        anadirVarios();
+    } else if (m_articulo->Existe()) {
+        Q_EMIT Aviso({});
+        if (!m_articulo->KeyEnterChangeFocus()) {
+            m_unidades->setText(u"1"_s);
+            anadirActual();
+        } else {
+            const std::optional<Moneda> pvp = precio(m_articulo->Codigo());
+            m_precio->setText(pvp ? pvp->texto(m_base->empresa().DecimalesPvp()) + u" €"_s : u"sin precio"_s);
+        }
+    } else if (!m_articulo->KeyEnterChangeFocus() && !m_tecleado.isEmpty() && texto.isEmpty()) {
+        Q_EMIT Aviso(u"No encontrado: %1"_s.arg(m_tecleado));
+    }
+}
+
+void Documento::anadirVarios()
+{
+    const QStringList codigos = m_articulo->MultiCodigo().split(u'|', Qt::SkipEmptyParts);
+    // Descriptions may be empty: only the separator in front goes.
+    const QStringList nombres = m_articulo->MultiDescripcion().split(u'|');
+    const qsizetype primero = nombres.size() - codigos.size();
+    m_lineas->rejilla().setRedibujo(false);
+    for (qsizetype i = 0; i < codigos.size(); ++i)
+        anadir(codigos[i], nombres.value(primero + i), Moneda::deUnidades(1));
+    m_lineas->rejilla().setRedibujo(true);
+    siguienteArticulo();
+}
+
+std::optional<Moneda> Documento::precio(const QString &codigo)
+{
+    try {
+        Sentencia s(u"SELECT Pvp FROM Articulos_Tarifas WHERE Cod_Empresa =");
+        s << m_base->empresa().CodigoArticulos() << u" AND Cod_Articulo =" << NumeroEscrito(codigo)
+          << u" AND Cod_Tarifa =" << m_almacen->currentData(RolTarifa).toInt();
+        Registros registros = m_base->conexion().Abrir(s);
+        if (registros.siguiente() && !registros.esNulo(0))
+            return registros.moneda(0);
+    } catch (const Error &error) {
+        Q_EMIT Aviso(error.descripcion);
+    }
+    return std::nullopt;
+}
+
+void Documento::anadir(const QString &codigo, const QString &descripcion, Moneda unidades)
+{
+    m_lineas->anadir(codigo, descripcion, unidades, precio(codigo).value_or(Moneda()),
+                     m_base->empresa().DecimalesPvp());
+}
+
+void Documento::anadirActual()
+{
+    // What came from F3 has its description but has not been looked up yet.
+    if (!m_articulo->Existe() && m_articulo->Pendiente() && esNumerico(m_articulo->Text()))
+        m_articulo->Cargar();
+    if (!m_articulo->Existe()) {
+        Q_EMIT Aviso(u"Indique primero un artículo."_s);
+        m_articulo->setFocus();
+        return;
+    }
+    Moneda unidades;
+    try {
+        unidades = Moneda::deTexto(m_unidades->text().trimmed().replace(u',', u'.'));
+    } catch (const Error &) {
+        Q_EMIT Aviso(u"Las unidades no son un número."_s);
+        m_unidades->setFocus();
+        return;
+    }
+    QString descripcion = m_articulo->Nombre();
+    if (m_articulo->TieneCualidad())
+        descripcion += u" (%1 / %2)"_s.arg(m_articulo->Nombre_CualidadX(), m_articulo->Nombre_CualidadY());
+    anadir(m_articulo->Codigo(), descripcion, unidades);
+    siguienteArticulo();
+}
+
+void Documento::vaciar()
+{
+    m_lineas->vaciar();
+    siguienteArticulo();
+}
+
+void Documento::siguienteArticulo()
+{
+    m_articulo->setCodigo({});
+    m_unidades->setText(u"1"_s);
+    m_precio->clear();
+    m_articulo->setFocus();
+    Q_EMIT Cambio();
+}
+
+} // namespace nv

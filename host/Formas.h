@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <initializer_list>
+
+/// What every form of the host is put together with.
+namespace nv::formas {
+
+/// A widget under the name by which scripts find it.
+template <class Widget, class... Argumentos>
+Widget *nombrado(const QString &nombre, Argumentos &&...argumentos)
+{
+    auto *widget = new Widget(std::forward<Argumentos>(argumentos)...);
+    widget->setObjectName(nombre);
+    return widget;
+}
+
+/// The caption of a field, with the mnemonic that leads there.
+inline QLabel *rotulo(const QString &texto, QWidget *de)
+{
+    auto *nuevo = new QLabel(texto);
+    nuevo->setBuddy(de);
+    return nuevo;
+}
+
+/// One beside the other; a null takes the room that is left.
+inline QHBoxLayout *enFila(std::initializer_list<QWidget *> widgets)
+{
+    auto *fila = new QHBoxLayout;
+    for (QWidget *widget : widgets) {
+        if (widget)
+            fila->addWidget(widget, widget->sizePolicy().expandingDirections() & Qt::Horizontal ? 1 : 0);
+        else
+            fila->addStretch();
+    }
+    return fila;
+}
+
+} // namespace nv::formas

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace nv {
+
+class Conexion;
+struct OpcionesCatalogo;
+
+/// Writes the items with all that hangs from them. False when `progreso` gave up. Throws Error.
+bool escribirArticulos(Conexion &conexion, const OpcionesCatalogo &opciones);
+
+} // namespace nv

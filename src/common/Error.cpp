@@ -1,0 +1,36 @@
+#include "nvArticulo/Error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+const char *Error::what() const noexcept
+{
+    try {
+        m_utf8 = descripcion.toUtf8();
+        return m_utf8.constData();
+    } catch (...) {
+        return "";
+    }
+}
+
+namespace errores {
+
+Error desbordamiento()
+{
+    return {Desbordamiento, u"Desbordamiento."_s};
+}
+
+Error noCoinciden()
+{
+    return {NoCoinciden, u"No coinciden los tipos."_s};
+}
+
+Error sinEmpresa()
+{
+    return {SinObjeto, u"No se ha establecido la empresa."_s};
+}
+
+} // namespace errores
+
+} // namespace nv

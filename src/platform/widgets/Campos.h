@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+/// What every form makes again and again.
+namespace nv {
+
+/// A label that leads to its field, and names it for those who do not see it.
+QLabel *nuevoRotulo(const QString &texto, QWidget *campo, QWidget *padre, const QString &nombre = {});
+/// The field's name to a screen reader, from its label: without mnemonic and colon.
+void nombrar(QWidget *campo, const QString &rotulo);
+/// A button that no Enter presses by accident.
+QPushButton *nuevoBoton(const QString &texto, const QString &nombre, QWidget *padre);
+/// Tab goes along this list.
+void tabular(const QWidgetList &orden);
+
+} // namespace nv

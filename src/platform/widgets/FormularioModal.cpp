@@ -1,0 +1,105 @@
+#include "platform/widgets/FormularioModal.h"
+
+#include "platform/widgets/Campos.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+/// Sees the keys of the program before anybody else, and takes those of its form.
+class FormularioModal::Atajos : public QObject
+{
+public:
+    explicit Atajos(QWidget *formulario)
+        : QObject(formulario)
+        , m_formulario(formulario)
+    {}
+
+    void poner(int tecla, std::function<void()> accion)
+    {
+        if (m_acciones.empty())
+            QCoreApplication::instance()->installEventFilter(this);
+        m_acciones[tecla] = std::move(accion);
+    }
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override
+    {
+        const bool deTecla = evento->type() == QEvent::KeyPress || evento->type() == QEvent::ShortcutOverride;
+        const auto *widget = deTecla ? qobject_cast<QWidget *>(objeto) : nullptr;
+        if (!widget || widget->window() != m_formulario)
+            return false;
+        const auto *tecla = static_cast<QKeyEvent *>(evento);
+        const auto hallada = m_acciones.find(tecla->key());
+        if (hallada == m_acciones.end())
+            return false;
+        evento->accept();
+        // A copy: what it does may end the form.
+        if (evento->type() == QEvent::KeyPress && !tecla->isAutoRepeat())
+            std::function<void()>(hallada->second)();
+        return true;
+    }
+
+private:
+    QWidget *m_formulario;
+    std::map<int, std::function<void()>> m_acciones;
+};
+
+FormularioModal::FormularioModal(QWidget *padre)
+    : QDialog(padre)
+    , m_atajos(new Atajos(this))
+{}
+
+bool FormularioModal::ejecutar()
+{
+    const QPointer<FormularioModal> vivo(this);
+    exec();
+    return !vivo.isNull();
+}
+
+void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
+{
+    m_atajos->poner(tecla, std::move(accion));
+}
+
+void FormularioModal::atajosAceptarCancelar()
+{
+    atajo(Qt::Key_F9, [this] { aceptar(); });
+    atajo(Qt::Key_F12, [this] { reject(); });
+}
+
+QPushButton *FormularioModal::boton(const QString &texto, const QString &nombre, std::function<void()> accion)
+{
+    QPushButton *nuevo = nuevoBoton(texto, nombre, this);
+    connect(nuevo, &QPushButton::clicked, this, std::move(accion));
+    return nuevo;
+}
+
+QHBoxLayout *FormularioModal::botonera()
+{
+    auto *fila = new QHBoxLayout;
+    fila->addStretch();
+    fila->addWidget(boton(u"&Aceptar"_s, u"cmdAceptar"_s, [this] { aceptar(); }));
+    fila->addWidget(boton(u"&Cancelar"_s, u"cmdCancelar"_s, [this] { reject(); }));
+    return fila;
+}
+
+void FormularioModal::keyPressEvent(QKeyEvent *evento)
+{
+    const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    auto *boton = qobject_cast<QPushButton *>(focusWidget());
+    // Without default buttons the toolkit leaves Enter on a focused one without effect.
+    if (intro && boton && !evento->isAutoRepeat())
+        boton->click();
+    else
+        QDialog::keyPressEvent(evento);
+}
+
+} // namespace nv

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+
+class QHBoxLayout;
+class QPushButton;
+
+namespace nv {
+
+/// Base of the dialogs and lists. For one use: filled, shown modally, read while hidden, destroyed by its opener. It hides
+/// itself and never closes; the host's window may take it along while it is up. No button is a default one: Enter belongs
+/// to the fields, and presses a button only when that has the focus.
+class FormularioModal : public QDialog
+{
+    Q_OBJECT
+
+protected:
+    explicit FormularioModal(QWidget *padre);
+
+    /// Shows the form, returns once it has hidden itself. False when it is gone: no member may be read any more.
+    bool ejecutar();
+    /// A key that the form sees before its fields do, whichever has the focus, once however long it is held. Keys of
+    /// popups and of boxes on top stay theirs.
+    void atajo(Qt::Key tecla, std::function<void()> accion);
+    /// F9 and F12.
+    void atajosAceptarCancelar();
+    QPushButton *boton(const QString &texto, const QString &nombre, std::function<void()> accion);
+    /// The row at the foot: "&Aceptar" (`cmdAceptar`) and "&Cancelar" (`cmdCancelar`).
+    QHBoxLayout *botonera();
+    /// What Accept does; hides the form unless something is missing.
+    virtual void aceptar() = 0;
+
+    void keyPressEvent(QKeyEvent *evento) override;
+
+private:
+    class Atajos;
+    Atajos *m_atajos;
+};
+
+} // namespace nv

@@ -1,0 +1,213 @@
+#include "search/BusquedaCriterios.h"
+
+#include "nvArticulo/Conexion.h"
+#include "nvArticulo/cEmpresa.h"
+#include "platform/pickers/CascadaFamilias.h"
+#include "platform/widgets/Twips.h"
+#include "platform/widgets/nvTextBox.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+namespace nv {
+
+BusquedaCriterios::BusquedaCriterios(QWidget *padre, const ConfiguracionCriterios &configuracion)
+    : BusquedaBase(padre)
+    , m_configuracion(configuracion)
+    , m_panel(new PanelCriterios(this, configuracion.conMarca))
+    , m_columna(new QVBoxLayout)
+    , m_pie(new QHBoxLayout)
+    , m_lista(new ListaIncremental(rejilla(), configuracion.bloques))
+{
+    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    if (configuracion.marcadas)
+        m_marcadas = new FilasMarcadas(rejilla(), 0, *configuracion.marcadas);
+    for (QWidget *campo : m_panel->campos())
+        tabularAntes(campo);
+    montarColumna();
+    connect(m_panel, &PanelCriterios::Buscar, this, &BusquedaCriterios::EjecutarBusqueda);
+    atajo(Qt::Key_F9, [this] {
+        if (m_panel->isVisibleTo(m_panel->parentWidget()))
+            EjecutarBusqueda();
+        else
+            volverACriterios();
+    });
+    conectarRejilla();
+}
+
+void BusquedaCriterios::anadirCriterio(const QString &rotulo, const QString &nombreRotulo, QWidget *campo,
+                                       QWidget *nota)
+{
+    m_panel->anadir(rotulo, nombreRotulo, campo, nota);
+    tabularAntes(campo);
+}
+
+void BusquedaCriterios::montarColumna()
+{
+    auto *teclas = new QLabel(m_configuracion.teclas, this);
+    teclas->setObjectName(u"lblTeclas"_s);
+    teclas->setForegroundRole(QPalette::PlaceholderText);
+    m_pie->setSpacing(twips::aPixeles(45, this));
+    m_pie->addWidget(teclas, 1);
+    for (QPushButton *pulsador : {boton(u"&Aceptar"_s, u"cmdAceptar"_s, [this] { Aceptar(); }),
+                                  boton(u"&Cancelar"_s, u"cmdCancelar"_s, [this] { reject(); })}) {
+        // Narrower than the style would have them, but never than their letters.
+        pulsador->setFixedWidth(
+            std::max(twips::aPixeles(1140, this),
+                     fontMetrics().horizontalAdvance(pulsador->text().remove(u'&')) + twips::aPixeles(240, this)));
+        pulsador->setMinimumHeight(twips::aPixeles(360, this));
+        m_pie->addWidget(pulsador);
+        tabularDespues(pulsador);
+    }
+    const int margen = twips::aPixeles(75, this);
+    m_columna->setContentsMargins(margen, twips::aPixeles(90, this), margen, margen);
+    m_columna->setSpacing(margen);
+    m_pie->setContentsMargins(0, twips::aPixeles(15, this), 0, 0);
+    m_columna->addWidget(m_panel);
+    m_columna->addWidget(rejilla(), 1);
+    m_columna->addLayout(m_pie);
+}
+
+void BusquedaCriterios::conectarRejilla()
+{
+    rejilla()->alPulsar = [this](QKeyEvent *evento) {
+        if (evento->key() == Qt::Key_PageDown)
+            m_lista->alPaginar();
+        if (evento->key() != Qt::Key_Up || rejilla()->filaActual() > 1)
+            return false;
+        volverACriterios();
+        return true;
+    };
+    connect(rejilla(), &Rejilla::DobleClic, this, &BusquedaCriterios::alDobleClic);
+    connect(rejilla(), &Rejilla::Espacio, this, [this] {
+        if (m_marcadas && MultiResultado)
+            m_marcadas->alternar(rejilla()->filaActual());
+    });
+    // Queued: it is found out while the grid scrolls, no time for a box.
+    connect(
+        m_lista, &ListaIncremental::Fallo, this,
+        [this](const QString &descripcion) {
+            mensajes::mostrar(this, tituloBusqueda(), descripcion, mensajes::Icono::Critico);
+        },
+        Qt::QueuedConnection);
+}
+
+/// Marks where several may be marked, else it accepts.
+void BusquedaCriterios::alDobleClic(int fila, int columna)
+{
+    if (fila < 1)
+        return;
+    const bool equis = m_configuracion.marcadas == FilasMarcadas::Signo::Equis;
+    if (!m_marcadas || (!equis && !MultiResultado))
+        Aceptar();
+    // On a box itself its first click has done it.
+    else if (equis || columna != m_marcadas->columna())
+        m_marcadas->alternar(fila);
+}
+
+void BusquedaCriterios::alAbrir()
+{
+    if (m_marcadas)
+        m_marcadas->setVisible(MultiResultado);
+    ordenarTabulacion(false);
+    m_panel->conectar(cEmpresa, ranura::actual());
+    if (Familia_1 > 0)
+        m_panel->familias()->fijar({Familia_1, Familia_2, Familia_3});
+    const bool hay = m_configuracion.recuerda && m_panel->poner(*this);
+    mensajes::Fallos fallos;
+    fallos.paso([this] { m_panel->familias()->nombrarNiveles(*cEmpresa); });
+    m_panel->cargarNombres(fallos);
+    fallos.paso([this] { completarAlmacen(); });
+    cargarPropios(fallos);
+    m_panel->nombre()->setFocus();
+    m_panel->nombre()->selectAll();
+    if (!fallos.mostrar(this, tituloBusqueda()) || !hay)
+        return;
+    const QPointer<BusquedaCriterios> vivo(this);
+    EjecutarBusqueda();
+    if (vivo)
+        mostrarCriterios(true);
+}
+
+/// Throws Error; the grid is then as it was.
+void BusquedaCriterios::llenar()
+{
+    const QScopedValueRollback<bool> guarda(m_llenando, true);
+    const sql::CriteriosArticulo criterios = m_panel->escritos();
+    const Sentencia sentencia = consulta(criterios);
+    // What still has to be read of the former list would be read first. One that is refused unsent keeps it.
+    if (sentencia.defecto().isEmpty())
+        m_lista->cerrar();
+    Registros registros = ranura::exigida().Abrir(sentencia);
+    const LectorFila lector = lectorDeFilas(
+        m_configuracion.columnas, registros, [this] { return m_marcadas->celdaNueva(); }, celdasPropias(registros));
+    m_lista->mostrar(std::move(registros), lector);
+    recordar(sentencia);
+    if (m_configuracion.recuerda)
+        m_panel->recordar(criterios, *this);
+    alLlenar();
+    rejilla()->setFilaActual(1);
+}
+
+void BusquedaCriterios::EjecutarBusqueda()
+{
+    if (!buscar([this] { llenar(); }))
+        return;
+    const QPointer<BusquedaCriterios> vivo(this);
+    const bool hay = rejilla()->filasDatos() > 0;
+    if (hay)
+        ordenarTabulacion(true);
+    trasBuscar();
+    // A box may have been up, and the window gone with it; a picker that loses the focus may put up another.
+    if (vivo && hay)
+        rejilla()->setFocus();
+    if (vivo && hay && m_configuracion.ocultaPanel)
+        mostrarCriterios(false);
+}
+
+void BusquedaCriterios::mostrarCriterios(bool visibles)
+{
+    m_panel->setVisible(visibles);
+    m_columna->activate();
+}
+
+void BusquedaCriterios::volverACriterios()
+{
+    mostrarCriterios(true);
+    m_panel->nombre()->setFocus(Qt::BacktabFocusReason);
+}
+
+bool BusquedaCriterios::puedeAceptar() const
+{
+    // An "X" counts wherever the current row is; none of them is no choice.
+    return (m_configuracion.marcadas == FilasMarcadas::Signo::Equis && MultiResultado) || BusquedaBase::puedeAceptar();
+}
+
+Eleccion BusquedaCriterios::eleccion() const
+{
+    if (!m_marcadas || !MultiResultado)
+        return BusquedaBase::eleccion();
+    const Eleccion marcados = m_marcadas->eleccion(columnasEleccion());
+    const bool actual = marcados.codigo.isEmpty() && m_configuracion.marcadas == FilasMarcadas::Signo::Casilla;
+    return actual ? BusquedaBase::eleccion() : marcados;
+}
+
+bool BusquedaCriterios::event(QEvent *evento)
+{
+    if (evento->type() == QEvent::WindowActivate && m_panel->familias()->fijas()) {
+        try {
+            m_panel->familias()->Cargar();
+        } catch (const Error &) {
+            // Not shown: the box would activate this dialog again as it closes, without end.
+        }
+    }
+    return BusquedaBase::event(evento);
+}
+
+} // namespace nv
