@@ -122,7 +122,7 @@ void frmBusqueda_Articulos_2::montarPestanas()
     m_almacenes->setObjectName(u"txtAlmacenes"_s);
     panel()->filtro()->addWidget(m_alternativo->rotulo(), 2, 2);
     panel()->filtro()->addWidget(m_alternativo->caja(), 2, 3);
-    columna()->replaceWidget(panel(), m_pestanas);
+    delete columna()->replaceWidget(panel(), m_pestanas);
     const std::pair<QString, QWidget *> paginas[] = {{u"Búsqueda"_s, panel()}, {u"Almacenes"_s, m_almacenes}};
     for (const auto &[titulo, contenido] : paginas) {
         auto *pagina = new QWidget(this);
