@@ -168,10 +168,10 @@ void medir(int articulos)
     const auto conexion = nv::datos::abrirEmbebida(ruta);
     QElapsedTimer reloj;
     reloj.start();
-    nv::generarCatalogo(*conexion, {articulos, QDate(2026, 11, 22), {}, {}});
+    mostrador::generarCatalogo(*conexion, {articulos, QDate(2026, 11, 22), {}, {}});
     salida() << u"%1 items (made in %2 s)\n"_s.arg(articulos).arg(static_cast<double>(reloj.elapsed()) / 1000.0);
     nv::ranura::ofrecer(conexion.get());
-    nv::EmpresaBD empresa(*conexion, nv::EmpresaDemostracion);
+    nv::EmpresaBD empresa(*conexion, mostrador::EmpresaDemostracion);
     const QStringList codigos = codigosDeBarras(*conexion);
     for (int vuelta = 0; vuelta < 2; ++vuelta) {
         salida() << (vuelta == 0 ? u" barcode, cold\n"_s : u" barcode, warm\n"_s);

@@ -76,7 +76,7 @@ int emitir(const QStringList &argumentos)
 {
     try {
         const auto conexion = datos::abrirEmbebida(argumentos[2]);
-        EmpresaBD empresa(*conexion, EmpresaDemostracion);
+        EmpresaBD empresa(*conexion, mostrador::EmpresaDemostracion);
         clsArticulo_CBarra barra;
         barra.setcEmpresa(&empresa);
         barra.setConexion(conexion.get());
@@ -105,7 +105,7 @@ void contador()
     QTemporaryDir carpeta;
     const QString ruta = carpeta.filePath(u"contador.db"_s);
     const auto conexion = datos::abrirEmbebida(ruta);
-    generarCatalogo(*conexion, {10, QDate(2026, 11, 22), {}, {}});
+    mostrador::generarCatalogo(*conexion, {10, QDate(2026, 11, 22), {}, {}});
     juntas(ruta, 1, 1000000);
     juntas(ruta, 4, 1100000);
     conMuertes(*conexion, ruta, 2000000);

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -102,4 +102,4 @@ std::unique_ptr<Base> Base::enTemporal(int articulos, QWidget *padre)
     return base;
 }
 
-} // namespace nv
+} // namespace mostrador

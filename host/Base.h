@@ -9,7 +9,9 @@
 
 class QWidget;
 
-namespace nv {
+namespace mostrador {
+
+using namespace nv;
 
 /// The catalogue that the host works on: connection, company and, for a temporary one, the folder that goes with it.
 /// Where one is made with `articulos` items of the demonstration, a progress box stands on top of `padre` meanwhile.
@@ -44,4 +46,4 @@ private:
     QString m_ruta;
 };
 
-} // namespace nv
+} // namespace mostrador

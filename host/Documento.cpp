@@ -20,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 using namespace formas;
 
@@ -296,4 +296,4 @@ void Documento::siguienteArticulo()
     Q_EMIT Cambio();
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -13,7 +13,9 @@ class QPushButton;
 class nvArticulo;
 class nvTextBox;
 
-namespace nv {
+namespace mostrador {
+
+using namespace nv;
 
 class Base;
 class Lineas;
@@ -74,4 +76,4 @@ private:
     QString m_tecleado; ///< what Enter was pressed on
 };
 
-} // namespace nv
+} // namespace mostrador

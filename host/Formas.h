@@ -5,7 +5,7 @@
 #include <initializer_list>
 
 /// What every form of the host is put together with.
-namespace nv::formas {
+namespace mostrador::formas {
 
 /// A widget under the name by which scripts find it.
 template <class Widget, class... Argumentos>
@@ -37,4 +37,4 @@ inline QHBoxLayout *enFila(std::initializer_list<QWidget *> widgets)
     return fila;
 }
 
-} // namespace nv::formas
+} // namespace mostrador::formas

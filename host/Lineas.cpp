@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 using namespace formas;
 
@@ -89,4 +89,4 @@ void Lineas::mostrarTotal()
     m_numero->setText(numero() == 1 ? u"1 línea"_s : u"%1 líneas"_s.arg(numero()));
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -5,7 +5,9 @@
 
 class QLabel;
 
-namespace nv {
+namespace mostrador {
+
+using namespace nv;
 
 /// The lines of the document, with their total and what is done to them.
 class Lineas : public QWidget
@@ -36,4 +38,4 @@ private:
     std::vector<Moneda> m_importes; ///< of the same rows
 };
 
-} // namespace nv
+} // namespace mostrador

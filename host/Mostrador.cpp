@@ -24,7 +24,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 const QString Titulo = u"Mostrador"_s;
 
@@ -211,4 +211,4 @@ void Mostrador::reiniciar(std::optional<int> modelo)
     statusBar()->clearMessage();
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -8,7 +8,7 @@
 
 class QLabel;
 
-namespace nv {
+namespace mostrador {
 
 class Documento;
 class PanelAjustes;
@@ -56,4 +56,4 @@ private:
     QHash<QString, QString> m_ajustesDelGuion; ///< former values of what the script has changed
 };
 
-} // namespace nv
+} // namespace mostrador

@@ -3,8 +3,9 @@
 #include "nvArticulo/Error.h"
 
 using namespace Qt::StringLiterals;
+using namespace nv;
 
-namespace nv {
+namespace mostrador {
 
 Opciones::Opciones(const QStringList &argumentos)
 {
@@ -43,4 +44,4 @@ Opciones::Opciones(const QStringList &argumentos)
     m_modelo = entre(u"modelo"_s, 0, 8);
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -3,7 +3,7 @@
 #include <QCommandLineParser>
 #include <optional>
 
-namespace nv {
+namespace mostrador {
 
 /// The command line of the host, by the names of its options.
 class Opciones
@@ -25,4 +25,4 @@ private:
     std::optional<int> m_modelo;
 };
 
-} // namespace nv
+} // namespace mostrador

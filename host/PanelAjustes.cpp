@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 using namespace formas;
 
@@ -169,4 +169,4 @@ void PanelAjustes::releer()
     m_leyendo = false;
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -10,7 +10,7 @@ class nvArticulo;
 class nvCheckBox;
 class nvProveedor;
 
-namespace nv {
+namespace mostrador {
 
 class Base;
 
@@ -51,4 +51,4 @@ private:
     bool m_leyendo = false;
 };
 
-} // namespace nv
+} // namespace mostrador

@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 using namespace formas;
 
@@ -118,4 +118,4 @@ void PanelEstado::mostrar()
     }
 }
 
-} // namespace nv
+} // namespace mostrador

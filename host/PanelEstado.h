@@ -10,7 +10,9 @@ class QLabel;
 class QPlainTextEdit;
 class nvArticulo;
 
-namespace nv {
+namespace mostrador {
+
+using namespace nv;
 
 /// What the item box says of itself, and the statements as they go out with their times. Shown once the event in hand
 /// is over, so that watching costs the component nothing.
@@ -45,4 +47,4 @@ private:
     QTimer m_pronto;
 };
 
-} // namespace nv
+} // namespace mostrador

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -33,4 +33,4 @@ QVariant ParametrosBD::GetParametro_Usuario(const QString &clave, const QVariant
     return leido(m_conexion, sentencia, clave, defecto);
 }
 
-} // namespace nv
+} // namespace mostrador

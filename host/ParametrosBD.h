@@ -3,8 +3,12 @@
 #include "nvArticulo/clsConfig.h"
 
 namespace nv {
-
 class Conexion;
+}
+
+namespace mostrador {
+
+using namespace nv;
 
 /// Parameters over two tables: `Parametros_App`, and `Parametros_Usuario` by the company setting "UsuarioActual".
 /// The connection is borrowed.
@@ -23,4 +27,4 @@ private:
     const ::cEmpresa *m_empresa = nullptr;
 };
 
-} // namespace nv
+} // namespace mostrador

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv::propiedades {
+namespace mostrador::propiedades {
 
 std::optional<QString> leida(nvArticulo &articulo, const QString &nombre)
 {
@@ -42,4 +42,4 @@ void copiar(const nvArticulo &de, nvArticulo &a)
     }
 }
 
-} // namespace nv::propiedades
+} // namespace mostrador::propiedades

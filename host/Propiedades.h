@@ -6,7 +6,7 @@
 class nvArticulo;
 
 /// The item box by the names of its properties, and by "Modelo" and "Pendiente", which it has besides.
-namespace nv::propiedades {
+namespace mostrador::propiedades {
 
 /// As text, "True" and "False" for Booleans; nothing when there is none of this name.
 std::optional<QString> leida(nvArticulo &articulo, const QString &nombre);
@@ -15,4 +15,4 @@ bool poner(nvArticulo &articulo, const QString &nombre, const QString &valor);
 /// Everything that can be set, but for what is in the box.
 void copiar(const nvArticulo &de, nvArticulo &a);
 
-} // namespace nv::propiedades
+} // namespace mostrador::propiedades

@@ -2,7 +2,9 @@
 
 #include "platform/pickers/SelectorCodigo.h"
 
-namespace nv {
+namespace mostrador {
+
+using namespace nv;
 
 /// Customer picker of the document: `Clientes` of the customer company.
 class SelectorCliente : public SelectorCodigo
@@ -15,4 +17,4 @@ public:
     {}
 };
 
-} // namespace nv
+} // namespace mostrador

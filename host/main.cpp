@@ -20,13 +20,13 @@ int main(int argc, char *argv[])
     if (traductor.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&traductor);
     try {
-        const nv::Opciones opciones(QCoreApplication::arguments());
+        const mostrador::Opciones opciones(QCoreApplication::arguments());
         if (!opciones.hay(u"help"_s))
-            return nv::Mostrador(opciones).ejecutar();
+            return mostrador::Mostrador(opciones).ejecutar();
         QTextStream(stdout) << opciones.ayuda();
-        return nv::guion::EstadoBien;
+        return mostrador::guion::EstadoBien;
     } catch (const nv::Error &error) {
         QTextStream(stderr) << error.descripcion << Qt::endl;
-        return nv::guion::EstadoGuionMalo;
+        return mostrador::guion::EstadoGuionMalo;
     }
 }

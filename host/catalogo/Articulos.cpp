@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -326,4 +326,4 @@ bool escribirArticulos(Conexion &conexion, const OpcionesCatalogo &opciones)
     return true;
 }
 
-} // namespace nv
+} // namespace mostrador

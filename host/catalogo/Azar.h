@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-namespace nv {
+namespace mostrador {
 
 /// Pseudo-random numbers that are the same on every machine (splitmix64). Each item has its own stream, seeded with its
 /// code: item 17 is the same in a catalogue of 300 items and in one of 20,000.
@@ -36,4 +36,4 @@ private:
     quint64 m_estado;
 };
 
-} // namespace nv
+} // namespace mostrador

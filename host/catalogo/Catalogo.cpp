@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 bool tieneEmpresa(Conexion &conexion)
 {
@@ -34,4 +34,4 @@ bool generarCatalogo(Conexion &conexion, OpcionesCatalogo opciones)
     return true;
 }
 
-} // namespace nv
+} // namespace mostrador

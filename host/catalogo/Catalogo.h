@@ -5,8 +5,12 @@
 #include <functional>
 
 namespace nv {
-
 class Conexion;
+}
+
+namespace mostrador {
+
+using namespace nv;
 
 /// Codes that the demonstration catalogue is made with.
 inline constexpr qint16 EmpresaDemostracion = 1;
@@ -27,4 +31,4 @@ bool tieneEmpresa(Conexion &conexion);
 /// many there are. False when `progreso` gave up. Throws Error, with everything rolled back.
 bool generarCatalogo(Conexion &conexion, OpcionesCatalogo opciones);
 
-} // namespace nv
+} // namespace mostrador

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -49,4 +49,4 @@ void Escritor::cerrar()
         m_conexion.Ejecutar(lote.sentencia);
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -7,8 +7,12 @@
 #include <variant>
 
 namespace nv {
-
 class Conexion;
+}
+
+namespace mostrador {
+
+using namespace nv;
 
 struct Tabla
 {
@@ -43,4 +47,4 @@ private:
     std::map<const Tabla *, Lote> m_lotes;
 };
 
-} // namespace nv
+} // namespace mostrador

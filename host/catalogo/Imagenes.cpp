@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -63,4 +63,4 @@ bool dibujarImagen(const QString &dir, int codigo, const QString &descripcion, i
     return imagen.save(QDir(dir).filePath(u"%1.jpg"_s.arg(codigo)), "JPEG", 85);
 }
 
-} // namespace nv
+} // namespace mostrador

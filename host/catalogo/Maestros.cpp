@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -82,4 +82,4 @@ void escribirMaestros(Conexion &conexion, QDate dia, const QString &dirImagenes)
     escritor.cerrar();
 }
 
-} // namespace nv
+} // namespace mostrador

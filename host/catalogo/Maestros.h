@@ -4,8 +4,12 @@
 #include <QString>
 
 namespace nv {
-
 class Conexion;
+}
+
+namespace mostrador {
+
+using namespace nv;
 
 inline constexpr int NumeroProveedores = 60;
 inline constexpr int NumeroClientes = 240;
@@ -20,4 +24,4 @@ QString temporada(QDate dia, int indice);
 /// Everything that items refer to: company, settings, families, brands, suppliers, customers, warehouses, tariffs…
 void escribirMaestros(Conexion &conexion, QDate dia, const QString &dirImagenes);
 
-} // namespace nv
+} // namespace mostrador

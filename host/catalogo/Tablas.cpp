@@ -13,7 +13,7 @@ static void cargarRecursos()
     Q_INIT_RESOURCE(catalogo);
 }
 
-namespace nv::tablas {
+namespace mostrador::tablas {
 
 namespace {
 
@@ -105,4 +105,4 @@ QStringList guionMaestros()
     return lineas.join(u'\n').split(u";\n"_s, Qt::SkipEmptyParts);
 }
 
-} // namespace nv::tablas
+} // namespace mostrador::tablas

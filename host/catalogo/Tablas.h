@@ -4,7 +4,7 @@
 #include <vector>
 
 /// What the demonstration catalogue is made of, from the tables that the program carries with it.
-namespace nv::tablas {
+namespace mostrador::tablas {
 
 /// What the names of a section of the shop are made of. Sections are families of level 2, their lines those of level 3.
 struct Seccion
@@ -51,4 +51,4 @@ const QStringList &nombresMarcas();     ///< code of a brand = position + 1
 /// What is the same in every catalogue, as statements.
 QStringList guionMaestros();
 
-} // namespace nv::tablas
+} // namespace mostrador::tablas

@@ -2,7 +2,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 QStringList Orden::palabras() const
 {
@@ -57,4 +57,4 @@ QString enUnaLinea(QString texto)
     return texto.remove(u'\r').replace(u'\n', u"\\n"_s);
 }
 
-} // namespace nv::guion
+} // namespace mostrador::guion

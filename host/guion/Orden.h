@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <optional>
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 /// Thrown where a script cannot be followed at all.
 struct GuionMalo
@@ -43,4 +43,4 @@ QString sinComillas(const QString &texto);
 /// One line: line breaks as \n.
 QString enUnaLinea(QString texto);
 
-} // namespace nv::guion
+} // namespace mostrador::guion

@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 namespace {
 
@@ -274,4 +274,4 @@ void Ordenes::sentencia(const SucesoSentencia &suceso)
         m_decir(u"  error "_s + enUnaLinea(suceso.error));
 }
 
-} // namespace nv::guion
+} // namespace mostrador::guion

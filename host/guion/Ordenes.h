@@ -8,7 +8,9 @@
 class QWidget;
 class nvArticulo;
 
-namespace nv::guion {
+namespace mostrador::guion {
+
+using namespace nv;
 
 /// What a script works on. Everything is borrowed.
 struct Entorno
@@ -62,4 +64,4 @@ private:
     bool m_traza = false;
 };
 
-} // namespace nv::guion
+} // namespace mostrador::guion

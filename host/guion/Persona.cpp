@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 namespace {
 
@@ -152,4 +152,4 @@ void cerrar(QWidget *ventana)
         ventana->close();
 }
 
-} // namespace nv::guion
+} // namespace mostrador::guion

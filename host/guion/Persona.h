@@ -10,7 +10,9 @@ class Rejilla;
 }
 
 /// What the person in front of the program sees, and what the window system brings of her keys and mouse.
-namespace nv::guion {
+namespace mostrador::guion {
+
+using namespace nv;
 
 /// The window to work in: the modal one on top, else `principal`.
 QWidget *ventanaActiva(QWidget *principal);
@@ -38,4 +40,4 @@ void pulsarRaton(QWidget *widget, QPoint lugar, bool doble);
 /// As Esc or the cross in its title does.
 void cerrar(QWidget *ventana);
 
-} // namespace nv::guion
+} // namespace mostrador::guion

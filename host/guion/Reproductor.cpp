@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 constexpr int Latido = 4;       // ms
 constexpr int Paciencia = 2000; // ms that a command waits for its target
@@ -187,4 +187,4 @@ void Reproductor::decir(const QString &texto)
     m_salida << texto << Qt::endl;
 }
 
-} // namespace nv::guion
+} // namespace mostrador::guion

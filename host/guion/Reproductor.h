@@ -11,7 +11,7 @@
 #include <deque>
 #include <vector>
 
-namespace nv::guion {
+namespace mostrador::guion {
 
 /// What a script comes to: every check held, one did not (or the program stood still), it cannot be followed.
 enum Estado { EstadoBien = 0, EstadoFallo = 1, EstadoGuionMalo = 2 };
@@ -64,4 +64,4 @@ private:
     bool m_acabando = false;
 };
 
-} // namespace nv::guion
+} // namespace mostrador::guion

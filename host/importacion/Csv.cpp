@@ -6,8 +6,9 @@
 #include <QStringDecoder>
 
 using namespace Qt::StringLiterals;
+using namespace nv;
 
-namespace nv {
+namespace mostrador {
 
 std::vector<RegistroCsv> leerCsv(const QByteArray &octetos)
 {
@@ -45,4 +46,4 @@ std::vector<RegistroCsv> leerCsv(const QByteArray &octetos)
     return registros;
 }
 
-} // namespace nv
+} // namespace mostrador

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <vector>
 
-namespace nv {
+namespace mostrador {
 
 struct RegistroCsv
 {
@@ -17,4 +17,4 @@ struct RegistroCsv
 /// Throws Error for a text that is no UTF-8 and for a quote left open or out of place.
 std::vector<RegistroCsv> leerCsv(const QByteArray &octetos);
 
-} // namespace nv
+} // namespace mostrador

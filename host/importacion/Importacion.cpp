@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace nv {
+namespace mostrador {
 
 namespace {
 
@@ -170,4 +170,4 @@ ResultadoImportacion importarCsv(Conexion &conexion, const QByteArray &csv, QDat
     return resultado;
 }
 
-} // namespace nv
+} // namespace mostrador

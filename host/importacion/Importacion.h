@@ -5,8 +5,12 @@
 #include <QStringList>
 
 namespace nv {
-
 class Conexion;
+}
+
+namespace mostrador {
+
+using namespace nv;
 
 struct ResultadoImportacion
 {
@@ -25,4 +29,4 @@ struct ResultadoImportacion
 /// One transaction: a record that cannot be read is an Error and nothing stays.
 ResultadoImportacion importarCsv(Conexion &conexion, const QByteArray &csv, QDate dia);
 
-} // namespace nv
+} // namespace mostrador

@@ -41,6 +41,7 @@ Error desbordamiento();
 Error noCoinciden();
 /// Run without the company context that the host hands in.
 Error sinEmpresa();
+Error sinConexion();
 } // namespace errores
 
 /// Runs `operacion`; an Error leaves it with its number and description kept and its origin replaced by `etiqueta`.

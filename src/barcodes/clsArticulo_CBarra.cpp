@@ -40,8 +40,10 @@ void exigirEnviable(const Sentencia &sentencia)
 
 qint16 clsArticulo_CBarra::empresaArticulos() const
 {
-    if (!m_empresa || !m_conexion)
-        throw nv::Error{nv::errores::SinObjeto, u"No se ha establecido la empresa o la conexión."_s, {}};
+    if (!m_empresa)
+        throw nv::errores::sinEmpresa();
+    if (!m_conexion)
+        throw nv::errores::sinConexion();
     return m_empresa->CodigoArticulos();
 }
 

@@ -136,7 +136,7 @@ void ofrecer(Conexion *conexion)
 Conexion &exigida()
 {
     if (!ocupante())
-        throw Error{errores::SinObjeto, u"No se ha establecido la conexión con la base de datos."_s, {}};
+        throw errores::sinConexion();
     return *ocupante();
 }
 

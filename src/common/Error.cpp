@@ -31,6 +31,11 @@ Error sinEmpresa()
     return {SinObjeto, u"No se ha establecido la empresa."_s};
 }
 
+Error sinConexion()
+{
+    return {SinObjeto, u"No se ha establecido la conexión con la base de datos."_s};
+}
+
 } // namespace errores
 
 } // namespace nv

@@ -108,7 +108,7 @@ nv::AltaArticulo &frmArticulos_Creacion::alta()
     if (!cEmpresa)
         throw nv::errores::sinEmpresa();
     if (!Conexion)
-        throw nv::Error{nv::errores::SinObjeto, u"No se ha establecido la conexión con la base de datos."_s, {}};
+        throw nv::errores::sinConexion();
     if (!m_alta)
         m_alta = std::make_unique<nv::AltaArticulo>(*cEmpresa, *Conexion);
     return *m_alta;

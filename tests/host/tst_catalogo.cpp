@@ -13,6 +13,7 @@
 using namespace Qt::StringLiterals;
 using namespace nv;
 using namespace nv::pruebas;
+using namespace mostrador;
 
 const QDate Dia(2026, 3, 31);
 

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace mostrador;
 using namespace nv;
 
 struct Terca : QDialog

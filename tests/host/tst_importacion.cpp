@@ -9,6 +9,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace mostrador;
 using namespace nv;
 
 /// Items brought in from a file.

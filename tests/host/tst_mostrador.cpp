@@ -15,6 +15,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace mostrador;
 using namespace nv;
 
 /// The point of sale as its user meets it.

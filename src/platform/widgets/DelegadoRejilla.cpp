@@ -15,8 +15,8 @@ void DelegadoRejilla::paint(QPainter *pintor, const QStyleOptionViewItem &opcion
 {
     QStyleOptionViewItem celda = opcion;
     celda.state &= ~QStyle::State_HasFocus;
-    const QVariant marca = indice.data(Qt::CheckStateRole);
-    if (!marca.isValid()) {
+    const QVariant senal = indice.data(Qt::CheckStateRole);
+    if (!senal.isValid()) {
         QStyledItemDelegate::paint(pintor, celda, indice);
         return;
     }
@@ -28,7 +28,7 @@ void DelegadoRejilla::paint(QPainter *pintor, const QStyleOptionViewItem &opcion
                      estilo->pixelMetric(QStyle::PM_IndicatorHeight, &celda, celda.widget));
     celda.rect = QStyle::alignedRect(celda.direction, Qt::AlignCenter, lado.boundedTo(opcion.rect.size()), opcion.rect);
     celda.state &= ~(QStyle::State_On | QStyle::State_Off | QStyle::State_NoChange);
-    celda.state |= marca.value<Qt::CheckState>() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    celda.state |= senal.value<Qt::CheckState>() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
     estilo->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &celda, pintor, celda.widget);
 }
 
