@@ -13,6 +13,27 @@ if(NV_SANEADORES)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Reading the toolkit's headers is most of what a source costs: once for all that are compiled alike.
+option(NV_PRECOMPILAR "Precompile the toolkit's headers" ON)
+set(NV_CABECERAS_BASE <QString> <QVariant> <QHash> <QDate> <algorithm> <array> <functional> <memory> <optional> <vector>)
+set(NV_CABECERAS_WIDGETS ${NV_CABECERAS_BASE} <QApplication> <QBoxLayout> <QCheckBox> <QDialog> <QHeaderView>
+    <QKeyEvent> <QLabel> <QLineEdit> <QPointer> <QPushButton> <QTableView>)
+if(NV_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-fpch-preprocess)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${NV_CCACHE})
+endif()
+
+# nv_precompilar(TARGET HEADER…) or, with those of a target before it, nv_precompilar(TARGET REUSE_FROM OTHER).
+function(nv_precompilar destino)
+  if(NV_PRECOMPILAR)
+    if(ARGV1 STREQUAL "REUSE_FROM")
+      target_precompile_headers(${destino} ${ARGN})
+    else()
+      target_precompile_headers(${destino} PRIVATE ${ARGN})
+    endif()
+  endif()
+endfunction()
+
 # What only this project may include.
 add_library(nv_interno INTERFACE)
 target_include_directories(nv_interno INTERFACE ${PROJECT_SOURCE_DIR}/src)

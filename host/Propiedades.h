@@ -12,7 +12,7 @@ namespace mostrador::propiedades {
 std::optional<QString> leida(nvArticulo &articulo, const QString &nombre);
 /// False when there is none of this name that can be set. Throws Error.
 bool poner(nvArticulo &articulo, const QString &nombre, const QString &valor);
-/// Everything that can be set, but for what is in the box.
+/// Every stored property, but for what is in the box: a model set by hand goes with the former box.
 void copiar(const nvArticulo &de, nvArticulo &a);
 
 } // namespace mostrador::propiedades

@@ -49,25 +49,26 @@ Ordenes::~Ordenes()
     m_entorno.conexion->dejarDeEscuchar(this);
 }
 
-void Ordenes::hacer(const Orden &orden)
+void Ordenes::hacer(const Instruccion &orden)
 {
-    using Ejecutor = std::function<void(Ordenes &, const Orden &)>;
+    using Ejecutor = std::function<void(Ordenes &, const Instruccion &)>;
     static const QHash<QString, Ejecutor> ordenes{
-        {u"teclea"_s, [](Ordenes &o, const Orden &que) { teclear(o.m_entorno.ventana, sinComillas(que.resto)); }},
-        {u"escribe"_s, [](Ordenes &o, const Orden &que) { o.escribir(que.primera(), sinComillas(que.demas())); }},
-        {u"pulsa"_s, [](Ordenes &o, const Orden &que) { pulsar(o.m_entorno.ventana, que.resto); }},
-        {u"enfoca"_s, [](Ordenes &o, const Orden &que) { o.enfocar(que.resto); }},
-        {u"clic"_s, [](Ordenes &o, const Orden &que) { o.clic(que.palabras(), false); }},
-        {u"dobleclic"_s, [](Ordenes &o, const Orden &que) { o.clic(que.palabras(), true); }},
-        {u"responde"_s, [](Ordenes &o, const Orden &que) { o.responder(que.resto); }},
-        {u"pon"_s, [](Ordenes &o, const Orden &que) { o.poner(que.primera(), que.demas()); }},
-        {u"reinicia"_s, [](Ordenes &o, const Orden &que) { o.reiniciar(que.resto); }},
-        {u"sql"_s, [](Ordenes &o, const Orden &que) { o.consultar(que.resto); }},
-        {u"muestra"_s, [](Ordenes &o, const Orden &que) { o.imprimir({que.resto + u" = "_s + o.valor(que.resto)}); }},
-        {u"rejilla"_s, [](Ordenes &o, const Orden &que) { o.mostrarRejilla(que.palabras()); }},
-        {u"captura"_s, [](Ordenes &o, const Orden &que) { o.capturar(que.resto); }},
-        {u"traza"_s, [](Ordenes &o, const Orden &que) { o.trazar(que.resto); }},
-        {u"comprueba"_s, [](Ordenes &o, const Orden &que) { o.comprobar(que); }}};
+        {u"teclea"_s, [](Ordenes &o, const Instruccion &que) { teclear(o.m_entorno.ventana, sinComillas(que.resto)); }},
+        {u"escribe"_s, [](Ordenes &o, const Instruccion &que) { o.escribir(que.primera(), sinComillas(que.demas())); }},
+        {u"pulsa"_s, [](Ordenes &o, const Instruccion &que) { pulsar(o.m_entorno.ventana, que.resto); }},
+        {u"enfoca"_s, [](Ordenes &o, const Instruccion &que) { o.enfocar(que.resto); }},
+        {u"clic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), false); }},
+        {u"dobleclic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), true); }},
+        {u"responde"_s, [](Ordenes &o, const Instruccion &que) { o.responder(que.resto); }},
+        {u"pon"_s, [](Ordenes &o, const Instruccion &que) { o.poner(que.primera(), que.demas()); }},
+        {u"reinicia"_s, [](Ordenes &o, const Instruccion &que) { o.reiniciar(que.resto); }},
+        {u"sql"_s, [](Ordenes &o, const Instruccion &que) { o.consultar(que.resto); }},
+        {u"muestra"_s,
+         [](Ordenes &o, const Instruccion &que) { o.imprimir({que.resto + u" = "_s + o.valor(que.resto)}); }},
+        {u"rejilla"_s, [](Ordenes &o, const Instruccion &que) { o.mostrarRejilla(que.palabras()); }},
+        {u"captura"_s, [](Ordenes &o, const Instruccion &que) { o.capturar(que.resto); }},
+        {u"traza"_s, [](Ordenes &o, const Instruccion &que) { o.trazar(que.resto); }},
+        {u"comprueba"_s, [](Ordenes &o, const Instruccion &que) { o.comprobar(que); }}};
     const auto ejecutor = ordenes.constFind(orden.nombre);
     if (ejecutor == ordenes.constEnd())
         throw GuionMalo{u"no hay orden %1"_s.arg(orden.nombre)};
@@ -224,7 +225,7 @@ void Ordenes::trazar(const QString &como)
         throw GuionMalo{u"traza on|off"_s};
 }
 
-void Ordenes::comprobar(const Orden &orden)
+void Ordenes::comprobar(const Instruccion &orden)
 {
     const QStringList palabras = orden.palabras();
     const auto empieza = [&](const QString &que, qsizetype minimo, qsizetype maximo) {

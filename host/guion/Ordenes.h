@@ -1,6 +1,6 @@
 #pragma once
 
-#include "guion/Orden.h"
+#include "guion/Instruccion.h"
 #include "nvArticulo/Conexion.h"
 
 #include <functional>
@@ -34,7 +34,7 @@ public:
     ~Ordenes() override;
 
     /// Throws AunNo, GuionMalo, and Error for what has failed.
-    void hacer(const Orden &orden);
+    void hacer(const Instruccion &orden);
 
     void sentencia(const SucesoSentencia &suceso) override;
 
@@ -49,7 +49,7 @@ private:
     void mostrarRejilla(const QStringList &palabras);
     void capturar(const QString &nombre);
     void trazar(const QString &como);
-    void comprobar(const Orden &orden);
+    void comprobar(const Instruccion &orden);
     void comprobarFoco(const QString &nombre) const;
 
     template <class Widget>

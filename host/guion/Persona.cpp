@@ -1,6 +1,6 @@
 #include "guion/Persona.h"
 
-#include "guion/Orden.h"
+#include "guion/Instruccion.h"
 #include "nvArticulo/Error.h"
 #include "platform/widgets/Rejilla.h"
 

@@ -63,7 +63,7 @@ void Reproductor::tragar(const QByteArray &trozo, bool ultimo)
     QList<QByteArray> lineas = (m_resto + trozo).split('\n');
     m_resto = ultimo ? QByteArray() : lineas.takeLast();
     for (const QByteArray &linea : lineas) {
-        if (const auto orden = Orden::leida(QString::fromUtf8(linea), ++m_linea))
+        if (const auto orden = Instruccion::leida(QString::fromUtf8(linea), ++m_linea))
             m_ordenes.push_back(*orden);
     }
 }
@@ -122,7 +122,7 @@ void Reproductor::turno()
 void Reproductor::empezar()
 {
     // Others may be begun and done before this one returns.
-    const Orden orden = m_orden;
+    const Instruccion orden = m_orden;
     m_pendiente = false;
     m_enCurso.emplace_back(QApplication::activeModalWidget());
     try {

@@ -48,8 +48,8 @@ private:
     QTimer m_latido;
     QSocketNotifier m_aviso;
     QByteArray m_resto; ///< of standard input, the line not yet ended
-    std::deque<Orden> m_ordenes;
-    Orden m_orden;            ///< in hand
+    std::deque<Instruccion> m_ordenes;
+    Instruccion m_orden;      ///< in hand
     bool m_pendiente = false; ///< … and waiting for its target
     QElapsedTimer m_espera;
     /// The modal window that was up when each unfinished command began, the outermost command first.

@@ -11,7 +11,8 @@ namespace nv {
 
 class Conexion;
 
-/// The company context over the suite's own tables: `Empresas`, `Parametros_Empresa`, `Tipos_Impuesto`.
+/// A company context over the tables of our own schema: `Empresas`, `Parametros_Empresa`, `Tipos_Impuesto`. A suite that
+/// keeps its settings elsewhere hands in a `cEmpresa` of its own.
 /// Each table is read when it is first asked for and kept for the life of the object, as the suite's programs do: what
 /// another workstation changes is seen after `Recargar` or the next start. A read that fails throws Error and is tried
 /// again by the next one. Owned by the host; the connection is borrowed and must outlive it.

@@ -42,6 +42,7 @@ Error noCoinciden();
 /// Run without the company context that the host hands in.
 Error sinEmpresa();
 Error sinConexion();
+Error conexionCerrada();
 } // namespace errores
 
 /// Runs `operacion`; an Error leaves it with its number and description kept and its origin replaced by `etiqueta`.

@@ -49,7 +49,7 @@ public:
     QString textoO(int columna, const QString &siNulo = {}) const;
     /// Of the getters with "O" a null is 0, False or no amount: rows that other programs wrote.
     qint16 entero16(int columna) const;
-    qint16 entero16O(int columna) const { return esNulo(columna) ? qint16{0} : entero16(columna); }
+    qint16 entero16O(int columna, qint16 siNulo = 0) const { return esNulo(columna) ? siNulo : entero16(columna); }
     qint32 entero32(int columna) const;
     qint32 entero32O(int columna) const { return esNulo(columna) ? 0 : entero32(columna); }
     qint64 entero64(int columna) const;
@@ -67,7 +67,7 @@ public:
     QString texto(QStringView nombre) const { return texto(columna(nombre)); }
     QString textoO(QStringView nombre, const QString &siNulo = {}) const { return textoO(columna(nombre), siNulo); }
     qint16 entero16(QStringView nombre) const { return entero16(columna(nombre)); }
-    qint16 entero16O(QStringView nombre) const { return entero16O(columna(nombre)); }
+    qint16 entero16O(QStringView nombre, qint16 siNulo = 0) const { return entero16O(columna(nombre), siNulo); }
     qint32 entero32(QStringView nombre) const { return entero32(columna(nombre)); }
     qint32 entero32O(QStringView nombre) const { return entero32O(columna(nombre)); }
     qint64 entero64(QStringView nombre) const { return entero64(columna(nombre)); }

@@ -22,7 +22,8 @@ private:
     QStringView m_texto;
 };
 
-/// The literal with which a statement's own ORDER BY begins: the statement then knows where.
+/// The literal with which a statement's own ORDER BY begins, in the statements whose order may have to go: the
+/// statement then knows where.
 class Orden
 {
 public:
@@ -104,6 +105,8 @@ public:
     bool ordenPrescindible() const { return m_ordenPrescindible && m_orden >= 0; }
     /// Why it cannot be sent; empty when it can.
     const QString &defecto() const { return m_defecto; }
+    /// Throws Error where it cannot be sent.
+    void exigirEnviable() const;
 
 private:
     void rechazar(QStringView valor);

@@ -204,7 +204,7 @@ private:
     nv::PeticionBusqueda peticion() const;
     nv::AjustesCaja ajustes() const;
     nv::EstadoCaja estado() const;
-    void aplicar(const nv::EstadoCaja &estado);
+    void aplicar(const nv::EstadoCaja &partida, const nv::EstadoCaja &nuevo);
 
     nv::CajaCodigo *m_caja;
     QLabel *m_nombre;

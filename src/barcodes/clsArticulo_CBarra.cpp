@@ -29,13 +29,6 @@ QString etiquetaModificar()
     return u"clsCodigos_Barra::Modificar"_s;
 }
 
-/// Before the step in front of it runs: a main mark must not be lost to a statement that cannot be sent.
-void exigirEnviable(const Sentencia &sentencia)
-{
-    if (!sentencia.defecto().isEmpty())
-        throw nv::Error{nv::errores::ComillaSinCerrar, sentencia.defecto(), {}};
-}
-
 } // namespace
 
 qint16 clsArticulo_CBarra::empresaArticulos() const
@@ -47,7 +40,7 @@ qint16 clsArticulo_CBarra::empresaArticulos() const
     return m_empresa->CodigoArticulos();
 }
 
-bool clsArticulo_CBarra::cargarPrimera(Registros &registros, const Sentencia &sentencia)
+bool clsArticulo_CBarra::leerPrimera(Registros &registros, const Sentencia &sentencia)
 {
     registros = m_conexion->Abrir(sentencia);
     if (!registros.siguiente())
@@ -69,16 +62,16 @@ bool clsArticulo_CBarra::Cargar(Registros &registros, qint32 articulo)
     return etiquetado(etiquetaCargar(), [&] {
         Sentencia sentencia(u" SELECT * FROM Articulos_CBarras  WHERE Cod_Articulo = ");
         sentencia << articulo << u" and Cod_Empresa = " << empresaArticulos() << u" ORDER BY Principal DESC";
-        return cargarPrimera(registros, sentencia);
+        return leerPrimera(registros, sentencia);
     });
 }
 
 /// `articulo`: the inner query that gives the item whose barcodes are loaded.
-bool clsArticulo_CBarra::cargarVecino(Registros &registros, const Sentencia &articulo)
+bool clsArticulo_CBarra::leerVecino(Registros &registros, const Sentencia &articulo)
 {
     Sentencia sentencia(u" SELECT * From Articulos_CBarras  WHERE Cod_Empresa=");
     sentencia << empresaArticulos() << u" and Cod_Articulo =" << articulo << u" ORDER BY Principal DESC";
-    return cargarPrimera(registros, sentencia);
+    return leerPrimera(registros, sentencia);
 }
 
 bool clsArticulo_CBarra::Cargar_Siguiente(Registros &registros)
@@ -86,7 +79,7 @@ bool clsArticulo_CBarra::Cargar_Siguiente(Registros &registros)
     return etiquetado(etiquetaCargar(), [&] {
         Sentencia articulo(u" (SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras  WHERE Cod_Empresa =");
         articulo << empresaArticulos() << u" AND Cod_Articulo  > " << m_key << u" ORDER BY Cod_Articulo ASC)";
-        return cargarVecino(registros, articulo);
+        return leerVecino(registros, articulo);
     });
 }
 
@@ -95,7 +88,7 @@ bool clsArticulo_CBarra::Cargar_Anterior(Registros &registros)
     return etiquetado(etiquetaCargar(), [&] {
         Sentencia articulo(u" (SELECT TOP 1 Cod_Articulo FROM Articulos_CBarras  WHERE Cod_Empresa =");
         articulo << empresaArticulos() << u" AND Cod_Articulo  < " << m_key << u" ORDER BY Cod_Articulo DESC)";
-        return cargarVecino(registros, articulo);
+        return leerVecino(registros, articulo);
     });
 }
 
@@ -104,7 +97,7 @@ bool clsArticulo_CBarra::Cargar_Primero(Registros &registros)
     return etiquetado(etiquetaCargar(), [&] {
         Sentencia articulo(u" (SELECT ISNULL(MIN(Cod_Articulo), '') FROM Articulos_CBarras  WHERE Cod_Empresa =");
         articulo << empresaArticulos() << u")";
-        return cargarVecino(registros, articulo);
+        return leerVecino(registros, articulo);
     });
 }
 
@@ -113,7 +106,7 @@ bool clsArticulo_CBarra::Cargar_Ultimo(Registros &registros)
     return etiquetado(etiquetaCargar(), [&] {
         Sentencia articulo(u" (SELECT ISNULL(MAX(Cod_Articulo), 0) FROM Articulos_CBarras  WHERE Cod_Empresa =");
         articulo << empresaArticulos() << u")";
-        return cargarVecino(registros, articulo);
+        return leerVecino(registros, articulo);
     });
 }
 
@@ -158,7 +151,7 @@ void clsArticulo_CBarra::Insertar()
         insertar << empresa << u", " << Cod_Articulo << u", '" << ComoEscrito(Cod_Barras) << u"', "
                  << (Principal ? 1 : 0) << u", '" << m_empresa->Hoy() << u"', " << Unidades << u", "
                  << (Automatico ? 1 : 0) << u")";
-        exigirEnviable(insertar);
+        insertar.exigirEnviable();
         if (Principal) {
             Sentencia degradar(u"UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =");
             degradar << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Principal =1";
@@ -196,7 +189,7 @@ void clsArticulo_CBarra::Cambia_Principal(const QString &codigoBarras)
         Sentencia ascender(u"UPDATE Articulos_CBarras SET Principal = 1 WHERE Cod_Empresa =");
         ascender << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Cod_Barras = '"
                  << ComoEscrito(codigoBarras) << u"'";
-        exigirEnviable(ascender);
+        ascender.exigirEnviable();
         m_conexion->Ejecutar(degradar);
         m_conexion->Ejecutar(ascender);
     });

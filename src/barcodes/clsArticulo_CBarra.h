@@ -67,8 +67,8 @@ public:
     QString CrearAuto();
 
 private:
-    bool cargarPrimera(nv::Registros &registros, const nv::Sentencia &sentencia);
-    bool cargarVecino(nv::Registros &registros, const nv::Sentencia &articulo);
+    bool leerPrimera(nv::Registros &registros, const nv::Sentencia &sentencia);
+    bool leerVecino(nv::Registros &registros, const nv::Sentencia &articulo);
     QString emitirNumero(bool &sinContador);
     qint16 empresaArticulos() const;
 

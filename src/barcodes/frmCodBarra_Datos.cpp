@@ -50,6 +50,7 @@ void frmCodBarra_Datos::MostrarModal()
 {
     m_articulo->setcEmpresa(cEmpresa);
     m_articulo->setParametros(Parametros);
+    m_articulo->setComprobador(Comprobador);
     m_articulo->setConexion(nv::ranura::actual());
     m_articulo->setText(Articulo);
     const QPointer<frmCodBarra_Datos> vivo(this);
@@ -85,10 +86,4 @@ void frmCodBarra_Datos::aceptar()
     Unidades = unidades < 1 ? qint16(1) : unidades;
     Aceptado = true;
     hide();
-}
-
-void frmCodBarra_Datos::reject()
-{
-    Aceptado = false;
-    FormularioModal::reject();
 }

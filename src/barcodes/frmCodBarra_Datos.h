@@ -6,6 +6,10 @@ class cEmpresa;
 class nvArticulo;
 class nvTextBox;
 
+namespace nv {
+class ComprobadorReferencias;
+}
+
 namespace NVUTConfig {
 class clsConfig;
 }
@@ -24,13 +28,10 @@ public:
 
     ::cEmpresa *cEmpresa = nullptr;
     NVUTConfig::clsConfig *Parametros = nullptr;
-    QString Articulo; ///< item code as text
+    nv::ComprobadorReferencias *Comprobador = nullptr; ///< for the item box
+    QString Articulo;                                  ///< item code as text
     QString CodBarras;
     qint16 Unidades = 1; ///< result: units per scan, at least 1
-    bool Aceptado = false;
-
-public Q_SLOTS:
-    void reject() override;
 
 protected:
     void aceptar() override;

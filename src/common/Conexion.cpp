@@ -18,12 +18,6 @@ Conexion *&ocupante()
     return conexion;
 }
 
-void exigirEnviable(const Sentencia &sentencia)
-{
-    if (!sentencia.defecto().isEmpty())
-        throw Error{errores::ComillaSinCerrar, sentencia.defecto(), {}};
-}
-
 } // namespace
 
 Conexion::~Conexion()
@@ -61,7 +55,7 @@ auto Conexion::anunciada(const QString &texto, Operacion &&operacion)
 Registros Conexion::Abrir(const Sentencia &sentencia)
 {
     return Registros(anunciada(sentencia.texto(), [&] {
-        exigirEnviable(sentencia);
+        sentencia.exigirEnviable();
         return abrir(sentencia);
     }));
 }
@@ -69,7 +63,7 @@ Registros Conexion::Abrir(const Sentencia &sentencia)
 qint64 Conexion::Ejecutar(const Sentencia &sentencia)
 {
     return anunciada(sentencia.texto(), [&] {
-        exigirEnviable(sentencia);
+        sentencia.exigirEnviable();
         return ejecutar(sentencia);
     });
 }

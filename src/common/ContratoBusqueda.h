@@ -25,6 +25,8 @@ struct CriteriosBusqueda
     qint16 Busqueda_Marca = 0;
     QString Busqueda_MarcaNombre;
     Moneda Busqueda_Medida;
+
+    bool operator==(const CriteriosBusqueda &) const = default;
 };
 
 /// What a search dialog and its opener say to each other. The opener creates the dialog, sets these members, shows it

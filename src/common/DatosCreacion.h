@@ -17,6 +17,8 @@ struct ValoresCreacion
     QString Temporada;
     qint16 NoGenerarSerieEAN = 0; ///< in: ticked only by 1; out: True is -1
     qint16 UnidadesDecimales = 0; ///< likewise
+
+    bool operator==(const ValoresCreacion &) const = default;
 };
 
 /// What the creation form takes and gives.

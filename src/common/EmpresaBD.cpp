@@ -7,16 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace nv {
 
-namespace {
-
-qint16 codigoO(const Registros &registros, QStringView columna, qint16 siNulo)
-{
-    const int lugar = registros.columna(columna);
-    return registros.esNulo(lugar) ? siNulo : registros.entero16(lugar);
-}
-
-} // namespace
-
 EmpresaBD::EmpresaBD(Conexion &conexion, qint16 codigo)
     : m_conexion(conexion)
     , m_codigo(codigo)
@@ -36,15 +26,15 @@ const EmpresaBD::Ficha &EmpresaBD::ficha() const
         throw Error{0, u"La empresa %1 no existe."_s.arg(m_codigo), u"EmpresaBD"_s};
     // A company without masters of its own shares none: it is its own master.
     Ficha leida{registros.textoO(u"Nombre"),
-                codigoO(registros, u"Cod_Empresa_Articulos", m_codigo),
-                codigoO(registros, u"Cod_Empresa_Proveedores", m_codigo),
-                codigoO(registros, u"Cod_Empresa_Clientes", m_codigo),
+                registros.entero16O(u"Cod_Empresa_Articulos", m_codigo),
+                registros.entero16O(u"Cod_Empresa_Proveedores", m_codigo),
+                registros.entero16O(u"Cod_Empresa_Clientes", m_codigo),
                 {registros.textoO(u"Nombre_Familia_1"), registros.textoO(u"Nombre_Familia_2"),
                  registros.textoO(u"Nombre_Familia_3")},
                 {registros.textoO(u"Nombre_CualidadX"), registros.textoO(u"Nombre_CualidadY")},
                 registros.textoO(u"Nombre_Alternativo1"),
-                codigoO(registros, u"OrdenCualidades", 0) != 0,
-                codigoO(registros, u"DecimalesPvp", 2),
+                registros.entero16O(u"OrdenCualidades", 0) != 0,
+                registros.entero16O(u"DecimalesPvp", 2),
                 registros.textoO(u"DirInformes")};
     m_ficha = std::move(leida);
     return *m_ficha;

@@ -31,6 +31,11 @@ Error sinEmpresa()
     return {SinObjeto, u"No se ha establecido la empresa."_s};
 }
 
+Error conexionCerrada()
+{
+    return {ConexionCerrada, u"La conexión con la base de datos está cerrada."_s};
+}
+
 Error sinConexion()
 {
     return {SinObjeto, u"No se ha establecido la conexión con la base de datos."_s};

@@ -1,15 +1,6 @@
 #include "control/Busqueda.h"
 
-#include "nvArticulo/Error.h"
-
 namespace nv {
-
-::cEmpresa &Servicios::empresaExigida() const
-{
-    if (!empresa)
-        throw errores::sinEmpresa();
-    return *empresa;
-}
 
 void copiarSiete(CriteriosBusqueda &destino, const CriteriosBusqueda &origen)
 {

@@ -63,7 +63,7 @@ void CajaCodigo::keyPressEvent(QKeyEvent *evento)
         evento->accept();
         return;
     }
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
+    if (teclas::esIntro(*evento)) {
         evento->accept();
         Q_EMIT intro();
         return;

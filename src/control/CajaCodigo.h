@@ -13,7 +13,7 @@ class CajaCodigo : public QLineEdit
 public:
     explicit CajaCodigo(QWidget *padre);
 
-    /// Whole text selected, light cyan and back: the owner decides by its own enabled state.
+    /// Background of the box, and the theme's own again: the owner decides by its own state.
     void pintarFondo(const QColor &color);
     void restaurarFondo();
 

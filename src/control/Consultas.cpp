@@ -15,23 +15,18 @@ qint32 primerArticulo(Conexion &conexion, const Sentencia &sentencia)
     return registros.siguiente() ? registros.entero32(u"Cod_Articulo") : 0;
 }
 
-/// Count and row share their table and condition.
-Sentencia cuenta(const Sentencia &desde)
+/// The one item that `desde` (a table and its condition) finds, or what the user chooses of several; 0 for none.
+template <class Elegir>
+qint32 unoOLista(Conexion &conexion, const Sentencia &desde, Elegir &&elegir)
 {
-    Sentencia sentencia(u"SELECT ISNULL(COUNT(Cod_Articulo), 0) AS Cantidad");
-    return sentencia << desde;
-}
-
-Sentencia articulo(const Sentencia &desde)
-{
-    Sentencia sentencia(u"SELECT Cod_Articulo");
-    return sentencia << desde;
-}
-
-qint32 cantidad(Conexion &conexion, const Sentencia &desde)
-{
-    Registros registros = conexion.Abrir(cuenta(desde));
-    return registros.siguiente() ? registros.entero32(u"Cantidad") : 0;
+    Sentencia cuenta(u"SELECT ISNULL(COUNT(Cod_Articulo), 0) AS Cantidad");
+    Registros cantidad = conexion.Abrir(cuenta << desde);
+    const qint32 coincidencias = cantidad.siguiente() ? cantidad.entero32(u"Cantidad") : 0;
+    cantidad.cerrar();
+    if (coincidencias == 0)
+        return 0;
+    Sentencia articulo(u"SELECT Cod_Articulo");
+    return coincidencias == 1 ? primerArticulo(conexion, articulo << desde) : elegir();
 }
 
 } // namespace
@@ -42,12 +37,8 @@ qint32 Consultas::referenciaProveedor(const QString &referencia, qint32 proveedo
     desde << m_empresa.CodigoArticulos() << u" AND Ref ='" << ComoEscrito(referencia) << u"'";
     if (proveedor != 0)
         desde << u" AND Cod_Prov =" << proveedor;
-    const qint32 coincidencias = cantidad(m_conexion, desde);
-    if (coincidencias == 0)
-        return 0;
-    if (coincidencias == 1)
-        return primerArticulo(m_conexion, articulo(desde));
-    return m_dialogos.elegirReferencia(m_padre, m_empresa, referencia, proveedor, true);
+    return unoOLista(m_conexion, desde,
+                     [&] { return m_dialogos.elegirReferencia(m_padre, m_empresa, referencia, proveedor, true); });
 }
 
 qint32 Consultas::referenciaCliente(const QString &referencia, qint32 cliente)
@@ -60,12 +51,8 @@ qint32 Consultas::referenciaCliente(const QString &referencia, qint32 cliente)
     }
     Sentencia desde(u" FROM Articulos_RefCli WHERE Cod_Empresa =");
     desde << m_empresa.CodigoArticulos() << u" AND Ref ='" << ComoEscrito(referencia) << u"'";
-    const qint32 coincidencias = cantidad(m_conexion, desde);
-    if (coincidencias == 0)
-        return 0;
-    if (coincidencias == 1)
-        return primerArticulo(m_conexion, articulo(desde));
-    return m_dialogos.elegirReferencia(m_padre, m_empresa, referencia, 0, false);
+    return unoOLista(m_conexion, desde,
+                     [&] { return m_dialogos.elegirReferencia(m_padre, m_empresa, referencia, 0, false); });
 }
 
 qint32 Consultas::codigoBarras(const QString &codigoBarras)
@@ -79,12 +66,7 @@ qint32 Consultas::plu(qint32 plu)
 {
     Sentencia desde(u" FROM Balanzas_Articulos WHERE Cod_Empresa =");
     desde << m_empresa.CodigoArticulos() << u" AND Plu =" << plu;
-    const qint32 coincidencias = cantidad(m_conexion, desde);
-    if (coincidencias == 0)
-        return 0;
-    if (coincidencias == 1)
-        return primerArticulo(m_conexion, articulo(desde));
-    return m_dialogos.elegirPlu(m_padre, m_empresa, plu);
+    return unoOLista(m_conexion, desde, [&] { return m_dialogos.elegirPlu(m_padre, m_empresa, plu); });
 }
 
 std::optional<QString> Consultas::descripcion(const QString &codigo)

@@ -17,6 +17,8 @@ struct Cualidades
     qint16 y = 0;
     QString nombreX;
     QString nombreY;
+
+    bool operator==(const Cualidades &) const = default;
 };
 
 /// Everything that an item box holds. A resolution works on a copy of it and gives that back.

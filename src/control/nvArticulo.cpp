@@ -113,7 +113,8 @@ void nvArticulo::conectarCaja()
 
 bool nvArticulo::Refrescar_Datos()
 {
-    nv::EstadoCaja cargado = estado();
+    const nv::EstadoCaja partida = estado();
+    nv::EstadoCaja cargado = partida;
     const QPointer<nvArticulo> vivo(this);
     bool encontrado = false;
     nv::mensajes::guardar(window(), u"nvArticulos::Cargar"_s, [&] {
@@ -121,7 +122,7 @@ bool nvArticulo::Refrescar_Datos()
         encontrado = nv::cargarDescripcion(cargado, consultas, m_vital);
     });
     if (vivo)
-        aplicar(cargado);
+        aplicar(partida, cargado);
     return encontrado;
 }
 
@@ -176,10 +177,11 @@ void nvArticulo::alIntro()
     if (!m_ocupada) {
         const Ocupada ocupada(this);
         try {
-            nv::Resolutor resolutor(*m_servicios, m_dialogos, window(), ajustes(), estado());
+            const nv::EstadoCaja partida = estado();
+            nv::Resolutor resolutor(*m_servicios, m_dialogos, window(), ajustes(), partida);
             const nv::Resolucion hecho = resolutor.resolver();
             if (ocupada.viva())
-                aplicar(hecho.estado);
+                aplicar(partida, hecho.estado);
             if (ocupada.viva() && hecho.enfoca && m_caja->isEnabled() && m_caja->isVisible())
                 m_caja->setFocus();
             ascii = hecho.tragada ? qint16{0} : ascii;
@@ -222,7 +224,8 @@ void nvArticulo::lanzarBusqueda()
     const auto resultado = nv::mostrarBusqueda(*m_dialogos, *m_servicios, window(), pedida, criterios);
     if (!resultado || !ocupada.viva())
         return;
-    nv::EstadoCaja nuevo = estado();
+    const nv::EstadoCaja partida = estado();
+    nv::EstadoCaja nuevo = partida;
     const bool varios = MultiResultado || resultado->codigo.isEmpty();
     if (varios) {
         nuevo.multiCodigo = resultado->codigo;
@@ -235,7 +238,7 @@ void nvArticulo::lanzarBusqueda()
     }
     if (!resultado->codigo.isEmpty())
         nuevo.criterios = resultado->criterios;
-    aplicar(nuevo);
+    aplicar(partida, nuevo);
     if (ocupada.viva() && !varios)
         m_caja->selectAll();
 }
@@ -248,15 +251,33 @@ nv::EstadoCaja nvArticulo::estado() const
     return copia;
 }
 
-/// State last: writing the box tells the host of a change.
-void nvArticulo::aplicar(const nv::EstadoCaja &estado)
+/// State last: writing the box tells the host of a change. What the host has set meanwhile, then or while a dialog was
+/// up, stays; where it has put another text into the box, nothing of what was found holds any more.
+void nvArticulo::aplicar(const nv::EstadoCaja &partida, const nv::EstadoCaja &nuevo)
 {
+    using nv::EstadoCaja;
     const QPointer<nvArticulo> vivo(this);
-    m_caja->setText(estado.texto);
+    m_caja->setText(nuevo.texto);
     if (!vivo)
         return;
-    ponerNombre(estado.nombre);
-    *m_estado = estado;
+    const auto escribir = [&](auto EstadoCaja::*campo) {
+        if ((*m_estado).*campo == partida.*campo)
+            (*m_estado).*campo = nuevo.*campo;
+    };
+    escribir(&EstadoCaja::modelo);
+    escribir(&EstadoCaja::proveedor);
+    escribir(&EstadoCaja::criterios);
+    escribir(&EstadoCaja::creacion);
+    escribir(&EstadoCaja::permisoReferencias);
+    escribir(&EstadoCaja::permisoBarras);
+    if (m_caja->text() != nuevo.texto)
+        return;
+    ponerNombre(nuevo.nombre);
+    m_estado->existe = nuevo.existe;
+    m_estado->pendiente = nuevo.pendiente;
+    m_estado->cualidades = nuevo.cualidades;
+    m_estado->multiCodigo = nuevo.multiCodigo;
+    m_estado->multiDescripcion = nuevo.multiDescripcion;
 }
 
 /// The host hears of the change first and still sees the former state.

@@ -80,12 +80,13 @@ void nvArticulo::setCodigo(const QString &codigo)
 
 void nvArticulo::ponerTexto(const QString &texto, const QString &nombre)
 {
-    nv::EstadoCaja nuevo = estado();
+    const nv::EstadoCaja partida = estado();
+    nv::EstadoCaja nuevo = partida;
     nuevo.texto = nv::recortado(texto);
     nuevo.nombre = nombre;
     nuevo.existe = false;
     nuevo.pendiente = true;
-    aplicar(nuevo);
+    aplicar(partida, nuevo);
 }
 
 bool nvArticulo::Existe() const

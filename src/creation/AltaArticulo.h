@@ -77,8 +77,8 @@ public:
     std::optional<FaltaCreacion> falta(const FichaAlta &ficha) const;
     /// Whether another item of the supplier has the reference.
     bool referenciaRepetida(const FichaAlta &ficha);
-    /// While `abierta`. All or nothing, in one transaction. One that the host has open is joined, and then neither committed nor rolled
-    /// back: what was written goes, so that it can be tried again or undone whole.
+    /// While `abierta`. All or nothing, in one transaction. One that the host has open is joined, and then neither committed
+    /// nor rolled back: what was written goes, so that it can be tried again or undone whole.
     DatosCreacion guardar(const FichaAlta &ficha);
     /// Deletes what `abrir` has made, if anything and not completed.
     void deshacer();

@@ -35,14 +35,12 @@ frmArticulos_Creacion::frmArticulos_Creacion(QWidget *padre)
     : FormularioModal(padre)
     , m_campos(this)
     , m_barras(new nv::ComprobacionBarras(m_campos.barras, m_campos.codigo))
-    , m_aceptar(boton(u"F9 - &Aceptar"_s, u"cmdAceptar"_s, [this] { aceptar(); }))
-    , m_cancelar(boton(u"F12 - &Cancelar"_s, u"cmdCancelar"_s, [this] { cancelar(); }))
 {
     setWindowTitle(u"Creación de Artículos"_s);
-    auto *botones = new QHBoxLayout;
-    botones->addStretch();
-    for (QPushButton *uno : {m_aceptar, m_cancelar, boton(u"&Salir"_s, u"cmdCerrar"_s, [this] { cerrar(); })})
-        botones->addWidget(uno);
+    QHBoxLayout *botones = botonera(u"F9 - &Aceptar"_s, u"F12 - &Cancelar"_s);
+    m_aceptar = findChild<QPushButton *>(u"cmdAceptar"_s);
+    m_cancelar = findChild<QPushButton *>(u"cmdCancelar"_s);
+    botones->addWidget(boton(u"&Salir"_s, u"cmdCerrar"_s, [this] { cerrar(); }));
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(m_campos.disposicion());
     todo->addSpacing(nv::twips::aPixeles(90, this));
@@ -92,7 +90,7 @@ void frmArticulos_Creacion::MostrarModal()
     const QPointer<frmArticulos_Creacion> vivo(this);
     nv::mensajes::Fallos fallos;
     // Half loaded it would know no limits and no qualities: an item begun in it could not be completed.
-    const bool cargado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [&] { Cargar(fallos); });
+    const bool cargado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [&] { llenar(fallos); });
     if (!vivo || !cargado || !fallos.mostrar(this, nv::mensajes::atencion()))
         return;
     adjustSize();
@@ -114,7 +112,7 @@ nv::AltaArticulo &frmArticulos_Creacion::alta()
     return *m_alta;
 }
 
-void frmArticulos_Creacion::Cargar(nv::mensajes::Fallos &fallos)
+void frmArticulos_Creacion::llenar(nv::mensajes::Fallos &fallos)
 {
     nv::AltaArticulo &nueva = alta();
     {

@@ -31,7 +31,6 @@ public:
 
     ::cEmpresa *cEmpresa = nullptr;
     nv::Conexion *Conexion = nullptr;
-    bool Aceptado = false; ///< result: the item is complete
 
     /// Composes both descriptions anew, over whatever their boxes hold.
     void Formar_Descripciones();
@@ -56,7 +55,7 @@ private:
     void conectarDescripciones();
 
     nv::AltaArticulo &alta();
-    void Cargar(nv::mensajes::Fallos &fallos);
+    void llenar(nv::mensajes::Fallos &fallos);
 
     void alPulsarF6();
     void confirmarCodigo();
@@ -64,7 +63,7 @@ private:
     void permitirAceptar(bool valor);
 
     void aceptar() override;
-    void cancelar();
+    void cancelar() override;
     void cerrar();
     void volverAEmpezar();
 

@@ -59,7 +59,7 @@ void ListaEleccion::MostrarModal()
     const QPointer<ListaEleccion> vivo(this);
     m_buscado->setText(textoBuscado());
     try {
-        cargar();
+        llenar();
     } catch (const Error &error) {
         const QString numero = error.numero > 0 ? u"[%1] "_s.arg(error.numero) : QString();
         mensajes::mostrar(parentWidget(), numero + nombreCarga(), error.descripcion, mensajes::Icono::Critico);

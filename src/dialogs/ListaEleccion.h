@@ -30,7 +30,7 @@ protected:
                   int columnaCodigo);
 
     virtual QString textoBuscado() const = 0;
-    virtual void cargar() = 0;
+    virtual void llenar() = 0;
     /// Names the list in its error title.
     virtual QString nombreCarga() const = 0;
 

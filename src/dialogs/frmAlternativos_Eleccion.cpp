@@ -63,12 +63,14 @@ frmAlternativos_Eleccion::frmAlternativos_Eleccion(QWidget *padre)
 
 void frmAlternativos_Eleccion::MostrarModal()
 {
-    nv::mensajes::guardar(parentWidget(), windowTitle(), [this] { cargar(); });
+    // Opened empty, its Enter would take the former choice away; and the window may go while the box is up.
+    if (!nv::mensajes::guardar(parentWidget(), windowTitle(), [this] { llenar(); }))
+        return;
     m_lista->setFocus();
     ejecutar();
 }
 
-void frmAlternativos_Eleccion::cargar()
+void frmAlternativos_Eleccion::llenar()
 {
     nv::Conexion &conexion = Conexion ? *Conexion : nv::ranura::exigida();
     nv::Registros registros = conexion.Abrir(valoresDe(Tabla, Alternativo));
@@ -96,10 +98,4 @@ void frmAlternativos_Eleccion::aceptar()
     Valores = valores.join(u',');
     Aceptado = true;
     hide();
-}
-
-void frmAlternativos_Eleccion::reject()
-{
-    Aceptado = false;
-    FormularioModal::reject();
 }

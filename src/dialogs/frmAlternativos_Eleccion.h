@@ -27,16 +27,12 @@ public:
     qint16 Alternativo = 0;
     QString Ids;     ///< in and out: ",7,3,"; "," for none
     QString Valores; ///< out: the texts joined by ","
-    bool Aceptado = false;
-
-public Q_SLOTS:
-    void reject() override;
 
 protected:
     void aceptar() override;
 
 private:
-    void cargar();
+    void llenar();
 
     QListWidget *m_lista;
 };

@@ -28,7 +28,7 @@ frmPLUs::frmPLUs(QWidget *padre)
     : ListaEleccion(padre, u"PLU:"_s, {{u"Dpto", 1500}, {u"Código", 1000}, {u"Descripción"}}, ::Codigo)
 {}
 
-void frmPLUs::cargar()
+void frmPLUs::llenar()
 {
     nv::Registros registros =
         nv::ranura::exigida().Abrir(articulosDePlu(cEmpresa->Codigo(), cEmpresa->CodigoArticulos(), Plu));

@@ -18,6 +18,6 @@ public:
 
 protected:
     QString textoBuscado() const override { return QString::number(Plu); }
-    void cargar() override;
+    void llenar() override;
     QString nombreCarga() const override;
 };

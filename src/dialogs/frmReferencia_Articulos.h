@@ -22,6 +22,6 @@ public:
 
 protected:
     QString textoBuscado() const override { return Referencia; }
-    void cargar() override { Cargar_Articulos(); }
+    void llenar() override { Cargar_Articulos(); }
     QString nombreCarga() const override;
 };

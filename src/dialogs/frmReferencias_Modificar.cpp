@@ -59,6 +59,7 @@ void frmReferencias_Modificar::MostrarModal()
     m_referencia->setText(Referencia);
     m_articulo->setcEmpresa(cEmpresa);
     m_articulo->setParametros(Parametros);
+    m_articulo->setComprobador(Comprobador);
     m_articulo->setConexion(nv::ranura::actual());
     if (nv::Val(Articulo) != 0) {
         m_articulo->setText(Articulo);
@@ -156,10 +157,4 @@ void frmReferencias_Modificar::aceptar()
     Articulo = m_articulo->Value();
     Aceptado = true;
     hide();
-}
-
-void frmReferencias_Modificar::reject()
-{
-    Aceptado = false;
-    FormularioModal::reject();
 }

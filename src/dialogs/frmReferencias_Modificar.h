@@ -33,10 +33,6 @@ public:
     QString Articulo;                                  ///< item code as decimal text; "0" = none
     qint32 Proveedor = 0;
     QString Referencia;
-    bool Aceptado = false;
-
-public Q_SLOTS:
-    void reject() override;
 
 protected:
     void aceptar() override;

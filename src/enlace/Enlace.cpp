@@ -47,6 +47,7 @@ public:
         const DialogoPropio<frmCodBarra_Datos> forma(new frmCodBarra_Datos(padre));
         forma->cEmpresa = servicios.empresa;
         forma->Parametros = servicios.parametros;
+        forma->Comprobador = servicios.comprobador;
         forma->Articulo = datos.Articulo;
         forma->CodBarras = datos.CodBarras;
         forma->MostrarModal();

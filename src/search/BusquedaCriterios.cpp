@@ -55,14 +55,13 @@ void BusquedaCriterios::montarColumna()
     teclas->setForegroundRole(QPalette::PlaceholderText);
     m_pie->setSpacing(twips::aPixeles(45, this));
     m_pie->addWidget(teclas, 1);
-    for (QPushButton *pulsador : {boton(u"&Aceptar"_s, u"cmdAceptar"_s, [this] { Aceptar(); }),
-                                  boton(u"&Cancelar"_s, u"cmdCancelar"_s, [this] { reject(); })}) {
+    m_pie->addLayout(botonera());
+    for (auto *pulsador : {findChild<QPushButton *>(u"cmdAceptar"_s), findChild<QPushButton *>(u"cmdCancelar"_s)}) {
         // Narrower than the style would have them, but never than their letters.
         pulsador->setFixedWidth(
             std::max(twips::aPixeles(1140, this),
                      fontMetrics().horizontalAdvance(pulsador->text().remove(u'&')) + twips::aPixeles(240, this)));
         pulsador->setMinimumHeight(twips::aPixeles(360, this));
-        m_pie->addWidget(pulsador);
         tabularDespues(pulsador);
     }
     const int margen = twips::aPixeles(75, this);

@@ -25,8 +25,8 @@ struct ConfiguracionCriterios
     QString teclas = {}; ///< the hint at the foot
 };
 
-/// A search by the criteria of a panel. Loads in steps
-/// of their own, so that what cannot be read is said and costs no more than itself; a fixed family holds whatever fails.
+/// A search by the criteria of a panel. Loads in steps of their own, so that what cannot be read is said and costs no more
+/// than itself; a fixed family holds whatever fails.
 class BusquedaCriterios : public BusquedaBase
 {
     Q_OBJECT

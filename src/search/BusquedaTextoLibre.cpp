@@ -4,6 +4,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 #include "search/piezas/FilasMarcadas.h"
@@ -43,11 +44,6 @@ QFont letraDeLista(const QWidget *lista)
     while (letra.pointSizeF() > minima && QFontMetrics(letra).horizontalAdvance(u"0000000000000"_s) > sitio)
         letra.setPointSizeF(letra.pointSizeF() - 0.5);
     return letra;
-}
-
-bool sinModificar(const QKeyEvent &tecla)
-{
-    return (tecla.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
 } // namespace
@@ -107,7 +103,7 @@ void BusquedaTextoLibre::conectarRejilla()
 /// Up on the first row, or on the heading, where Down from the box stops, goes back to the box.
 bool BusquedaTextoLibre::alPulsar(const QKeyEvent &tecla)
 {
-    if (tecla.key() != Qt::Key_Up || !sinModificar(tecla) || rejilla()->filaActual() > 1)
+    if (tecla.key() != Qt::Key_Up || !teclas::sinModificar(tecla) || rejilla()->filaActual() > 1)
         return false;
     m_caja->setFocus();
     m_caja->selectAll();
@@ -137,7 +133,7 @@ bool BusquedaTextoLibre::eventFilter(QObject *objeto, QEvent *evento)
 {
     if (evento->type() == QEvent::KeyPress && qobject_cast<nvTextBox *>(objeto)) {
         const auto *tecla = static_cast<QKeyEvent *>(evento);
-        if (tecla->key() == Qt::Key_Down && sinModificar(*tecla)) {
+        if (tecla->key() == Qt::Key_Down && teclas::sinModificar(*tecla)) {
             rejilla()->setFilaActual(0);
             rejilla()->setFocus();
             return true;
@@ -176,6 +172,7 @@ void BusquedaTextoLibre::alAbrir()
     m_todas->setVisible(MultiResultado);
     mensajes::Fallos fallos;
     const bool ajustada = fallos.paso([this] { ajustar(); });
+    fallos.paso([this] { leerParametro(); });
     ordenarTabulacion(false);
     dimensionar();
     m_caja->setFocus();
@@ -187,15 +184,18 @@ void BusquedaTextoLibre::alAbrir()
         rejilla()->setFocus();
 }
 
-/// Once; a search tries again what failed at load.
+/// What a statement cannot do without; once. A search tries again what failed at load.
 void BusquedaTextoLibre::ajustar()
 {
     completarAlmacen();
-    if (m_ajustada)
-        return;
-    leerAjustes();
-    m_soloRefPrincipal = comoBooleano(parametroUsuario(m_configuracion.parametroReferencia, 1).toString());
+    if (!m_ajustada)
+        leerAjustes();
     m_ajustada = true;
+}
+
+void BusquedaTextoLibre::leerParametro()
+{
+    m_soloRefPrincipal = comoBooleano(parametroUsuario(m_configuracion.parametroReferencia, 1).toString());
 }
 
 void BusquedaTextoLibre::leerAjustes()
@@ -250,7 +250,7 @@ bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
     const bool hecha = buscar([&] {
         const QScopedValueRollback<bool> buscando(m_buscando, true);
         try {
-            recuperar(texto);
+            llenar(texto);
         } catch (Error &error) {
             if (m_configuracion.errorNumerado)
                 error.descripcion.prepend(u"0 - ");
@@ -266,7 +266,7 @@ bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
     return true;
 }
 
-void BusquedaTextoLibre::recuperar(const QString &texto)
+void BusquedaTextoLibre::llenar(const QString &texto)
 {
     rejilla()->vaciar();
     m_todas->reiniciar();

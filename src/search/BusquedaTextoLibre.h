@@ -77,9 +77,10 @@ private:
     void montar();
     void conectarRejilla();
     void ajustar();
+    void leerParametro();
     int marcadas() const;
     void buscarEscrito();
-    void recuperar(const QString &texto);
+    void llenar(const QString &texto);
     bool alPulsar(const QKeyEvent &tecla);
     void escribirEnCaja(const QString &texto);
     void dimensionar();

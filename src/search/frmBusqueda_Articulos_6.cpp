@@ -2,6 +2,7 @@
 
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 #include "search/sql/Modelo5.h"
@@ -87,12 +88,8 @@ frmBusqueda_Articulos_6::frmBusqueda_Articulos_6(QWidget *padre)
     , m_oferta(new QCheckBox(u"Oferta"_s, this))
     , m_noMovidos(new QCheckBox(u"No Movidos"_s, this))
 {
-    auto *descripcion = new QLabel(u"Descripción:"_s, this);
-    descripcion->setObjectName(u"lblDescripcion"_s);
-    descripcion->setBuddy(caja());
-    auto *medida = new QLabel(u"Medida"_s, this);
-    medida->setObjectName(u"lblMedida"_s);
-    medida->setBuddy(m_medida);
+    QLabel *descripcion = nv::nuevoRotulo(u"Descripción:"_s, caja(), this, u"lblDescripcion"_s);
+    QLabel *medida = nv::nuevoRotulo(u"Medida"_s, m_medida, this, u"lblMedida"_s);
     m_medida->setNumerico(true);
     m_medida->setConSigno(false);
     m_medida->setDecimales(4);

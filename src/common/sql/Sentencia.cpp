@@ -1,5 +1,7 @@
 #include "nvArticulo/Sentencia.h"
 
+#include "nvArticulo/Error.h"
+
 #include "common/Valores.h"
 
 using namespace Qt::StringLiterals;
@@ -113,6 +115,12 @@ Sentencia Sentencia::sinOrden() const
 void Sentencia::rechazar(QStringView valor)
 {
     m_defecto = u"Comilla sin cerrar en el texto «%1»."_s.arg(valor.left(60));
+}
+
+void Sentencia::exigirEnviable() const
+{
+    if (!m_defecto.isEmpty())
+        throw Error{errores::ComillaSinCerrar, m_defecto, {}};
 }
 
 } // namespace nv

@@ -10,11 +10,20 @@ using namespace Qt::StringLiterals;
 
 namespace nv::datos {
 
+bool Cursor::avanzar()
+{
+    if (m_terminado || std::exchange(m_pendiente, false))
+        return !m_terminado;
+    m_terminado = true;
+    m_terminado = !paso();
+    return !m_terminado;
+}
+
 /// What a reader holds. Serves from the engine's cursor while it may live, then from memory.
 class ResultadoAparcable final : public FuenteRegistros
 {
 public:
-    ResultadoAparcable(ConexionAparcadora &conexion, std::unique_ptr<Cursor> cursor)
+    ResultadoAparcable(ConexionAparcadora &conexion, std::unique_ptr<FuenteRegistros> cursor)
         : m_conexion(&conexion)
         , m_cursor(std::move(cursor))
     {
@@ -67,7 +76,7 @@ public:
     void soltar()
     {
         conservarFila();
-        m_pendiente = Error{errores::ConexionCerrada, u"La conexión con la base de datos está cerrada."_s, {}};
+        m_pendiente = errores::conexionCerrada();
         desprender();
     }
 
@@ -103,7 +112,7 @@ private:
     }
 
     ConexionAparcadora *m_conexion;
-    std::unique_ptr<Cursor> m_cursor;
+    std::unique_ptr<FuenteRegistros> m_cursor;
     bool m_enFila = false;
     std::size_t m_ancho = 0;
     std::size_t m_actual = 0; // index in m_valores of the current row's first value

@@ -6,15 +6,21 @@
 
 namespace nv::datos {
 
-/// An engine's own open result, before its first row.
-class Cursor
+/// An engine's own open result, its first row read ahead.
+class Cursor : public FuenteRegistros
 {
 public:
-    virtual ~Cursor() = default;
-    virtual bool avanzar() = 0;
-    virtual int columnas() const = 0;
-    virtual QString nombre(int columna) const = 0;
-    virtual QVariant valor(int columna) const = 0;
+    bool avanzar() final;
+
+protected:
+    /// For the constructor: what fails at the first row fails when the statement is opened.
+    void adelantar() { m_pendiente = avanzar(); }
+    /// To the next row; not called again once there was none, or it failed.
+    virtual bool paso() = 0;
+
+private:
+    bool m_pendiente = false;
+    bool m_terminado = false;
 };
 
 class ResultadoAparcable;
@@ -27,7 +33,7 @@ public:
     ~ConexionAparcadora() override;
 
 protected:
-    virtual std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) = 0;
+    virtual std::unique_ptr<FuenteRegistros> abrirCursor(const Sentencia &sentencia) = 0;
     virtual qint64 ejecutarSolo(const Sentencia &sentencia) = 0;
     virtual void comenzarSolo() = 0;
     virtual void confirmarSolo() = 0;

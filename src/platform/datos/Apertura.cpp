@@ -3,7 +3,7 @@
 #include "platform/datos/Catalogo.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/Dialecto.h"
-#include "platform/datos/ErroresSqlite.h"
+#include "platform/datos/Sqlite.h"
 #include "platform/datos/Trigramas.h"
 
 #include <QDeadlineTimer>
@@ -23,23 +23,15 @@ namespace {
 constexpr int BitsCotejo = 16;
 constexpr int VersionArchivo = (VersionFormato << BitsCotejo) | VersionCotejo;
 
-void directa(sqlite3 *base, const QString &sql)
-{
-    if (sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw errorDe(base);
-}
-
 QString leer(sqlite3 *base, const char *sql)
 {
-    sqlite3_stmt *cruda = nullptr;
-    if (sqlite3_prepare_v2(base, sql, -1, &cruda, nullptr) != SQLITE_OK)
-        throw errorDe(base);
-    const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> sentencia(cruda, &sqlite3_finalize);
-    const int codigo = sqlite3_step(cruda);
+    const SentenciaSqlite sentencia = preparada(base, sql);
+    const int codigo = sqlite3_step(sentencia.get());
     if (codigo != SQLITE_ROW && codigo != SQLITE_DONE)
         throw errorDe(base);
-    return codigo == SQLITE_ROW ? QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(cruda, 0)))
-                                : QString();
+    return codigo == SQLITE_ROW
+               ? QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(sentencia.get(), 0)))
+               : QString();
 }
 
 /// Changing the journal needs the file for itself and does not wait by itself.
@@ -75,7 +67,7 @@ bool estaVacia(sqlite3 *base)
 
 void anotarVersiones(sqlite3 *base)
 {
-    directa(base, u"PRAGMA application_id = %1"_s.arg(MarcaCatalogo));
+    directa(base, u"PRAGMA application_id = %1"_s.arg(FirmaCatalogo));
     directa(base, u"PRAGMA user_version = %1"_s.arg(VersionArchivo));
 }
 
@@ -100,7 +92,7 @@ private:
     sqlite3 *m_base;
 };
 
-void crearEsquema(sqlite3 *base)
+void ponerEsquema(sqlite3 *base)
 {
     Cambio cambio(base);
     // Another program may have made it while this one waited.
@@ -116,7 +108,7 @@ void crearEsquema(sqlite3 *base)
 
 void comprobarVersiones(sqlite3 *base)
 {
-    if (leer(base, "PRAGMA application_id").toInt() != MarcaCatalogo)
+    if (leer(base, "PRAGMA application_id").toInt() != FirmaCatalogo)
         throw Error{SQLITE_NOTADB, u"El archivo es una base de datos, pero no un catálogo de artículos."_s, {}};
     const auto leerVersion = [&] { return leer(base, "PRAGMA user_version").toInt(); };
     int version = leerVersion();
@@ -169,7 +161,7 @@ void prepararCatalogo(sqlite3 *base, const QString &ruta)
         if (ruta != u":memory:" && sqlite3_db_readonly(base, "main") == 0)
             diarioAdelantado(base);
         if (estaVacia(base))
-            crearEsquema(base);
+            ponerEsquema(base);
         comprobarVersiones(base);
     } catch (const Error &error) {
         if (ruta == u":memory:")

@@ -14,7 +14,7 @@ sqlite3 *abrirArchivo(const QString &ruta);
 void prepararCatalogo(sqlite3 *base, const QString &ruta);
 
 /// Stands in a file's header: whose it is.
-inline constexpr int MarcaCatalogo = 0x6E764131;
+inline constexpr int FirmaCatalogo = 0x6E764131;
 /// Version of the schema, in the upper half of the file's user version; the version of the order is in the lower.
 inline constexpr int VersionFormato = 2;
 

@@ -3,8 +3,8 @@
 #include "nvArticulo/Motores.h"
 #include "platform/datos/Apertura.h"
 #include "platform/datos/Catalogo.h"
-#include "platform/datos/ErroresSqlite.h"
 #include "platform/datos/Funciones.h"
+#include "platform/datos/Sqlite.h"
 
 #include <QVariant>
 
@@ -35,19 +35,12 @@ public:
         : m_base(base)
         , m_preparada(std::move(preparada))
     {
-        m_pendiente = paso();
+        adelantar();
         m_nombres = m_preparada->nombres();
     }
     CursorSqlite(const CursorSqlite &) = delete;
     CursorSqlite &operator=(const CursorSqlite &) = delete;
     ~CursorSqlite() override { sqlite3_reset(m_preparada->sentencia()); }
-
-    bool avanzar() override
-    {
-        if (m_terminado)
-            return false;
-        return std::exchange(m_pendiente, false) || paso();
-    }
 
     int columnas() const override { return static_cast<int>(m_nombres.size()); }
     QString nombre(int columna) const override { return m_nombres.at(columna); }
@@ -70,12 +63,11 @@ public:
     }
 
 private:
-    bool paso()
+    bool paso() override
     {
         const int codigo = sqlite3_step(m_preparada->sentencia());
         if (codigo == SQLITE_ROW)
             return true;
-        m_terminado = true;
         if (codigo != SQLITE_DONE) {
             const Error error = errorDe(m_base);
             sqlite3_reset(m_preparada->sentencia());
@@ -89,11 +81,9 @@ private:
     sqlite3 *m_base;
     std::shared_ptr<Preparada> m_preparada;
     QStringList m_nombres;
-    bool m_pendiente = false; // the first row, read ahead
-    bool m_terminado = false;
 };
 
-class CursorVacio final : public Cursor
+class CursorVacio final : public FuenteRegistros
 {
 public:
     bool avanzar() override { return false; }
@@ -182,7 +172,7 @@ std::shared_ptr<Preparada> ConexionEmbebida::vinculada(const Parametrizada &para
     return preparada;
 }
 
-std::unique_ptr<Cursor> ConexionEmbebida::abrirCursor(const Sentencia &sentencia)
+std::unique_ptr<FuenteRegistros> ConexionEmbebida::abrirCursor(const Sentencia &sentencia)
 {
     const Parametrizada parametrizada = datos::parametrizar(sentencia.texto());
     std::shared_ptr<Preparada> preparada = vinculada(parametrizada);
@@ -239,35 +229,29 @@ qint64 ConexionEmbebida::crearDesde(Preparada &preparada, const Parametrizada &p
     try {
         correr(u"INSERT INTO "_s + tabla + u' ' + preparada.adaptada(), true);
     } catch (const Error &) {
-        directa((u"DROP TABLE "_s + tabla).toUtf8().constData());
+        directa(m_base.get(), u"DROP TABLE "_s + tabla);
         throw;
     }
     return sqlite3_changes64(m_base.get());
 }
 
-void ConexionEmbebida::directa(const char *sql)
-{
-    if (sqlite3_exec(m_base.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw errorDe(m_base.get());
-}
-
 void ConexionEmbebida::comenzarSolo()
 {
     // A transaction that begins by reading cannot wait for the lock when it comes to write: it takes it at once.
-    directa("BEGIN IMMEDIATE");
+    directa(m_base.get(), u"BEGIN IMMEDIATE"_s);
 }
 
 void ConexionEmbebida::confirmarSolo()
 {
     trigramas::ponerAlDia(m_base.get());
-    directa("COMMIT");
+    directa(m_base.get(), u"COMMIT"_s);
 }
 
 void ConexionEmbebida::deshacerSolo()
 {
     // Some failures (a full disk) roll back by themselves.
     if (!sqlite3_get_autocommit(m_base.get()))
-        directa("ROLLBACK");
+        directa(m_base.get(), u"ROLLBACK"_s);
 }
 
 std::unique_ptr<Conexion> abrirEmbebida(const QString &ruta)

@@ -19,7 +19,7 @@ public:
     ~ConexionEmbebida() override;
 
 private:
-    std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) override;
+    std::unique_ptr<FuenteRegistros> abrirCursor(const Sentencia &sentencia) override;
     qint64 ejecutarSolo(const Sentencia &sentencia) override;
     void comenzarSolo() override;
     void confirmarSolo() override;
@@ -30,7 +30,6 @@ private:
     qint64 ejecutar(Preparada &preparada, const Parametrizada &parametrizada);
     /// SELECT … INTO: the table takes the types and orders of the columns that it is made from.
     qint64 crearDesde(Preparada &preparada, const Parametrizada &parametrizada);
-    void directa(const char *sql);
     static int esperar(void *conexion, int veces);
 
     struct Cierre

@@ -26,11 +26,6 @@ namespace {
 
 const auto ControladorQt = "QODBC"_L1;
 
-Error cerrada()
-{
-    return {errores::ConexionCerrada, u"La conexión con la base de datos está cerrada."_s, {}};
-}
-
 class CursorOdbc final : public Cursor
 {
 public:
@@ -43,14 +38,7 @@ public:
             m_nombres.push_back(campos.fieldName(i));
             m_clases.push_back(claseOdbc(campos.field(i)));
         }
-        m_pendiente = paso();
-    }
-
-    bool avanzar() override
-    {
-        if (m_terminado)
-            return false;
-        return std::exchange(m_pendiente, false) || paso();
+        adelantar();
     }
 
     int columnas() const override { return static_cast<int>(m_nombres.size()); }
@@ -72,21 +60,18 @@ private:
             if (m_clases[static_cast<std::size_t>(m_leidas)] != ClaseOdbc::TextoLargo)
                 continue;
             if (!m_consulta.driver()->isOpen())
-                throw cerrada();
+                throw errores::conexionCerrada();
             m_largos[m_leidas] = textoLargo(m_consulta, m_leidas);
         }
     }
 
-    bool paso()
+    bool paso() override
     {
         m_leidas = 0;
-        if (!m_consulta.driver()->isOpen()) {
-            m_terminado = true;
-            throw cerrada();
-        }
+        if (!m_consulta.driver()->isOpen())
+            throw errores::conexionCerrada();
         if (m_consulta.next())
             return true;
-        m_terminado = true;
         const bool fallida = m_consulta.lastError().isValid();
         const Error error = fallida ? errorOdbc(m_consulta) : Error();
         // The connection is free for others with the last row, not when the reader gets round to closing.
@@ -101,8 +86,6 @@ private:
     std::vector<ClaseOdbc> m_clases;
     mutable std::map<int, QVariant> m_largos; // of the current row, by column
     mutable int m_leidas = 0;                 // columns of the current row whose long texts have been read
-    bool m_pendiente = false;                 // the first row, read ahead
-    bool m_terminado = false;
 };
 
 QSqlDatabase nuevaBase(const QString &nombre)
@@ -151,7 +134,7 @@ ConexionOdbc::ConexionOdbc(const QSqlDatabase &ajena)
     if (!m_base.driverName().startsWith(ControladorQt))
         throw Error{0, u"La base de datos no está abierta a través de ODBC."_s, {}};
     if (!m_base.isOpen())
-        throw cerrada();
+        throw errores::conexionCerrada();
     ajustarSesion();
 }
 
@@ -181,7 +164,7 @@ void ConexionOdbc::ajustarSesion()
 QSqlQuery ConexionOdbc::ejecutada(const Sentencia &sentencia)
 {
     if (!m_base.isOpen())
-        throw cerrada();
+        throw errores::conexionCerrada();
     QSqlQuery consulta(m_base);
     consulta.setForwardOnly(true);
     consulta.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts as text, not through a double
@@ -190,7 +173,7 @@ QSqlQuery ConexionOdbc::ejecutada(const Sentencia &sentencia)
     return consulta;
 }
 
-std::unique_ptr<Cursor> ConexionOdbc::abrirCursor(const Sentencia &sentencia)
+std::unique_ptr<FuenteRegistros> ConexionOdbc::abrirCursor(const Sentencia &sentencia)
 {
     return std::make_unique<CursorOdbc>(ejecutada(sentencia));
 }

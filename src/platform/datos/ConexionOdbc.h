@@ -22,7 +22,7 @@ public:
 private:
     ConexionOdbc(const QSqlDatabase &base, const QString &nombrePropio);
 
-    std::unique_ptr<Cursor> abrirCursor(const Sentencia &sentencia) override;
+    std::unique_ptr<FuenteRegistros> abrirCursor(const Sentencia &sentencia) override;
     qint64 ejecutarSolo(const Sentencia &sentencia) override;
     void comenzarSolo() override;
     void confirmarSolo() override;

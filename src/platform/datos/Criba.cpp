@@ -12,7 +12,7 @@ namespace {
 using Tipo = Lexema::Tipo;
 
 /// A token that is no blank, and where it stands.
-struct Ficha
+struct Simbolo
 {
     const Lexema *lexema;
     std::size_t lugar;
@@ -20,59 +20,59 @@ struct Ficha
     bool es(QStringView palabra) const { return lexema->es(palabra); }
     bool esSigno(char16_t signo) const { return lexema->esSigno(signo); }
     bool esPalabra() const { return lexema->tipo == Tipo::Palabra; }
-    bool esMarca() const { return lexema->tipo == Tipo::Hueco; }
+    bool esHueco() const { return lexema->tipo == Tipo::Hueco; }
 };
 
-using Fichas = std::span<const Ficha>;
+using Simbolos = std::span<const Simbolo>;
 
 /// Cuts at a word outside brackets.
-std::vector<Fichas> cortar(Fichas fichas, QStringView palabra)
+std::vector<Simbolos> cortar(Simbolos simbolos, QStringView palabra)
 {
-    std::vector<Fichas> partes;
+    std::vector<Simbolos> partes;
     int nivel = 0;
     std::size_t inicio = 0;
-    for (std::size_t i = 0; i < fichas.size(); ++i) {
-        nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
-        if (nivel == 0 && fichas[i].es(palabra)) {
-            partes.push_back(fichas.subspan(inicio, i - inicio));
+    for (std::size_t i = 0; i < simbolos.size(); ++i) {
+        nivel += simbolos[i].esSigno(u'(') ? 1 : (simbolos[i].esSigno(u')') ? -1 : 0);
+        if (nivel == 0 && simbolos[i].es(palabra)) {
+            partes.push_back(simbolos.subspan(inicio, i - inicio));
             inicio = i + 1;
         }
     }
-    partes.push_back(fichas.subspan(inicio));
+    partes.push_back(simbolos.subspan(inicio));
     return partes;
 }
 
-Fichas sinParentesis(Fichas fichas)
+Simbolos sinParentesis(Simbolos simbolos)
 {
-    while (fichas.size() > 2 && fichas.front().esSigno(u'(')) {
+    while (simbolos.size() > 2 && simbolos.front().esSigno(u'(')) {
         int nivel = 0;
         std::size_t i = 0;
         do
-            nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
-        while (nivel > 0 && ++i < fichas.size());
-        if (i + 1 != fichas.size())
+            nivel += simbolos[i].esSigno(u'(') ? 1 : (simbolos[i].esSigno(u')') ? -1 : 0);
+        while (nivel > 0 && ++i < simbolos.size());
+        if (i + 1 != simbolos.size())
             break;
-        fichas = fichas.subspan(1, fichas.size() - 2);
+        simbolos = simbolos.subspan(1, simbolos.size() - 2);
     }
-    return fichas;
+    return simbolos;
 }
 
 /// Position of a word outside brackets, or the end.
-std::size_t posicion(Fichas fichas, QStringView palabra, std::size_t desde)
+std::size_t posicion(Simbolos simbolos, QStringView palabra, std::size_t desde)
 {
     int nivel = 0;
-    for (std::size_t i = desde; i < fichas.size(); ++i) {
-        nivel += fichas[i].esSigno(u'(') ? 1 : (fichas[i].esSigno(u')') ? -1 : 0);
-        if (nivel == 0 && fichas[i].es(palabra))
+    for (std::size_t i = desde; i < simbolos.size(); ++i) {
+        nivel += simbolos[i].esSigno(u'(') ? 1 : (simbolos[i].esSigno(u')') ? -1 : 0);
+        if (nivel == 0 && simbolos[i].es(palabra))
             return i;
     }
-    return fichas.size();
+    return simbolos.size();
 }
 
 /// Whether "a.columna = b.otra" is among the conditions, whichever stands first.
-bool iguala(Fichas fichas, QStringView a, QStringView columna, QStringView b, QStringView otra)
+bool iguala(Simbolos simbolos, QStringView a, QStringView columna, QStringView b, QStringView otra)
 {
-    for (const Fichas parte : cortar(fichas, u"AND")) {
+    for (const Simbolos parte : cortar(simbolos, u"AND")) {
         if (parte.size() != 7 || !parte[1].esSigno(u'.') || !parte[3].esSigno(u'=') || !parte[5].esSigno(u'.'))
             continue;
         const bool derecho = parte[0].es(a) && parte[2].es(columna) && parte[4].es(b) && parte[6].es(otra);
@@ -87,7 +87,7 @@ bool iguala(Fichas fichas, QStringView a, QStringView columna, QStringView b, QS
 class Tablas
 {
 public:
-    explicit Tablas(Fichas desde)
+    explicit Tablas(Simbolos desde)
     {
         std::size_t i = 0;
         while (i < desde.size()) {
@@ -111,7 +111,7 @@ public:
 
 private:
     /// "Tabla alias ON …", with the next join's LEFT or INNER at its end.
-    void leer(Fichas parte)
+    void leer(Simbolos parte)
     {
         if (parte.size() < 2 || !parte[0].esPalabra() || !parte[1].esPalabra())
             return;
@@ -127,7 +127,7 @@ private:
             return;
         while (parte.back().es(u"LEFT") || parte.back().es(u"INNER") || parte.back().es(u"OUTER"))
             parte = parte.first(parte.size() - 1);
-        const Fichas union_ = parte.subspan(3);
+        const Simbolos union_ = parte.subspan(3);
         const bool propia = iguala(union_, alias, u"Cod_Articulo", m_articulos, u"Codigo") &&
                             iguala(union_, alias, u"Cod_Empresa", m_articulos, u"Cod_Empresa");
         const bool deMarca = parte[0].es(u"Marcas") && iguala(union_, alias, u"Codigo", m_articulos, u"Marca");
@@ -141,21 +141,21 @@ private:
 };
 
 /// The pattern of "a.columna LIKE pattern" or "ISNULL(a.columna, x) LIKE pattern" over an indexed column.
-const Ficha *patronDe(Fichas fichas, const Tablas &tablas, const Ficha *&omision)
+const Simbolo *patronDe(Simbolos simbolos, const Tablas &tablas, const Simbolo *&omision)
 {
     omision = nullptr;
-    fichas = sinParentesis(fichas);
-    if (fichas.size() < 5 || !fichas[fichas.size() - 2].es(u"LIKE") || !fichas.back().esMarca())
+    simbolos = sinParentesis(simbolos);
+    if (simbolos.size() < 5 || !simbolos[simbolos.size() - 2].es(u"LIKE") || !simbolos.back().esHueco())
         return nullptr;
-    Fichas operando = fichas.first(fichas.size() - 2);
+    Simbolos operando = simbolos.first(simbolos.size() - 2);
     if (operando.size() == 8 && operando[0].es(u"ISNULL") && operando[1].esSigno(u'(') && operando[5].esSigno(u',') &&
-        operando[6].esMarca()) {
+        operando[6].esHueco()) {
         omision = &operando[6];
         operando = operando.subspan(2, 3);
     }
     const bool columna = operando.size() == 3 && operando[1].esSigno(u'.') &&
                          tablas.esIndexada(operando[0].lexema->texto, operando[2].lexema->texto);
-    return columna ? &fichas.back() : nullptr;
+    return columna ? &simbolos.back() : nullptr;
 }
 
 } // namespace
@@ -163,19 +163,19 @@ const Ficha *patronDe(Fichas fichas, const Tablas &tablas, const Ficha *&omision
 std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &lista,
                                                     const std::vector<std::size_t> &literal)
 {
-    std::vector<Ficha> todas;
+    std::vector<Simbolo> todas;
     for (std::size_t i = 0; i < lista.size(); ++i) {
         if (lista[i].tipo != Tipo::Blanco)
             todas.push_back({&lista[i], i});
     }
-    const Fichas fichas = todas;
-    const std::size_t desde = posicion(fichas, u"FROM", 0);
-    const std::size_t donde = posicion(fichas, u"WHERE", desde);
-    if (donde >= fichas.size() || posicion(fichas, u"UNION", 0) < fichas.size())
+    const Simbolos simbolos = todas;
+    const std::size_t desde = posicion(simbolos, u"FROM", 0);
+    const std::size_t donde = posicion(simbolos, u"WHERE", desde);
+    if (donde >= simbolos.size() || posicion(simbolos, u"UNION", 0) < simbolos.size())
         return {};
-    const std::size_t fin = std::min(posicion(fichas, u"ORDER", donde), posicion(fichas, u"GROUP", donde));
-    const Tablas tablas(fichas.subspan(desde + 1, donde - desde - 1));
-    const Fichas condicion = fichas.subspan(donde + 1, fin - donde - 1);
+    const std::size_t fin = std::min(posicion(simbolos, u"ORDER", donde), posicion(simbolos, u"GROUP", donde));
+    const Tablas tablas(simbolos.subspan(desde + 1, donde - desde - 1));
+    const Simbolos condicion = simbolos.subspan(donde + 1, fin - donde - 1);
     if (tablas.articulos().isEmpty() || posicion(condicion, u"OR", 0) < condicion.size() ||
         posicion(condicion, u"NOT", 0) < condicion.size())
         return {};
@@ -183,7 +183,7 @@ std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &l
     CondicionesCribables salida;
     salida.articulos = tablas.articulos() + u'.';
     bool conEmpresa = false;
-    for (const Fichas parte : cortar(condicion, u"AND")) {
+    for (const Simbolos parte : cortar(condicion, u"AND")) {
         if (parte.size() == 5 && parte[0].es(tablas.articulos()) && parte[1].esSigno(u'.') &&
             parte[2].es(u"Cod_Empresa") && parte[3].esSigno(u'=') && parte[4].lexema->texto == QChar(hueco::Numero)) {
             salida.empresa = literal[parte[4].lugar];
@@ -193,10 +193,10 @@ std::optional<CondicionesCribables> buscarCribables(const std::vector<Lexema> &l
         }
         std::vector<std::size_t> grupo;
         std::vector<std::size_t> omisiones;
-        const std::vector<Fichas> alternativas = cortar(sinParentesis(parte), u"OR");
-        for (const Fichas alternativa : alternativas) {
-            const Ficha *omision = nullptr;
-            const Ficha *patron = patronDe(alternativa, tablas, omision);
+        const std::vector<Simbolos> alternativas = cortar(sinParentesis(parte), u"OR");
+        for (const Simbolos alternativa : alternativas) {
+            const Simbolo *omision = nullptr;
+            const Simbolo *patron = patronDe(alternativa, tablas, omision);
             // A fixed beginning already has a range of its index, which is faster.
             const bool rango = alternativas.size() == 1 && !parte[0].es(u"ISNULL") && patron &&
                                patron->lexema->texto == QChar(hueco::PatronConPrefijo);

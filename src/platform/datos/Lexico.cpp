@@ -11,8 +11,6 @@ namespace nv::datos {
 
 namespace {
 
-constexpr qint32 SentenciaMalEscrita = 102;
-
 bool esBlanco(char16_t c)
 {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';

@@ -16,6 +16,9 @@ inline constexpr char16_t Texto = 2;
 inline constexpr char16_t PatronConPrefijo = 3;
 } // namespace hueco
 
+/// The server's number for a statement that cannot be read.
+inline constexpr qint32 SentenciaMalEscrita = 102;
+
 /// A literal lifted out of a statement; views the statement's own text.
 struct Literal
 {

@@ -2,7 +2,7 @@
 
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/Dialecto.h"
-#include "platform/datos/ErroresSqlite.h"
+#include "platform/datos/Sqlite.h"
 
 #include <sqlite3.h>
 
@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 namespace nv::datos {
 
 namespace {
-
-constexpr qint32 SentenciaMalEscrita = 102;
 
 void vincularTexto(sqlite3_stmt *sentencia, int lugar, const QByteArray &texto)
 {

@@ -1,8 +1,8 @@
 #include "platform/datos/Trigramas.h"
 
 #include "platform/datos/Cotejo.h"
-#include "platform/datos/ErroresSqlite.h"
 #include "platform/datos/PatronLike.h"
+#include "platform/datos/Sqlite.h"
 
 #include <QStringList>
 
@@ -22,12 +22,6 @@ constexpr char ClaseCandidatos[] = "nv.Candidatos";
 // An item is known by one number: company * 2^32 + code, codes from -2^31 on.
 constexpr qint64 PorEmpresa = qint64{1} << 32;
 constexpr qint64 Medio = qint64{1} << 31;
-
-void directa(sqlite3 *base, const QString &sql)
-{
-    if (sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw errorDe(base);
-}
 
 /// Notes the items of a table's rows when one of `columnas` changes. `articulo` is the item's code in them.
 QStringList avisos(const QString &tabla, const QString &articulo, const QString &columnas)
@@ -73,16 +67,6 @@ void indexarPendientes(sqlite3 *base)
     directa(base, u"INSERT INTO nv_Trigramas (rowid, Texto)"
                   u" SELECT Id, Texto FROM nv_Textos WHERE Id IN (SELECT Id FROM nv_Pendientes)"_s);
     directa(base, u"DELETE FROM nv_Pendientes"_s);
-}
-
-using Sentencia = std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)>;
-
-Sentencia preparada(sqlite3 *base, const char *sql)
-{
-    sqlite3_stmt *cruda = nullptr;
-    if (sqlite3_prepare_v2(base, sql, -1, &cruda, nullptr) != SQLITE_OK)
-        throw errorDe(base);
-    return {cruda, &sqlite3_finalize};
 }
 
 /// What the index must hold of a pattern, in its query language; empty when the pattern says too little.
@@ -178,7 +162,7 @@ void ponerAlDia(sqlite3 *base)
     constexpr int LoteMinimo = 32;
     const bool dentro = sqlite3_get_autocommit(base) == 0;
     try {
-        const Sentencia cuenta = preparada(base, "SELECT COUNT(*) FROM (SELECT 1 FROM nv_Pendientes LIMIT 32)");
+        const SentenciaSqlite cuenta = preparada(base, "SELECT COUNT(*) FROM (SELECT 1 FROM nv_Pendientes LIMIT 32)");
         if (sqlite3_step(cuenta.get()) != SQLITE_ROW || sqlite3_column_int(cuenta.get(), 0) < LoteMinimo)
             return;
         sqlite3_reset(cuenta.get());
@@ -208,7 +192,7 @@ std::optional<Candidatos> buscar(sqlite3 *base, const CondicionesCribables &cond
     const QString consulta = consultaDe(condiciones, parametrizada);
     if (consulta.isEmpty())
         return {};
-    const Sentencia sentencia =
+    const SentenciaSqlite sentencia =
         preparada(base, "SELECT rowid FROM nv_Trigramas WHERE nv_Trigramas MATCH ?1 AND rowid BETWEEN ?2 AND ?3"
                         " UNION ALL SELECT Id FROM nv_Pendientes WHERE Id BETWEEN ?2 AND ?3");
     const QByteArray texto = consulta.toUtf8();

@@ -18,7 +18,6 @@ class Candidatos
 public:
     void anadir(qint64 codigo);
     bool contiene(qint64 codigo) const;
-    std::size_t cuantos() const { return m_codigos.size(); }
 
     /// By how many of them there are: seeking each pays for few only.
     Criba criba() const;

@@ -6,7 +6,6 @@
 #include "platform/widgets/nvTextBox.h"
 
 #include <QLabel>
-#include <QScopedValueRollback>
 #include <algorithm>
 #include <limits>
 
@@ -107,8 +106,6 @@ std::array<qint64, 3> CascadaFamilias::buscados() const
 void CascadaFamilias::alCambiar(std::size_t nivel)
 {
     const qint16 codigo = comoPadre(m_niveles[nivel].selector->CodigoBuscado());
-    const bool primero = !m_vaciando;
-    const QScopedValueRollback<bool> vaciando(m_vaciando, true);
     for (std::size_t i = nivel + 1; i < m_niveles.size(); ++i) {
         nvFamilia *inferior = m_niveles[i].selector;
         if (nivel == 0)
@@ -117,8 +114,6 @@ void CascadaFamilias::alCambiar(std::size_t nivel)
             inferior->setCodigoPadre2(codigo);
         inferior->Limpiar();
     }
-    if (primero)
-        Q_EMIT Cambio(static_cast<int>(nivel) + 1);
 }
 
 void CascadaFamilias::alPulsarIntro(std::size_t nivel, bool &tratada)

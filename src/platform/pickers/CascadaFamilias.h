@@ -48,7 +48,6 @@ public:
     std::array<qint64, 3> buscados() const;
 
 Q_SIGNALS:
-    void Cambio(int nivel); ///< 1 to 3, when the levels below are empty
     /// Enter on the last level that the company uses.
     void Fin();
 
@@ -64,7 +63,6 @@ private:
 
     std::array<Nivel, 3> m_niveles;
     bool m_fijas = false;
-    bool m_vaciando = false; ///< the levels below the one that changed
 };
 
 } // namespace nv

@@ -64,7 +64,6 @@ SelectorCodigo::SelectorCodigo(const Tabla &tabla, QWidget *padre)
         Q_EMIT Cambio();
     });
     connect(m_caja, &nvTextBox::Intro, this, &SelectorCodigo::alPulsarIntro);
-    connect(m_caja, &nvTextBox::Entrada, this, &SelectorCodigo::Entrada);
     connect(m_caja, &nvTextBox::Salida, this, &SelectorCodigo::alSalir);
 }
 
@@ -185,7 +184,7 @@ bool SelectorCodigo::Cargar()
     return m_existe;
 }
 
-bool SelectorCodigo::cargarAvisando()
+bool SelectorCodigo::asentar()
 {
     return !m_pendiente || mensajes::guardar(this, titulo(), [this] { Cargar(); });
 }
@@ -193,7 +192,7 @@ bool SelectorCodigo::cargarAvisando()
 void SelectorCodigo::alPulsarIntro(bool &tratada)
 {
     const QPointer<SelectorCodigo> vivo(this);
-    if (cargarAvisando() && vivo)
+    if (asentar() && vivo)
         Q_EMIT Intro(tratada);
     else
         tratada = true;
@@ -202,7 +201,7 @@ void SelectorCodigo::alPulsarIntro(bool &tratada)
 void SelectorCodigo::alSalir()
 {
     const QPointer<SelectorCodigo> vivo(this);
-    cargarAvisando();
+    asentar();
     if (vivo)
         Q_EMIT Salida();
 }

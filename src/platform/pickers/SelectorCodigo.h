@@ -45,7 +45,6 @@ public:
 
 Q_SIGNALS:
     void Cambio();             ///< the text of the box changed
-    void Entrada();            ///< the box received the focus
     void Salida();             ///< the box lost the focus, its name loaded
     void Intro(bool &tratada); ///< Enter, the name already loaded; set `tratada` to keep the focus here
 
@@ -80,7 +79,7 @@ private:
     Conexion &conexion() const;
     Sentencia consultaNombre(const QString &codigo) const;
     Sentencia consultaLista() const;
-    bool cargarAvisando();
+    bool asentar();
     void alPulsarIntro(bool &tratada);
     void alSalir();
     void elegirEnLista();

@@ -3,6 +3,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Campos.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -28,9 +29,8 @@ nvAlmacenCons::nvAlmacenCons(QWidget *padre)
     m_lista->setAlternatingRowColors(true);
     auto *botones = new QVBoxLayout;
     for (const bool marcar : {true, false}) {
-        auto *boton = new QPushButton(marcar ? u"&Todos"_s : u"&Ninguno"_s, this);
-        boton->setObjectName(marcar ? u"cmdTodos"_s : u"cmdNinguno"_s);
-        boton->setAutoDefault(false);
+        QPushButton *boton =
+            nv::nuevoBoton(marcar ? u"&Todos"_s : u"&Ninguno"_s, marcar ? u"cmdTodos"_s : u"cmdNinguno"_s, this);
         connect(boton, &QPushButton::clicked, this, [this, marcar] { marcarTodos(marcar); });
         botones->addWidget(boton);
     }

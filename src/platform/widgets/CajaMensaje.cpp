@@ -1,6 +1,7 @@
 #include "platform/widgets/CajaMensaje.h"
 
 #include "platform/widgets/DescarteTeclas.h"
+#include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
 #include <QAbstractButton>
@@ -14,21 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace nv::mensajes {
-
-namespace {
-
-bool esCaracter(const QKeyEvent &evento)
-{
-    return !(evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
-           !evento.text().isEmpty() && (evento.text().front().isPrint() || evento.text().front().isSurrogate());
-}
-
-bool esIntro(const QKeyEvent &evento)
-{
-    return evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
-}
-
-} // namespace
 
 CajaMensaje::CajaMensaje(Icon icono, const QString &titulo, const QString &texto, QWidget *padre)
     : QMessageBox(padre)
@@ -65,11 +51,11 @@ bool CajaMensaje::tragada(const QKeyEvent &evento)
 {
     const bool enRafaga = m_rafaga.enCurso();
     // A held Enter repeats into a box that it has opened itself.
-    if (esIntro(evento)) {
+    if (teclas::esIntro(evento)) {
         m_quietud.stop();
         return enRafaga || evento.isAutoRepeat();
     }
-    if (!esCaracter(evento))
+    if (!teclas::esTexto(evento))
         return false;
     m_rafaga.caracter();
     m_quietud.stop();

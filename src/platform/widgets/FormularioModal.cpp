@@ -1,6 +1,7 @@
 #include "platform/widgets/FormularioModal.h"
 
 #include "platform/widgets/Campos.h"
+#include "platform/widgets/Teclas.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -57,13 +58,6 @@ FormularioModal::FormularioModal(QWidget *padre)
     , m_atajos(new Atajos(this))
 {}
 
-bool FormularioModal::ejecutar()
-{
-    const QPointer<FormularioModal> vivo(this);
-    exec();
-    return !vivo.isNull();
-}
-
 void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 {
     m_atajos->poner(tecla, std::move(accion));
@@ -72,7 +66,7 @@ void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 void FormularioModal::atajosAceptarCancelar()
 {
     atajo(Qt::Key_F9, [this] { aceptar(); });
-    atajo(Qt::Key_F12, [this] { reject(); });
+    atajo(Qt::Key_F12, [this] { cancelar(); });
 }
 
 QPushButton *FormularioModal::boton(const QString &texto, const QString &nombre, std::function<void()> accion)
@@ -82,18 +76,24 @@ QPushButton *FormularioModal::boton(const QString &texto, const QString &nombre,
     return nuevo;
 }
 
-QHBoxLayout *FormularioModal::botonera()
+QHBoxLayout *FormularioModal::botonera(const QString &aceptar, const QString &cancelar)
 {
     auto *fila = new QHBoxLayout;
     fila->addStretch();
-    fila->addWidget(boton(u"&Aceptar"_s, u"cmdAceptar"_s, [this] { aceptar(); }));
-    fila->addWidget(boton(u"&Cancelar"_s, u"cmdCancelar"_s, [this] { reject(); }));
+    fila->addWidget(boton(aceptar, u"cmdAceptar"_s, [this] { this->aceptar(); }));
+    fila->addWidget(boton(cancelar, u"cmdCancelar"_s, [this] { this->cancelar(); }));
     return fila;
+}
+
+void FormularioModal::reject()
+{
+    Aceptado = false;
+    QDialog::reject();
 }
 
 void FormularioModal::keyPressEvent(QKeyEvent *evento)
 {
-    const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    const bool intro = teclas::esIntro(*evento);
     auto *boton = qobject_cast<QPushButton *>(focusWidget());
     // Without default buttons the toolkit leaves Enter on a focused one without effect.
     if (intro && boton && !evento->isAutoRepeat())

@@ -15,21 +15,29 @@ class FormularioModal : public QDialog
 {
     Q_OBJECT
 
+public:
+    bool Aceptado = false; ///< result of the forms that are accepted or not
+
+public Q_SLOTS:
+    void reject() override;
+
 protected:
     explicit FormularioModal(QWidget *padre);
 
-    /// Shows the form, returns once it has hidden itself. False when it is gone: no member may be read any more.
-    bool ejecutar();
+    /// Shows the form, returns once it has hidden itself, or is gone: no member may be read any more without a look.
+    void ejecutar() { exec(); }
     /// A key that the form sees before its fields do, whichever has the focus, once however long it is held. Keys of
     /// popups and of boxes on top stay theirs.
     void atajo(Qt::Key tecla, std::function<void()> accion);
     /// F9 and F12.
     void atajosAceptarCancelar();
     QPushButton *boton(const QString &texto, const QString &nombre, std::function<void()> accion);
-    /// The row at the foot: "&Aceptar" (`cmdAceptar`) and "&Cancelar" (`cmdCancelar`).
-    QHBoxLayout *botonera();
+    /// The row at the foot: `cmdAceptar` and `cmdCancelar`.
+    QHBoxLayout *botonera(const QString &aceptar = QStringLiteral("&Aceptar"),
+                          const QString &cancelar = QStringLiteral("&Cancelar"));
     /// What Accept does; hides the form unless something is missing.
     virtual void aceptar() = 0;
+    virtual void cancelar() { reject(); }
 
     void keyPressEvent(QKeyEvent *evento) override;
 

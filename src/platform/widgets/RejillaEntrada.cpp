@@ -1,24 +1,11 @@
 #include "platform/widgets/Rejilla.h"
+#include "platform/widgets/Teclas.h"
 
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
 
 namespace nv {
-
-namespace {
-
-/// What a person types as text: no control keys, but AltGr (Ctrl+Alt to some window systems) counts as typing.
-bool esTexto(const QKeyEvent &evento)
-{
-    const QString texto = evento.text();
-    if (texto.isEmpty() || !(texto.front().isPrint() || texto.front().isSurrogate()))
-        return false;
-    const Qt::KeyboardModifiers m = evento.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    return m == Qt::NoModifier || m == Qt::GroupSwitchModifier || m == (Qt::ControlModifier | Qt::AltModifier);
-}
-
-} // namespace
 
 void Rejilla::keyPressEvent(QKeyEvent *evento)
 {
@@ -50,7 +37,7 @@ void Rejilla::keyPressEvent(QKeyEvent *evento)
     default:
         break;
     }
-    if (esTexto(*evento)) {
+    if (teclas::esTexto(*evento)) {
         if (evento->key() == Qt::Key_Space)
             Q_EMIT Espacio();
         else

@@ -82,4 +82,23 @@ qint16 boton(Qt::MouseButtons botones)
                                (botones & Qt::MiddleButton ? 4 : 0));
 }
 
+bool esIntro(const QKeyEvent &evento)
+{
+    return evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
+}
+
+bool esTexto(const QKeyEvent &evento)
+{
+    const QString texto = evento.text();
+    if (texto.isEmpty() || !(texto.front().isPrint() || texto.front().isSurrogate()))
+        return false;
+    const Qt::KeyboardModifiers m = evento.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return m == Qt::NoModifier || m == Qt::GroupSwitchModifier || m == (Qt::ControlModifier | Qt::AltModifier);
+}
+
+bool sinModificar(const QKeyEvent &evento)
+{
+    return (evento.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
 } // namespace nv::teclas

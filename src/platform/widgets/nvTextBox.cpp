@@ -2,6 +2,7 @@
 
 #include "common/Valores.h"
 #include "platform/widgets/Foco.h"
+#include "platform/widgets/Teclas.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -116,8 +117,7 @@ void nvTextBox::setDecimales(int valor)
 
 void nvTextBox::keyPressEvent(QKeyEvent *evento)
 {
-    const bool sinModificar = (evento->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
+    if (nv::teclas::esIntro(*evento)) {
         evento->accept();
         const QPointer<nvTextBox> vivo(this);
         bool tratada = false;
@@ -126,7 +126,7 @@ void nvTextBox::keyPressEvent(QKeyEvent *evento)
             nv::foco::adelante(this);
         return;
     }
-    if (evento->key() == Qt::Key_Up && sinModificar) {
+    if (evento->key() == Qt::Key_Up && nv::teclas::sinModificar(*evento)) {
         evento->accept();
         nv::foco::atras(this);
         return;

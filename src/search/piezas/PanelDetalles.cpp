@@ -4,6 +4,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/Twips.h"
 #include "search/piezas/CajaImagen.h"
 #include "search/sql/Detalles.h"
@@ -60,8 +61,7 @@ PanelDetalles::PanelDetalles(QWidget *padre)
 
     auto *sobreFoto = new QVBoxLayout(m_foto);
     sobreFoto->addWidget(m_avisoFoto);
-    auto *observaciones = new QLabel(u"Observaciones:"_s, this);
-    observaciones->setBuddy(m_notas);
+    QLabel *observaciones = nuevoRotulo(u"Observaciones:"_s, m_notas, this);
 
     auto *cifras = new QGridLayout;
     cifras->setHorizontalSpacing(twips::aPixeles(90, this));

@@ -1,10 +1,10 @@
-#include "guion/Orden.h"
+#include "guion/Instruccion.h"
 
 using namespace Qt::StringLiterals;
 
 namespace mostrador::guion {
 
-QStringList Orden::palabras() const
+QStringList Instruccion::palabras() const
 {
     QStringList palabras;
     QString actual; // null between words
@@ -29,15 +29,15 @@ QStringList Orden::palabras() const
     return palabras;
 }
 
-std::optional<Orden> Orden::leida(const QString &linea, int numero)
+std::optional<Instruccion> Instruccion::leida(const QString &linea, int numero)
 {
     const QString limpia = linea.trimmed();
     if (limpia.isEmpty() || limpia.startsWith(u'#'))
         return std::nullopt;
-    return Orden{numero, limpia.section(u' ', 0, 0), limpia.section(u' ', 1).trimmed()};
+    return Instruccion{numero, limpia.section(u' ', 0, 0), limpia.section(u' ', 1).trimmed()};
 }
 
-std::optional<std::pair<QString, QString>> Orden::comparacion() const
+std::optional<std::pair<QString, QString>> Instruccion::comparacion() const
 {
     const QString entero = resto.endsWith(u" ="_s) ? resto + u' ' : resto;
     const qsizetype igual = entero.indexOf(u" = "_s);

@@ -19,14 +19,14 @@ struct AunNo
 };
 
 /// One line of a script: the command and what follows it, trimmed.
-struct Orden
+struct Instruccion
 {
     int linea = 0;
     QString nombre;
     QString resto;
 
     /// Nothing for blank lines and comments ("#").
-    static std::optional<Orden> leida(const QString &linea, int numero);
+    static std::optional<Instruccion> leida(const QString &linea, int numero);
 
     /// The rest in words; quotes keep blanks together, \n and \" inside them mean what they mean elsewhere.
     QStringList palabras() const;

@@ -1,4 +1,4 @@
-#include "platform/datos/ErroresSqlite.h"
+#include "platform/datos/Sqlite.h"
 
 #include <sqlite3.h>
 
@@ -66,6 +66,20 @@ Error errorDe(sqlite3 *base)
 Error errorDe(int codigo, const QString &propio)
 {
     return {codigo, descripcion(codigo, propio), {}};
+}
+
+void directa(sqlite3 *base, const QString &sql)
+{
+    if (sqlite3_exec(base, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw errorDe(base);
+}
+
+SentenciaSqlite preparada(sqlite3 *base, const char *sql)
+{
+    sqlite3_stmt *cruda = nullptr;
+    if (sqlite3_prepare_v2(base, sql, -1, &cruda, nullptr) != SQLITE_OK)
+        throw errorDe(base);
+    return {cruda, &sqlite3_finalize};
 }
 
 } // namespace nv::datos
