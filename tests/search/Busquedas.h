@@ -1,7 +1,5 @@
 #pragma once
 
-#include "nvArticulo/Conexion.h"
-#include "nvArticulo/Error.h"
 #include "platform/widgets/Rejilla.h"
 #include "search/BusquedaBase.h"
 #include "search/Fabrica.h"
@@ -32,7 +30,6 @@ struct Vista
     /// The box of the description.
     const char *caja() const { return porCriterios() ? "txtNombre" : modelo >= 7 ? "txtDescripcion" : "txtBusqueda"; }
     int columnaCodigo() const { return modelo == 8 ? 2 : modelo == 0 || modelo == 6 ? 0 : 1; }
-
     bool enfocado(const char *nombre) const
     {
         const auto *widget = campo(nombre);
@@ -56,7 +53,6 @@ struct Vista
         if (modelo == 7)
             pulsa(Qt::Key_Return);
     }
-
     QString columna(int numero) const
     {
         QStringList textos;
@@ -72,18 +68,10 @@ struct Vista
             textos << lista()->texto(numero, c);
         return textos.join(u'|');
     }
-    QPoint punto(int fila, int columna) const
-    {
-        return lista()->visualRect(lista()->model()->index(fila - 1, columna)).center();
-    }
-    void clic(int fila, int columna) const
-    {
-        QTest::mouseClick(lista()->viewport(), Qt::LeftButton, {}, punto(fila, columna));
-    }
-    void dobleClic(int fila, int columna) const
-    {
-        QTest::mouseDClick(lista()->viewport(), Qt::LeftButton, {}, punto(fila, columna));
-    }
+    QPoint punto(int fila, int c) const { return lista()->visualRect(lista()->model()->index(fila - 1, c)).center(); }
+    QWidget *celdas() const { return lista()->viewport(); }
+    void clic(int fila, int col) const { QTest::mouseClick(celdas(), Qt::LeftButton, {}, punto(fila, col)); }
+    void dobleClic(int fila, int col) const { QTest::mouseDClick(celdas(), Qt::LeftButton, {}, punto(fila, col)); }
     /// On the marks: 0 for none.
     void marca(std::initializer_list<int> filas) const
     {
@@ -100,31 +88,58 @@ class CatalogoBusquedas : public BaseDatos, public OyenteSentencias
 public:
     CatalogoBusquedas();
     ~CatalogoBusquedas() override { conexion().dejarDeEscuchar(this); }
-
     using Preparar = std::function<void(ContratoBusqueda &)>;
     using Accion = std::function<void(const Vista &)>;
     /// Opens a dialog, runs `accion` in it once it is up, and cancels it if that left it open.
-    void abrir(int modelo, const Preparar &preparar, const Accion &accion, QWidget *padre = nullptr);
-    void abrir(int modelo, const Accion &accion)
+    void abrir(int modelo, const Preparar &preparar, const Accion &accion)
     {
-        abrir(
-            modelo, [](ContratoBusqueda &) {}, accion);
+        const DialogoPropio<ContratoBusqueda> dialogo = crearDialogoBusqueda(static_cast<qint16>(modelo), nullptr);
+        *dialogo = pedido;
+        if (preparar)
+            preparar(*dialogo);
+        conductor.con<BusquedaBase>([&accion, modelo](BusquedaBase &d) {
+            accion(Vista{d, modelo});
+            if (d.isVisible())
+                d.reject();
+        });
+        dialogo->MostrarModal();
+        QVERIFY2(conductor.terminado() && dialogo.vivo(), "hidden, not gone");
+        codigo = dialogo->Codigo;
+        descripcion = dialogo->Descripcion;
+        varios = dialogo->MultiResultado;
+        criterios = *dialogo;
     }
-
-    void sentencia(const SucesoSentencia &suceso) override { sentencias << suceso.texto; }
+    void abrir(int modelo, const Accion &accion) { abrir(modelo, {}, accion); }
+    void sentencia(const SucesoSentencia &suceso) override
+    {
+        sentencias << suceso.texto;
+        if (alBuscar && suceso.texto.contains(u"FROM Articulos a"_s))
+            alBuscar();
+    }
     /// Items 1001 on, "ZZ 0001" on.
-    void articulosZZ(int cuantos);
+    void articulosZZ(int cuantos)
+    {
+        empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"50000"_s;
+        QStringList valores;
+        for (int i = 1; i <= cuantos; ++i)
+            valores << u"(2, %1, 'ZZ %2')"_s.arg(1000 + i).arg(i, 4, 10, QChar(u'0'));
+        ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES "_s + valores.join(u','));
+    }
     /// As if the server had lost it.
     void quitar(const QString &tabla) { ejecutar(u"ALTER TABLE "_s + tabla + u" RENAME TO Fuera"_s); }
     void devolver(const QString &tabla) { ejecutar(u"ALTER TABLE Fuera RENAME TO "_s + tabla); }
+    qsizetype busquedas() const { return sentencias.filter(u"FROM Articulos a"_s).size(); }
     QString copia() { return filas(u"SELECT Cod_Articulo FROM Articulos_Buscar ORDER BY 1"_s).join(u'|'); }
-
+    struct Pedido : ContratoBusqueda
+    {
+        void MostrarModal() override {}
+    } pedido; ///< what the component asks of every dialog
     EmpresaPrueba empresa;
     ParametrosPrueba parametros;
     Conductor conductor;
     QStringList sentencias;
+    std::function<void()> alBuscar; ///< while the engine works
     // What the last dialog left.
-    bool viva = false;
     QString codigo;
     QString descripcion;
     bool varios = false;
@@ -134,11 +149,13 @@ public:
 inline CatalogoBusquedas::CatalogoBusquedas()
 {
     ranura::ofrecer(&conexion());
-    empresa.hoy = QDate(2026, 11, 22);
+    pedido.cEmpresa = &empresa;
+    pedido.Parametros = &parametros;
     const auto pon = [this](const QString &tabla, const QString &filas) {
         ejecutar(u"INSERT INTO "_s + tabla + u" VALUES "_s + filas);
     };
-    pon(u"Articulos (Cod_Empresa, Codigo, Descripcion, Familia_1, Familia_2, Familia_3, Marca, Alternativo1, MotivoBaja)"_s,
+    pon(u"Articulos (Cod_Empresa, Codigo, Descripcion, Familia_1, Familia_2, Familia_3, Marca, Alternativo1,"
+        u" MotivoBaja)"_s,
         u"(2, 1, 'TORNILLO ROJO', 1, 2, 3, 1, ',3,7,', 0), (2, 2, 'TORNILLO GRANDE', 1, 2, 0, 2, ',7,', 0),"
         u" (2, 3, 'TUERCA GRANDE', 1, 5, 0, 0, '', 0), (2, 10, 'ARANDELA ROJO', 2, 0, 0, 3, ',33,', 0),"
         u" (2, 24, 'CLAVO', 0, 0, 0, 0, '', 1), (2, 841, 'CHAMPÚ L''ORÉAL', 2, 0, 0, 1, '', 0),"
@@ -147,14 +164,16 @@ inline CatalogoBusquedas::CatalogoBusquedas()
     pon(u"Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal)"_s,
         u"(2, 1, '8412345678905', 1), (2, 2, '8499', 0), (2, 3, '98100019', 1)"_s);
     pon(u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal)"_s,
-        u"(2, 1, 7, 'R-1', 1), (2, 2, 7, 'X12Y', 0), (2, 2, 8, 'R-2', 1), (2, 3, 7, 'ROJO-7', 1), (2, 10, 8, 'R-10', 1)"_s);
+        u"(2, 1, 7, 'R-1', 1), (2, 2, 7, 'X12Y', 0), (2, 2, 8, 'R-2', 1), (2, 3, 7, 'ROJO-7', 1),"
+        u" (2, 10, 8, 'R-10', 1)"_s);
     pon(u"Proveedores (Cod_Empresa, Codigo, Nombre)"_s, u"(3, 7, 'HIERROS'), (3, 8, 'ACEROS')"_s);
     pon(u"Marcas (Codigo, Nombre)"_s, u"(1, 'ROCA'), (2, 'DUROCANTO'), (3, 'OTRA')"_s);
     pon(u"Familias_1 (Cod_Empresa, Codigo, Nombre)"_s, u"(2, 1, 'FERRETERÍA'), (2, 2, 'BAÑO')"_s);
     pon(u"Familias_2 (Cod_Empresa, Familia_1, Codigo, Nombre)"_s, u"(2, 1, 2, 'ROSCAS')"_s);
     pon(u"Familias_3 (Cod_Empresa, Familia_1, Familia_2, Codigo, Nombre)"_s, u"(2, 1, 2, 3, 'MACHO')"_s);
     pon(u"Almacenes (Cod_Empresa, Codigo, Nombre, Abrev, Tarifa)"_s,
-        u"(1, 1, 'TIENDA', 'TIE', 1), (1, 2, 'NAVE', 'NAV', 4), (1, 10, 'MAYOR', 'MAY', 4), (2, 3, 'AJENO', 'AJE', 1)"_s);
+        u"(1, 1, 'TIENDA', 'TIE', 1), (1, 2, 'NAVE', 'NAV', 4), (1, 10, 'MAYOR', 'MAY', 4),"
+        u" (2, 3, 'AJENO', 'AJE', 1)"_s);
     pon(u"Almacen_Articulos (Cod_Empresa, Cod_Almacen, Cod_Articulo, Stock_Actual, Stock_MiniCompra, Rotacion, Bloqueo,"
         u" FUlt_Venta)"_s,
         u"(1, 1, 1, 12, 0.5, 1, 0, '21/11/2026'), (1, 2, 1, 3, 0, 3.456, 0, '21/11/2026'),"
@@ -167,40 +186,6 @@ inline CatalogoBusquedas::CatalogoBusquedas()
         u"(2, 1, 4, 10.5), (2, 2, 4, 9), (2, 10, 4, 100), (2, 1, 6, 7), (1, 1, 4, 777), (2, 1, 1, 1234.5678),"
         u" (2, 2, 1, 2), (2, 3, 1, 100), (2, 10, 1, 4)"_s);
     conexion().escuchar(this);
-}
-
-inline void CatalogoBusquedas::articulosZZ(int cuantos)
-{
-    empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"50000"_s;
-    Transaccion transaccion(conexion());
-    for (int i = 1; i <= cuantos; ++i)
-        ejecutar(
-            u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, %1, 'ZZ %2')"_s.arg(1000 + i).arg(
-                i, 4, 10, QChar(u'0')));
-    transaccion.confirmar();
-}
-
-inline void CatalogoBusquedas::abrir(int modelo, const Preparar &preparar, const Accion &accion, QWidget *padre)
-{
-    const DialogoPropio<ContratoBusqueda> dialogo = crearDialogoBusqueda(static_cast<qint16>(modelo), padre);
-    dialogo->cEmpresa = &empresa;
-    dialogo->Parametros = &parametros;
-    preparar(*dialogo);
-    conductor.con<BusquedaBase>([&accion, modelo](BusquedaBase &d) {
-        const QPointer<BusquedaBase> vivo(&d);
-        accion(Vista{d, modelo});
-        if (vivo && d.isVisible())
-            d.reject();
-    });
-    dialogo->MostrarModal();
-    QVERIFY(conductor.terminado());
-    viva = dialogo.vivo();
-    if (!viva)
-        return;
-    codigo = dialogo->Codigo;
-    descripcion = dialogo->Descripcion;
-    varios = dialogo->MultiResultado;
-    criterios = *dialogo;
 }
 
 } // namespace nv::pruebas

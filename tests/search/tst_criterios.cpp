@@ -2,13 +2,10 @@
 #include "platform/pickers/SelectorCodigo.h"
 #include "support/Programa.h"
 
-#include <QFrame>
 #include <QLabel>
 #include <QScrollBar>
 
 using namespace nv::pruebas;
-using nv::ContratoBusqueda;
-using nv::SelectorCodigo;
 
 /// What the dialogs with a panel of criteria share.
 class tst_Criterios : public QObject
@@ -16,392 +13,236 @@ class tst_Criterios : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase_data();
-    void init() { m.emplace(); }
+    void initTestCase_data()
+    {
+        QTest::addColumn<int>("numero");
+        for (const int numero : {0, 1, 3, 4, 6})
+            QTest::addRow("model %d", numero) << numero;
+    }
+    void init()
+    {
+        QFETCH_GLOBAL(const int, numero);
+        m.emplace();
+        modelo = numero;
+    }
     void cleanup() { m.reset(); }
 
-    void criteria_find_their_items_data();
-    void criteria_find_their_items();
-    void remembered_criteria_come_and_go();
-    void fixed_family_is_locked_and_holds();
-    void enter_walks_the_criteria();
-    void enter_searches_where_there_are_no_levels();
-    void changing_a_level_empties_those_below();
-    void unused_levels_are_not_there();
-    void several_results_lift_the_row_limit();
-    void rows_come_in_blocks();
-    void end_and_page_down_bring_every_row();
-    void tab_goes_along_the_criteria();
-    void list_that_takes_the_place_of_the_criteria();
-
-private:
-    static bool conMarca(int modelo) { return modelo == 3 || modelo == 4; }
-    static bool oculta(int modelo) { return modelo == 0 || modelo == 6; }
-    /// The codes as the dialog orders them.
-    static QString ordenados(int modelo, QString codigos)
+    void criteria_find_their_items_and_are_remembered()
     {
-        if (modelo != 1)
-            return codigos;
-        QStringList lista = codigos.split(u'|', Qt::SkipEmptyParts);
-        std::sort(lista.begin(), lista.end(), [](const QString &a, const QString &b) { return a.toInt() < b.toInt(); });
-        return lista.join(u'|');
-    }
-
-    std::optional<CatalogoBusquedas> m;
-};
-
-void tst_Criterios::initTestCase_data()
-{
-    QTest::addColumn<int>("modelo");
-    for (const int modelo : {0, 1, 3, 4, 6})
-        QTest::addRow("model %d", modelo) << modelo;
-}
-
-void tst_Criterios::criteria_find_their_items_data()
-{
-    QTest::addColumn<QString>("criterios"); // box=text, …
-    QTest::addColumn<QString>("codigos");
-    const QString todos = u"10|841|24|2|1|3"_s;
-    QTest::newRow("nothing asked") << QString() << todos;
-    QTest::newRow("beginning") << u"txtNombre=t"_s << u"2|1|3"_s;
-    QTest::newRow("wildcard in front") << u"txtNombre=*ROJO"_s << u"10|1"_s;
-    QTest::newRow("wildcard inside") << u"txtNombre=T*G"_s << u"2|3"_s;
-    QTest::newRow("supplier, any reference") << u"txtProveedor=7"_s << u"2|1|3"_s;
-    QTest::newRow("supplier 0 is none") << u"txtProveedor=0"_s << todos;
-    QTest::newRow("supplier beyond any") << u"txtProveedor=99999999999"_s << QString();
-    QTest::newRow("family") << u"txtFamilia_1=1"_s << u"2|1|3"_s;
-    QTest::newRow("two levels") << u"txtFamilia_1=1,txtFamilia_2=2"_s << u"2|1"_s;
-    QTest::newRow("three levels") << u"txtFamilia_1=1,txtFamilia_2=2,txtFamilia_3=3"_s << u"1"_s;
-    QTest::newRow("level 2 alone is no criterion") << u"txtFamilia_2=2"_s << todos;
-    QTest::newRow("family beyond any") << u"txtFamilia_1=40000"_s << QString();
-    QTest::newRow("code") << u"txtCodigo=1"_s << u"10|1"_s;
-    QTest::newRow("reference") << u"txtReferencia=R*1"_s << u"10|1"_s;
-    QTest::newRow("reference of a supplier") << u"txtReferencia=R*1,txtProveedor=8"_s << u"10"_s;
-    QTest::newRow("brand") << u"txtMarca=1"_s << u"841|1"_s;
-    QTest::newRow("brand beyond any") << u"txtMarca=40000"_s << QString();
-    QTest::newRow("all of them") << u"txtNombre=T,txtProveedor=7,txtFamilia_1=1"_s << u"2|1|3"_s;
-}
-
-void tst_Criterios::criteria_find_their_items()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    QFETCH(const QString, criterios);
-    QFETCH(const QString, codigos);
-    if (criterios.contains(conMarca(modelo) ? u"txtReferencia"_s : u"txtMarca"_s) ||
-        (conMarca(modelo) && criterios.contains(u"txtCodigo"_s)))
-        return;
-    m->abrir(modelo, [&](const Vista &v) {
-        for (const QString &uno : criterios.split(u',', Qt::SkipEmptyParts))
-            v.escribe(uno.section(u'=', 0, 0).toLatin1().constData(), uno.section(u'=', 1));
-        v.pulsa(Qt::Key_F9);
-        QCOMPARE(v.codigos(), ordenados(modelo, codigos));
-    });
-}
-
-void tst_Criterios::remembered_criteria_come_and_go()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    nv::CriteriosBusqueda antes;
-    antes.Busqueda_Proveedor = 7;
-    antes.Busqueda_Familia_1 = 1;
-    antes.Busqueda_Familia_2 = 2;
-    antes.Busqueda_Codigo = antes.Busqueda_Referencia = conMarca(modelo) ? u"de otra"_s : QString();
-    antes.Busqueda_Marca = modelo == 3 ? qint16{1} : qint16{0};
-    antes.Busqueda_MarcaNombre = u"ajena"_s;
-    const auto preparar = [&](ContratoBusqueda &d) { static_cast<nv::CriteriosBusqueda &>(d) = antes; };
-    m->abrir(modelo, preparar, [&](const Vista &v) {
-        if (modelo == 4)
-            return;
-        QCOMPARE(v.codigos(), modelo == 3 ? u"1"_s : ordenados(modelo, u"2|1"_s));
-        QCOMPARE(v.campo<SelectorCodigo>("txtProveedor")->Nombre(), u"HIERROS"_s);
-        QCOMPARE(v.campo<SelectorCodigo>("txtFamilia_2")->Nombre(), u"ROSCAS"_s);
-        QVERIFY(v.campo("txtFamilia_1")->isEnabled());
-    });
-    QCOMPARE(m->criterios.Busqueda_Proveedor, 7);
-    QCOMPARE(m->criterios.Busqueda_MarcaNombre, u"ajena"_s);
-    // Each one alone starts the search; codes that the component cannot hold are none.
-    for (const auto &[caja, texto] : {std::pair("txtNombre", "T*"),
-                                      {"txtProveedor", "8"},
-                                      {"txtFamilia_1", "40000"},
-                                      {"txtCodigo", "1"},
-                                      {"txtReferencia", "R"},
-                                      {"txtMarca", "3"}}) {
-        const QString escrito = QLatin1StringView(texto);
-        bool hay = true;
-        QString encontrados;
-        m->abrir(modelo, [&](const Vista &v) {
-            hay = v.campo(caja) != nullptr;
-            if (!hay)
-                return;
-            v.escribe(caja, escrito);
-            v.pulsa(Qt::Key_F9);
-            encontrados = v.codigos();
-        });
-        const nv::CriteriosBusqueda escritos = m->criterios;
-        m->sentencias.clear();
-        m->abrir(
-            modelo, [&](ContratoBusqueda &d) { static_cast<nv::CriteriosBusqueda &>(d) = escritos; },
-            [&](const Vista &v) {
-                const bool busca = hay && modelo != 4 && escrito != u"40000";
-                QCOMPARE(m->sentencias.filter(u"FROM Articulos a"_s).isEmpty(), !busca);
-                if (busca)
-                    QVERIFY2(v.codigos() == encontrados && !encontrados.isEmpty(), caja);
+        // Box=text, …; what they find; whether the next dialog starts with them.
+        const auto casos =
+            tabla(u"→10|841|24|2|1|3→no;txtNombre=t→2|1|3→sí;txtNombre=*ROJO→10|1→sí;txtNombre=T*G→2|3→sí;"
+                  u"txtProveedor=7→2|1|3→sí;txtProveedor=0→10|841|24|2|1|3→no;txtProveedor=99999999999→→no;"
+                  u"txtFamilia_1=1→2|1|3→sí;txtFamilia_1=1,txtFamilia_2=2→2|1→sí;"
+                  u"txtFamilia_1=1,txtFamilia_2=2,txtFamilia_3=3→1→sí;txtFamilia_2=2→10|841|24|2|1|3→sí;"
+                  u"txtFamilia_1=40000→→no;txtCodigo=1→10|1→sí;txtReferencia=R*1→10|1→sí;"
+                  u"txtReferencia=R*1,txtProveedor=8→10→sí;txtMarca=1→841|1→sí;txtMarca=40000→→no;"
+                  u"txtNombre=T,txtProveedor=7,txtFamilia_1=1→2|1|3→sí"_s);
+        for (const QStringList &caso : casos) {
+            const QString &escritos = caso[0];
+            if (escritos.contains(conMarca() ? u"txtReferencia"_s : u"txtMarca"_s) ||
+                (conMarca() && escritos.contains(u"txtCodigo"_s)))
+                continue;
+            static_cast<nv::CriteriosBusqueda &>(m->pedido) = {};
+            m->abrir(modelo, [&](const Vista &v) {
+                for (const QString &uno : escritos.split(u',', Qt::SkipEmptyParts))
+                    v.escribe(uno.section(u'=', 0, 0).toLatin1().constData(), uno.section(u'=', 1));
+                v.pulsa(Qt::Key_F9);
+                QVERIFY2(v.codigos() == ordenados(caso[1]), qPrintable(escritos + u" found "_s + v.codigos()));
             });
+            static_cast<nv::CriteriosBusqueda &>(m->pedido) = m->criterios;
+            m->sentencias.clear();
+            m->abrir(modelo, [&](const Vista &v) {
+                const bool busca = caso[2] == u"sí" && modelo != 4;
+                QVERIFY2(m->busquedas() == busca && v.codigos() == (busca ? ordenados(caso[1]) : QString()),
+                         qPrintable(escritos));
+            });
+        }
     }
-}
 
-void tst_Criterios::fixed_family_is_locked_and_holds()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->abrir(
-        modelo,
-        [](ContratoBusqueda &d) {
-            d.Familia_1 = d.Busqueda_Familia_1 = 1;
-            d.Familia_2 = d.Busqueda_Familia_2 = 2;
-        },
-        [&](const Vista &v) {
-            QCOMPARE(v.lista()->filasDatos(), modelo == 4 ? 0 : 2);
+    void fixed_family_is_locked_and_holds_and_remembered_codes_have_their_names()
+    {
+        m->pedido.Familia_1 = m->pedido.Busqueda_Familia_1 = 1;
+        m->pedido.Familia_2 = m->pedido.Busqueda_Familia_2 = 2;
+        m->pedido.Busqueda_Proveedor = 7;
+        m->pedido.Busqueda_Marca = modelo == 3 ? 2 : 0;
+        m->pedido.Busqueda_MarcaNombre = u"ajena"_s;
+        m->pedido.Busqueda_Codigo = m->pedido.Busqueda_Referencia = conMarca() ? u"ajena"_s : QString();
+        m->abrir(modelo, [this](const Vista &v) {
+            QCOMPARE(v.codigos(), modelo == 4 ? QString() : modelo == 3 ? u"2"_s : ordenados(u"2|1"_s));
             for (const char *nivel : {"txtFamilia_1", "txtFamilia_2", "txtFamilia_3"})
                 QVERIFY(!v.campo(nivel)->isEnabled());
-            QCOMPARE(v.campo<SelectorCodigo>("txtFamilia_2")->Nombre(), u"ROSCAS"_s);
+            QVERIFY(nombre(v, "txtFamilia_2") == u"ROSCAS" && (modelo == 4 || nombre(v, "txtProveedor") == u"HIERROS"));
+            QVERIFY(modelo != 3 || nombre(v, "txtMarca") == u"DUROCANTO");
             v.busca(QString());
-            QCOMPARE(v.codigos(), ordenados(modelo, u"2|1"_s));
+            QCOMPARE(v.codigos(), modelo == 3 ? u"2"_s : ordenados(u"2|1"_s));
+            QVERIFY(v.d.Busqueda_MarcaNombre == u"ajena" && v.d.Busqueda_Codigo == m->pedido.Busqueda_Codigo);
             // Its name is read again when the window comes back to the front, in silence.
             m->ejecutar(u"UPDATE Familias_1 SET Nombre = 'HIERRO'"_s);
             QEvent activada(QEvent::WindowActivate);
             QCoreApplication::sendEvent(&v.d, &activada);
-            QCOMPARE(v.campo<SelectorCodigo>("txtFamilia_1")->Nombre(), u"HIERRO"_s);
+            QCOMPARE(nombre(v, "txtFamilia_1"), u"HIERRO"_s);
             m->quitar(u"Familias_1"_s);
             QCoreApplication::sendEvent(&v.d, &activada);
-            if (conMarca(modelo))
+            if (conMarca())
                 return;
-            v.busca(QString());
-            if (oculta(modelo))
+            if (oculta())
                 v.pulsa(Qt::Key_F9);
-            v.escribe("txtReferencia", u"R-2"_s);
+            v.escribe("txtReferencia", u"X12Y"_s);
             v.pulsa(Qt::Key_Return);
             QCOMPARE(v.codigos(), u"2"_s);
         });
-}
-
-/// The last level searches; in the dialogs with a brand the supplier does, and the last level moves on.
-void tst_Criterios::enter_walks_the_criteria()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->empresa.familias[1].clear();
-    m->abrir(modelo, [&](const Vista &v) {
-        if (!conMarca(modelo)) {
-            v.campo("txtReferencia")->setFocus();
-            v.pulsa(Qt::Key_Return);
-            QVERIFY2(v.enfocado(modelo == 1 ? "txtAlternativo1" : "txtFamilia_1") || v.enfocado("txtFamilia_1"),
-                     "the reference searches only where no level follows");
-        }
-        v.escribe("txtFamilia_1", u"2"_s);
-        v.pulsa(Qt::Key_Return);
-        QVERIFY2(v.enfocado("txtFamilia_3"), "the level that is not used is skipped");
-        QCOMPARE(v.lista()->filasDatos(), 0);
-        v.pulsa(Qt::Key_Return);
-        if (conMarca(modelo)) {
-            QVERIFY(v.enfocado("txtMarca") && v.lista()->filasDatos() == 0);
-            v.campo("txtProveedor")->setFocus();
-            v.pulsa(Qt::Key_Return);
-        }
-        QCOMPARE(v.codigos(), ordenados(modelo, u"10|841"_s));
-    });
-}
-
-void tst_Criterios::enter_searches_where_there_are_no_levels()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    if (conMarca(modelo))
-        return;
-    for (QString &nombre : m->empresa.familias)
-        nombre.clear();
-    m->abrir(modelo, [&](const Vista &v) {
-        v.escribe("txtReferencia", u"R-1"_s);
-        v.pulsa(Qt::Key_Return);
-        QCOMPARE(v.codigos(), ordenados(modelo, u"10|1"_s));
-    });
-    // One level, whichever, is enough for it to move on.
-    for (QString &nombre : m->empresa.familias) {
-        nombre = u"Gama"_s;
-        m->abrir(modelo, [&](const Vista &v) {
-            v.campo("txtReferencia")->setFocus();
-            v.pulsa(Qt::Key_Return);
-            QCOMPARE(v.lista()->filasDatos(), 0);
-        });
-        nombre.clear();
     }
-}
 
-void tst_Criterios::changing_a_level_empties_those_below()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->abrir(modelo, [&](const Vista &v) {
-        const auto texto = [&](const char *nivel) { return v.campo<SelectorCodigo>(nivel)->Texto(); };
-        v.escribe("txtFamilia_1", u"1"_s);
-        v.escribe("txtFamilia_2", u"2"_s);
-        v.escribe("txtFamilia_3", u"3"_s);
-        v.pulsa(Qt::Key_Tab);
-        QCOMPARE(v.campo<SelectorCodigo>("txtFamilia_3")->Nombre(), u"MACHO"_s);
-        v.escribe("txtFamilia_2", u"5"_s);
-        QVERIFY(texto("txtFamilia_3").isEmpty() && texto("txtFamilia_1") == u"1");
-        v.escribe("txtFamilia_2", u"2"_s);
-        v.escribe("txtFamilia_3", u"3"_s);
-        v.escribe("txtFamilia_1", u"2"_s);
-        QVERIFY(texto("txtFamilia_2").isEmpty() && texto("txtFamilia_3").isEmpty());
-        v.escribe("txtFamilia_2", u"2"_s);
-        v.pulsa(Qt::Key_Tab);
-        QVERIFY2(!v.campo<SelectorCodigo>("txtFamilia_2")->Existe(), "another family's child");
-    });
-}
-
-void tst_Criterios::unused_levels_are_not_there()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->empresa.familias[1].clear();
-    m->empresa.familias[2] = u"Gama"_s;
-    m->abrir(modelo, [&](const Vista &v) {
-        QVERIFY(!v.campo("txtFamilia_2")->isVisible() && !v.campo("lblTFamilia_2")->isVisible());
-        QCOMPARE(v.campo<QLabel>("lblTFamilia_3")->text(), u"Gama:"_s);
-        QVERIFY(v.campo("txtFamilia_3")->isVisible());
-    });
-}
-
-void tst_Criterios::several_results_lift_the_row_limit()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"2"_s;
-    for (const bool varios : {false, true}) {
-        m->abrir(
-            modelo, [=](ContratoBusqueda &d) { d.MultiResultado = varios; },
-            [&](const Vista &v) {
-                v.busca(QString());
-                QCOMPARE(v.lista()->filasDatos(), varios ? 6 : 2);
-                if (!oculta(modelo))
-                    QCOMPARE(v.lista()->isColumnHidden(0), !varios);
-            });
-    }
-}
-
-/// Model 1 asks its parameter for their size; 3 and 4 read all at once.
-void tst_Criterios::rows_come_in_blocks()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->parametros.deAplicacion[u"nvArticulo.BuscadorM2.MaxCargaFilas"_s] = u"500"_s;
-    m->articulosZZ(700);
-    m->abrir(modelo, [&](const Vista &v) {
-        v.busca(u"ZZ"_s);
-        nv::Rejilla *lista = v.lista();
-        const int todas = 700;
-        QCOMPARE(lista->filasDatos(), conMarca(modelo) ? todas : 500);
-        QCOMPARE(lista->texto(500, v.columnaCodigo()), u"1500"_s);
-        if (conMarca(modelo))
-            return;
-        lista->setFilaActual(498);
-        lista->verticalScrollBar()->setValue(0);
-        const int antes = lista->filasDatos();
-        QVERIFY2(antes <= 501, "one for the step that scrolls");
-        lista->verticalScrollBar()->setValue(1);
-        QCOMPARE(lista->filasDatos(), antes + 1);
-        lista->verticalScrollBar()->setValue(0);
-        QCOMPARE(lista->filasDatos(), antes + 1);
-        if (modelo == 1) { // any of the last 500 rows asks for more
-            lista->setFilaActual(antes + 2 - 501);
-            const int ahora = lista->filasDatos();
-            v.pulsa(Qt::Key_PageDown);
-            QVERIFY2(lista->filasDatos() <= ahora + 1, "not yet");
-            v.pulsa(Qt::Key_PageDown);
-            QCOMPARE(lista->filasDatos(), todas);
-        }
-    });
-}
-
-void tst_Criterios::end_and_page_down_bring_every_row()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    if (conMarca(modelo))
-        return;
-    m->parametros.deAplicacion[u"nvArticulo.BuscadorM2.MaxCargaFilas"_s] = u"500"_s;
-    m->articulosZZ(620);
-    m->abrir(modelo, [&](const Vista &v) {
-        v.busca(u"ZZ"_s);
-        nv::Rejilla *lista = v.lista();
-        v.pulsa(Qt::Key_End);
-        QCOMPARE(lista->filasDatos(), 501);
-        if (modelo != 1) {
-            QCOMPARE(lista->filaActual(), 500);
-            v.pulsa(Qt::Key_PageDown);
-            QVERIFY2(lista->filasDatos() == 551 || lista->filasDatos() == 552,
-                     "fifty, and the step that the key scrolls");
-        }
-        for (int i = 0; i < 100 && lista->filasDatos() < 620; ++i) {
-            v.pulsa(Qt::Key_End);
-            v.pulsa(Qt::Key_PageDown);
-        }
-        QCOMPARE(lista->texto(620, v.columnaCodigo()), u"1620"_s);
-        v.pulsa(Qt::Key_PageDown);
-        QCOMPARE(lista->filasDatos(), 620);
-    });
-}
-
-void tst_Criterios::tab_goes_along_the_criteria()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    QByteArrayList orden{"txtNombre"};
-    if (conMarca(modelo))
-        orden << "txtProveedor"
-              << "txtFamilia_1"
-              << "txtFamilia_2"
-              << "txtFamilia_3"
-              << "txtMarca";
-    else
-        orden << "txtCodigo"
-              << "txtProveedor"
-              << "txtReferencia"
-              << "txtFamilia_1"
-              << "txtFamilia_2"
-              << "txtFamilia_3";
-    if (modelo == 4)
-        orden << "txtAlmacen"
-              << "txtRanking";
-    if (modelo == 1)
-        orden << "txtAlternativo1";
-    if (modelo == 6)
-        orden << "chkSurtido";
-    m->abrir(modelo, [&](const Vista &v) {
-        const auto recorrer = [&] {
-            for (const QByteArray &nombre : std::as_const(orden)) {
-                QVERIFY2(v.enfocado(nombre.constData()), nombre.constData());
-                v.pulsa(Qt::Key_Tab);
+    /// The last level searches; in the dialogs with a brand the supplier does, and the last level moves on.
+    void enter_walks_the_levels_in_use()
+    {
+        m->empresa.familias[1].clear();
+        m->empresa.familias[2] = u"Gama"_s;
+        m->abrir(modelo, [this](const Vista &v) {
+            QVERIFY(!v.campo("txtFamilia_2")->isVisible() && !v.campo("lblTFamilia_2")->isVisible());
+            QVERIFY(v.campo("txtFamilia_3")->isVisible() && v.campo<QLabel>("lblTFamilia_3")->text() == u"Gama:");
+            v.escribe("txtFamilia_1", u"2"_s);
+            v.pulsa(Qt::Key_Return);
+            QVERIFY2(v.enfocado("txtFamilia_3") && v.lista()->filasDatos() == 0, "the level not used is skipped");
+            v.pulsa(Qt::Key_Return);
+            if (conMarca()) {
+                QVERIFY(v.enfocado("txtMarca") && v.lista()->filasDatos() == 0);
+                v.campo("txtProveedor")->setFocus();
+                v.pulsa(Qt::Key_Return);
             }
-        };
-        recorrer();
-        v.busca(u"TORN"_s);
-        QVERIFY(v.lista()->hasFocus());
-        if (oculta(modelo))
-            v.pulsa(Qt::Key_F9);
-        else
-            v.pulsa(Qt::Key_Tab);
-        recorrer(); // once there are rows the list comes first
-    });
-}
+            QVERIFY(v.codigos() == ordenados(u"10|841"_s) && v.lista()->hasFocus());
+        });
+        // The reference searches where no level follows: one, whichever, is enough for it to move on.
+        for (int unico = -1; unico < 3 && !conMarca(); ++unico) {
+            for (int nivel = 0; nivel < 3; ++nivel)
+                m->empresa.familias[nivel] = nivel == unico ? u"Gama"_s : QString();
+            m->abrir(modelo, [&](const Vista &v) {
+                v.escribe("txtReferencia", u"R-1"_s);
+                v.pulsa(Qt::Key_Return);
+                QCOMPARE(v.codigos(), unico < 0 ? ordenados(u"10|1"_s) : QString());
+                QVERIFY(unico != 0 || v.enfocado("txtFamilia_1"));
+            });
+        }
+    }
 
-void tst_Criterios::list_that_takes_the_place_of_the_criteria()
-{
-    QFETCH_GLOBAL(const int, modelo);
-    m->abrir(modelo, [&](const Vista &v) {
-        auto *panel = v.campo("fraFiltro");
-        const int antes = v.lista()->height();
-        v.busca(u"TORN"_s);
-        QCOMPARE(panel->isVisible(), !oculta(modelo));
-        QCOMPARE(v.lista()->height() > antes, oculta(modelo));
-        if (!oculta(modelo))
-            return;
-        v.pulsa(Qt::Key_F9);
-        QVERIFY(panel->isVisible() && v.enfocado("txtNombre") && v.lista()->height() == antes);
-    });
-}
+    void tab_goes_along_the_criteria_and_a_level_empties_those_below()
+    {
+        m->ejecutar(u"INSERT INTO Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (0, 0, 3, 'ROJO')"_s);
+        QString orden =
+            conMarca() ? u"txtNombre txtProveedor txtFamilia_1 txtFamilia_2 txtFamilia_3 txtMarca"_s
+                       : u"txtNombre txtCodigo txtProveedor txtReferencia txtFamilia_1 txtFamilia_2 txtFamilia_3"_s;
+        orden += QHash<int, QString>{
+            {1, u" txtAlternativo1"_s}, {4, u" txtAlmacen txtRanking"_s}, {6, u" chkSurtido"_s}}[modelo];
+        m->abrir(modelo, [&](const Vista &v) {
+            const auto recorrer = [&] {
+                for (const QString &caja : orden.split(u' ')) {
+                    QVERIFY2(v.enfocado(caja.toLatin1().constData()), qPrintable(caja));
+                    v.pulsa(Qt::Key_Tab);
+                    QVERIFY2(!v.enfocado(caja.toLatin1().constData()), qPrintable(caja));
+                }
+            };
+            recorrer();
+            QVERIFY2(v.lista()->hasFocus() || modelo == 1, "there its tabs come next");
+            for (const auto *rotulo : v.campo("fraFiltro")->findChildren<QLabel *>())
+                QVERIFY2(!rotulo->buddy() || !rotulo->isVisible() ||
+                             rotulo->geometry().intersects(rotulo->buddy()->geometry().adjusted(-2000, 8, 0, -8)),
+                         "each label is on the line of its box");
+            const int alto = v.lista()->height();
+            v.busca(u"TORN"_s);
+            QVERIFY(v.lista()->hasFocus() && v.campo("fraFiltro")->isVisible() != oculta());
+            QCOMPARE(v.lista()->height() > alto, oculta());
+            v.pulsa(oculta() ? Qt::Key_F9 : Qt::Key_Tab);
+            QVERIFY(v.campo("fraFiltro")->isVisible() && v.lista()->height() == alto);
+            recorrer(); // once there are rows the list comes first
+
+            const auto texto = [&](const char *nivel) { return v.campo<nv::SelectorCodigo>(nivel)->Texto(); };
+            v.escribe("txtFamilia_1", u"1"_s);
+            v.escribe("txtFamilia_2", u"2"_s);
+            v.escribe("txtFamilia_3", u"3"_s);
+            v.pulsa(Qt::Key_Tab);
+            QCOMPARE(nombre(v, "txtFamilia_3"), u"MACHO"_s);
+            v.escribe("txtFamilia_2", u"5"_s);
+            QVERIFY(texto("txtFamilia_1") == u"1" && texto("txtFamilia_3").isEmpty());
+            v.escribe("txtFamilia_2", u"2"_s);
+            v.escribe("txtFamilia_1", u"2"_s);
+            QVERIFY(texto("txtFamilia_2").isEmpty());
+            v.escribe("txtFamilia_2", u"2"_s);
+            v.pulsa(Qt::Key_Tab);
+            QVERIFY2(!v.campo<nv::SelectorCodigo>("txtFamilia_2")->Existe(), "another family's child");
+        });
+    }
+
+    /// Model 1 asks its parameter for their size; 3 and 4 read all at once.
+    void rows_come_in_blocks_until_all_are_there_or_one_breaks()
+    {
+        m->parametros.deAplicacion[u"nvArticulo.BuscadorM2.MaxCargaFilas"_s] = u"500"_s;
+        m->articulosZZ(700);
+        m->abrir(modelo, [this](const Vista &v) {
+            v.busca(u"ZZ"_s);
+            nv::Rejilla *lista = v.lista();
+            QCOMPARE(lista->filasDatos(), conMarca() ? 700 : 500);
+            QCOMPARE(lista->texto(500, v.columnaCodigo()), u"1500"_s);
+            if (conMarca())
+                return;
+            lista->setFilaActual(498);
+            lista->verticalScrollBar()->setValue(0);
+            const int antes = lista->filasDatos(); // one more for the step that scrolls
+            for (const int valor : {1, 0}) {       // downwards one more, upwards none
+                lista->verticalScrollBar()->setValue(valor);
+                QCOMPARE(lista->filasDatos(), antes + 1);
+            }
+            lista->setFilaActual(1);
+            v.pulsa(Qt::Key_PageDown);
+            QVERIFY2(lista->filasDatos() <= antes + 2, "far from the end it asks for no more");
+            v.busca(u"ZZ"_s);
+            v.pulsa(Qt::Key_End);
+            QCOMPARE(lista->filasDatos(), 501);
+            if (modelo != 1) {
+                QCOMPARE(lista->filaActual(), 500);
+                v.pulsa(Qt::Key_PageDown);
+                QVERIFY2(lista->filasDatos() == 551 || lista->filasDatos() == 552, "fifty, and that of the scroll");
+            }
+            for (int i = 0; i < 100 && lista->filasDatos() < 700; ++i) {
+                v.pulsa(Qt::Key_End);
+                v.pulsa(Qt::Key_PageDown);
+            }
+            QCOMPARE(lista->texto(700, v.columnaCodigo()), u"1700"_s);
+            v.pulsa(Qt::Key_PageDown);
+            QCOMPARE(lista->filasDatos(), 700);
+            if (modelo != 1)
+                return;
+            m->ejecutar(u"INSERT INTO Articulos_Tarifas VALUES (2, 1505, 4, 1e30)"_s); // no price that can be read
+            v.busca(u"ZZ"_s);
+            m->conductor.responde(u"Aceptar"_s);
+            v.pulsa(Qt::Key_PageDown);
+            QTRY_VERIFY(m->conductor.terminado());
+            QVERIFY(lista->filasDatos() == 504 && m->conductor.cajas()[0].texto == u"Desbordamiento.");
+            lista->setFilaActual(7);
+            m->conductor.responde(u"Aceptar"_s);
+            v.busca(u"ZZ 050"_s);
+            QVERIFY2(lista->filasDatos() == 504 && lista->filaActual() == 7, "the former list stays");
+        });
+    }
+
+private:
+    static QString nombre(const Vista &v, const char *selector)
+    {
+        return v.campo<nv::SelectorCodigo>(selector)->Nombre();
+    }
+    bool conMarca() const { return modelo == 3 || modelo == 4; }
+    bool oculta() const { return modelo == 0 || modelo == 6; } ///< the list takes the place of the criteria
+    /// The codes as the dialog orders them.
+    QString ordenados(const QString &codigos) const
+    {
+        QStringList lista = codigos.split(u'|', Qt::SkipEmptyParts);
+        if (modelo == 1)
+            std::sort(lista.begin(), lista.end(), [](auto &a, auto &b) { return a.toInt() < b.toInt(); });
+        return lista.join(u'|');
+    }
+    std::optional<CatalogoBusquedas> m;
+    int modelo = 0;
+};
 
 NV_PRUEBA(tst_Criterios)
 #include "tst_criterios.moc"
