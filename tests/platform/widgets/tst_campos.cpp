@@ -1,4 +1,3 @@
-#include "nvArticulo/BolsaPropiedades.h"
 #include "platform/widgets/Anclaje.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Foco.h"
@@ -51,9 +50,7 @@ private Q_SLOTS:
         auto *interior = new nvTextBox(compuesto);
         compuesto->setFocusProxy(interior);
         compuesto->setFocusPolicy(Qt::StrongFocus);
-        QWidgetList campos{new nvTextBox, compuesto};
-        while (campos.size() < 6)
-            campos += new nvTextBox;
+        const QWidgetList campos{new nvTextBox, compuesto, new nvTextBox, new nvTextBox, new nvTextBox, new nvTextBox};
         Ventana ventana(campos);
         campos[2]->hide();
         campos[3]->setEnabled(false);
@@ -131,18 +128,17 @@ private Q_SLOTS:
     {
         nvCheckBox casilla;
         casilla.show();
-        // Read-only, value put, one click or blank, value then.
-        const int casos[][4] = {{0, 2, 0, 2},  {0, 2, 1, 0}, {0, 0, 1, 1}, {0, 1, 1, 0},
-                                {0, -1, 0, 0}, {1, 2, 1, 2}, {1, 1, 1, 1}};
-        for (const auto &[fija, puesto, veces, queda] : casos) {
+        // Read-only, value put, a click, a blank, value then.
+        const int casos[][5] = {{0, 2, 0, 0, 2}, {0, 2, 1, 0, 0},  {0, 2, 0, 1, 0}, {0, 2, 1, 1, 1},
+                                {0, 1, 0, 1, 0}, {0, -1, 0, 0, 0}, {1, 2, 1, 1, 2}, {1, 1, 1, 1, 1}};
+        for (const auto &[fija, puesto, clic, blanco, queda] : casos) {
             casilla.setSoloLectura(fija == 1);
-            for (const bool raton : {true, false}) {
-                casilla.setValue(puesto);
-                if (veces == 1)
-                    raton ? QTest::mouseClick(&casilla, Qt::LeftButton, {}, QPoint(8, casilla.height() / 2))
-                          : QTest::keyClick(&casilla, Qt::Key_Space);
-                QCOMPARE(casilla.Value(), queda);
-            }
+            casilla.setValue(puesto);
+            if (clic == 1)
+                QTest::mouseClick(&casilla, Qt::LeftButton, {}, QPoint(8, casilla.height() / 2));
+            if (blanco == 1)
+                QTest::keyClick(&casilla, Qt::Key_Space);
+            QCOMPARE(casilla.Value(), queda);
         }
     }
 
@@ -151,29 +147,16 @@ private Q_SLOTS:
         for (const QStringList &c :
              tabla(u"Num+Enter→13;Num+0→96;Num+9→105;Num+*→106;Num+Up→38;Shift+/→55;Shift+Backtab→9;*→187;0→48;"
                    u"9→57;A→65;Z→90;F1→112;F24→135;Volume Up→0"_s)) {
-            const QKeyCombination tecla = QKeySequence(c[0])[0];
-            QCOMPARE(nv::teclas::codigo(QKeyEvent(QEvent::KeyPress, tecla.key(), tecla.keyboardModifiers())),
-                     c[1].toShort());
+            const QKeyCombination t = QKeySequence(c[0])[0];
+            QCOMPARE(nv::teclas::codigo({QEvent::KeyPress, t.key(), t.keyboardModifiers()}), c[1].toShort());
         }
-        QVERIFY(nv::teclas::estado(Qt::ShiftModifier | Qt::AltModifier) == 5 &&
-                nv::teclas::estado(Qt::ControlModifier) == 2);
-        QVERIFY(nv::teclas::boton(Qt::LeftButton | Qt::MiddleButton) == 5 && nv::teclas::boton(Qt::RightButton) == 2);
+        using namespace nv::teclas;
+        QVERIFY(estado(Qt::ShiftModifier | Qt::AltModifier) == 5 && estado(Qt::ControlModifier) == 2);
+        QVERIFY(boton(Qt::LeftButton | Qt::MiddleButton) == 5 && boton(Qt::RightButton) == 2);
         for (const auto &[twips, pixeles] : {std::pair{7, 0}, {8, 1}, {-7, 0}, {-8, -1}, {1380, 92}, {-930, -62}})
-            QVERIFY(nv::twips::aPixeles(twips, m_cajas[0]) == pixeles &&
-                    nv::twips::aPixeles(twips, nullptr) == pixeles);
+            for (const QWidget *de : {m_cajas[0], static_cast<nvTextBox *>(nullptr)})
+                QCOMPARE(nv::twips::aPixeles(twips, de), pixeles);
         QCOMPARE(nv::twips::dePixeles(-92, m_cajas[0]), -1380);
-    }
-
-    void bag_keeps_the_order_and_leaves_defaults_out()
-    {
-        nv::BolsaPropiedades bolsa;
-        bolsa.escribir(u"Vital"_s, false, true);
-        bolsa.poner(u"KeyFichaArt"_s, 118);
-        bolsa.escribir(u"Vital"_s, false, true);
-        QCOMPARE(bolsa.claves(), (std::vector<QString>{u"Vital"_s, u"KeyFichaArt"_s}));
-        QVERIFY(bolsa.leer(u"Proveedor"_s, 9) == 9 && bolsa.leer(u"KeyFichaArt"_s, 9) == 118);
-        bolsa.escribir(u"Vital"_s, true, true);
-        QVERIFY(!bolsa.contiene(u"Vital"_s) && bolsa.contiene(u"KeyFichaArt"_s));
     }
 
     void anchored_widgets_keep_their_edges()
@@ -183,21 +166,17 @@ private Q_SLOTS:
         Anclaje anclaje(&formulario);
         const QRect lugar(10, 40, 380, 100);
         const std::pair<Qt::Edges, QRect> casos[] = {
-            {Qt::LeftEdge | Qt::RightEdge | Qt::TopEdge | Qt::BottomEdge, {10, 40, 480, 80}},
-            {Qt::RightEdge | Qt::BottomEdge, {110, 20, 380, 100}},
-            {Qt::LeftEdge | Qt::TopEdge, lugar}};
+            {Qt::Edges(15), {10, 40, 480, 80}}, {Qt::RightEdge | Qt::BottomEdge, {110, 20, 380, 100}}, {{}, lugar}};
         for (const auto &[bordes, despues] : casos) {
-            const auto breve = std::make_unique<QWidget>(&formulario);
-            anclaje.registrar(breve.get(), bordes);
+            anclaje.registrar(std::make_unique<QWidget>(&formulario).get(), bordes);
             auto *widget = new QWidget(&formulario);
             widget->setGeometry(lugar);
             anclaje.registrar(widget, bordes);
         }
         formulario.show();
         formulario.resize(500, 280);
-        const QWidgetList anclados = formulario.findChildren<QWidget *>();
-        for (std::size_t i = 0; i < 3; ++i)
-            QCOMPARE(anclados[qsizetype(i)]->geometry(), casos[i].second);
+        for (const qsizetype i : {0, 1, 2})
+            QCOMPARE(formulario.findChildren<QWidget *>()[i]->geometry(), casos[i].second);
     }
 
 private:

@@ -65,9 +65,9 @@ private Q_SLOTS:
         QTest::keyClick(m, Qt::Key_Enter, Qt::KeypadModifier);
         repetir(m, Qt::Key_Return, u"\r"_s);
         teclear(m, u" 7ñ*"_s);
-        for (const auto con : {Qt::AltModifier | Qt::NoModifier, Qt::ControlModifier | Qt::AltModifier,
-                               Qt::ShiftModifier | Qt::KeypadModifier})
-            QTest::sendKeyEvent(QTest::Click, m, Qt::Key_At, u"@"_s, con); // the second is AltGr
+        const auto [alt, alGr] = std::pair{Qt::AltModifier | Qt::KeypadModifier, Qt::ControlModifier | Qt::AltModifier};
+        for (const auto con : {alt, alGr, Qt::ShiftModifier | Qt::KeypadModifier})
+            QTest::sendKeyEvent(QTest::Click, m, Qt::Key_At, u"@"_s, con);
         QCOMPARE(m_sucesos, u"intro espacio 7 ñ * @ @ "_s);
         m->setFilaActual(1);
         QString vistas;
@@ -80,8 +80,8 @@ private Q_SLOTS:
         m_sucesos.clear();
         const QPoint celda = m->visualRect(m->model()->index(0, 1)).center();
         const QPoint debajo(10, m->viewport()->height() - 3); // nobody's cell
-        for (const auto &[boton, donde] :
-             {std::pair{Qt::RightButton, celda}, {Qt::LeftButton, debajo}, {Qt::LeftButton, celda}})
+        using enum Qt::MouseButton;
+        for (const auto &[boton, donde] : {std::pair{RightButton, celda}, {LeftButton, debajo}, {LeftButton, celda}})
             for (const auto raton : {QTest::MouseClick, QTest::MouseDClick})
                 QTest::mouseEvent(raton, m->viewport(), boton, {}, donde);
         QTest::mouseClick(m->horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(20, 8));
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QVERIFY(pasos.startsWith(u"1>2 3>1 1>"));
         pasos.clear();
         m->ordenar([](int a, int b) { return a > b; });
-        QVERIFY2(m->texto(m->filaActual(), 0) == u"x" && m->filaActual() < 9 && m->filaSuperior() < 9, "kept in view");
+        QVERIFY2(m->texto(m->filaActual(), 0) == u"x" && m->filaActual() < 9 && m->filaSuperior() < 9, "in view");
         m->setColumnas({{u"A"_s, 9000}, {u"B"_s, 9000}});
         llenar(1);
         QScrollBar *barra = m->horizontalScrollBar();
@@ -119,9 +119,10 @@ private Q_SLOTS:
     void cells_hold_texts_and_colours_and_are_sorted_with_them()
     {
         m->anadir(std::vector<nv::FilaRejilla>{{u"3"_s, u"b"_s}, {u"1"_s, u"a"_s}, {u"2"_s, u"b"_s}, {u"4"_s}});
-        for (const auto &[fila, columna, color] :
-             {std::tuple{1, 0, QColor(Qt::red)}, {1, 1, Qt::blue}, {1, 1, QColor()}, {9, 0, Qt::red}})
-            m->setColorTexto(fila, columna, color);
+        for (const int fila : {1, 9})
+            m->setColorTexto(fila, 0, Qt::red);
+        for (const QColor &color : {QColor(Qt::blue), QColor()})
+            m->setColorTexto(1, 1, color);
         m->setColorFondo(1, 0, Qt::yellow);
         m->setTexto(4, 1, u"a"_s);
         m->setFilaActual(3);
@@ -148,9 +149,8 @@ private Q_SLOTS:
             m->anadir({texto, texto});
         const auto pixeles = [this](int fila, int columna, int parte = 1) {
             const QRect celda = m->visualRect(m->model()->index(fila - 1, columna));
-            return m->viewport()
-                ->grab({celda.topLeft(), QSize(celda.width() / parte - 1, celda.height() - 1)})
-                .toImage();
+            const QSize lugar(celda.width() / parte - 1, celda.height() - 1);
+            return m->viewport()->grab({celda.topLeft(), lugar}).toImage();
         };
         QVERIFY(pixeles(1, 0) == pixeles(4, 0) && pixeles(2, 0) == pixeles(4, 0) && pixeles(3, 0) == pixeles(4, 0));
         m->setColumnaCasilla(1);
@@ -176,8 +176,8 @@ private Q_SLOTS:
         m->ensanchar(0, u"Un texto más ancho que ella"_s);
         QVERIFY(lleno() && m->columnWidth(0) > 100);
         llenar(1);
-        m->setColumnaOculta(2, true);
-        m->setColumnaOculta(0, true);
+        for (const int columna : {2, 0})
+            m->setColumnaOculta(columna, true);
         m->resize(m->width() - 60, m->height());
         m->setFilaActual(1);
         QVERIFY(lleno() && m->currentIndex().column() == 1);
@@ -186,11 +186,11 @@ private Q_SLOTS:
         m->vaciar();
         QTRY_VERIFY(lleno() && !m->verticalScrollBar()->isVisible());
         m->setColumnas({{u"A"_s}, {u"B"_s, 900}});
-        m->resize(100, 200);
-        QVERIFY2(m->columnWidth(0) == 64 && m->columnWidth(1) == 60, "no narrower than planned");
-        m->setEstirarUltima(false);
-        m->resize(400, 200);
-        QCOMPARE(m->columnWidth(1), 60);
+        for (const bool estirar : {true, false}) {
+            m->setEstirarUltima(estirar);
+            m->resize(estirar ? 100 : 400, 200);
+            QVERIFY2(m->columnWidth(0) == 64 && m->columnWidth(1) == 60, "as planned");
+        }
     }
 
 private:
