@@ -20,11 +20,12 @@ private Q_SLOTS:
     {
         m_base = std::make_unique<BaseDatos>();
         nv::ranura::ofrecer(&m_base->conexion());
-        m_base->ejecutar({
-            u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS')"_s,
-            u"INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')"_s,
-            u"INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%'), (1, 2, 8, 'SUYA')"_s,
-        });
+        for (
+            const QString &sentencia :
+            {u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS')"_s,
+             u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')"_s,
+             u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%'), (1, 2, 8, 'SUYA')"_s})
+            m_base->ejecutar(u"INSERT INTO "_s + sentencia);
         m_ventana = std::make_unique<Ventana>();
         QVERIFY(m_ventana->abrir());
         m_empresa = {};

@@ -30,18 +30,16 @@ private Q_SLOTS:
     void init()
     {
         m_base = std::make_unique<BaseDatos>();
-        const QString columnas[] = {u"Codigo, Nombre"_s, u"Cod_Empresa, Codigo, Nombre"_s,
-                                    u"Cod_Empresa, Familia_1, Codigo, Nombre"_s,
-                                    u"Cod_Empresa, Familia_1, Familia_2, Codigo, Nombre"_s};
-        for (const QStringList &t :
-             tabla(u"1→Proveedores→(3, 7, 'Hilos <Cía>'), (3, 12, 'Botones'), (3, 70001, 'Cinturón y Piel'), (1, 8, "
-                   u"'No');"
-                   u"1→Almacenes→(1, 5, 'Central'), (1, 2, 'Tienda'), (2, 9, 'No');1→Familias_1→(2, 10, 'Mercería'), "
-                   u"(2, 11, 'Hogar');"
-                   u"0→Marcas→(3, NULL);0→Temporadas→('V26', 'Verano');2→Familias_2→(2, 10, 1, 'Botones'), (2, 11, 1, "
-                   u"'Sábanas'), "
-                   u"(2, 11, 2, 'Toallas');3→Familias_3→(2, 11, 2, 4, 'De baño'), (2, 10, 2, 4, 'No')"_s))
-            m_base->ejecutar(u"INSERT INTO %1 (%2) VALUES %3"_s.arg(t[1], columnas[t[0].toInt()], t[2]));
+        for (
+            const QString &sentencia :
+            {u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'Hilos <Cía>'), (3, 12, 'Botones'), (1, 8, 'No')"_s,
+             u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 70001, 'Cinturón y Piel')"_s,
+             u"Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central'), (1, 2, 'Tienda'), (2, 9, 'No')"_s,
+             u"Marcas (Codigo, Nombre) VALUES (3, NULL)"_s, u"Temporadas (Codigo, Nombre) VALUES ('V26', 'Verano')"_s,
+             u"Familias_1 (Cod_Empresa, Codigo, Nombre) VALUES (2, 10, 'Mercería'), (2, 11, 'Hogar')"_s,
+             u"Familias_2 VALUES (2, 10, 1, 'Botones'), (2, 11, 1, 'Sábanas'), (2, 11, 2, 'Toallas')"_s,
+             u"Familias_3 VALUES (2, 11, 2, 4, 'De baño'), (2, 10, 2, 4, 'No')"_s})
+            m_base->ejecutar(u"INSERT INTO "_s + sentencia);
         m_proveedor = new nvProveedor;
         m_siguiente = new nvTextBox;
         m_todos = {m_proveedor, new nvAlmacen, new nvMarca, new nvTemporada};

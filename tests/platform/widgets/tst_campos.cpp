@@ -1,4 +1,3 @@
-#include "platform/widgets/Anclaje.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Foco.h"
 #include "platform/widgets/Teclas.h"
@@ -157,26 +156,6 @@ private Q_SLOTS:
             for (const QWidget *de : {m_cajas[0], static_cast<nvTextBox *>(nullptr)})
                 QCOMPARE(nv::twips::aPixeles(twips, de), pixeles);
         QCOMPARE(nv::twips::dePixeles(-92, m_cajas[0]), -1380);
-    }
-
-    void anchored_widgets_keep_their_edges()
-    {
-        QWidget formulario;
-        formulario.resize(400, 300);
-        Anclaje anclaje(&formulario);
-        const QRect lugar(10, 40, 380, 100);
-        const std::pair<Qt::Edges, QRect> casos[] = {
-            {Qt::Edges(15), {10, 40, 480, 80}}, {Qt::RightEdge | Qt::BottomEdge, {110, 20, 380, 100}}, {{}, lugar}};
-        for (const auto &[bordes, despues] : casos) {
-            anclaje.registrar(std::make_unique<QWidget>(&formulario).get(), bordes);
-            auto *widget = new QWidget(&formulario);
-            widget->setGeometry(lugar);
-            anclaje.registrar(widget, bordes);
-        }
-        formulario.show();
-        formulario.resize(500, 280);
-        for (const qsizetype i : {0, 1, 2})
-            QCOMPARE(formulario.findChildren<QWidget *>()[i]->geometry(), casos[i].second);
     }
 
 private:
