@@ -1,7 +1,5 @@
 #include "barcodes/frmCodBarra_Datos.h"
 #include "dialogs/frmReferencias_Modificar.h"
-#include "support/BaseDatos.h"
-#include "support/EmpresaPrueba.h"
 #include "support/Ventana.h"
 
 #include <QLineEdit>
@@ -11,24 +9,18 @@ using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
 
 /// The forms that attach a supplier reference or a barcode to an item.
-class tst_Editores : public QObject
+class tst_Editores : public PruebaVentana
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_base = std::make_unique<BaseDatos>();
-        nv::ranura::ofrecer(&m_base->conexion());
-        for (
-            const QString &sentencia :
-            {u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS')"_s,
-             u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')"_s,
-             u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%'), (1, 2, 8, 'SUYA')"_s})
-            m_base->ejecutar(u"INSERT INTO "_s + sentencia);
-        m_ventana = std::make_unique<Ventana>();
-        QVERIFY(m_ventana->abrir());
-        m_empresa = {};
+        llenar(
+            u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS');"
+            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS');"
+            u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%'), (1, 2, 8, 'SUYA')"_s);
+        QVERIFY(abrir());
     }
 
     /// The last field missing is named; the company's rule comes first, when there is a reference to ask it about.
@@ -145,11 +137,6 @@ private Q_SLOTS:
             QCOMPARE(u"%1|%2|%3"_s.arg(dialogo.Articulo, dialogo.CodBarras).arg(dialogo.Unidades), c[5]);
         }
     }
-
-private:
-    std::unique_ptr<BaseDatos> m_base;
-    std::unique_ptr<Ventana> m_ventana;
-    EmpresaPrueba m_empresa;
 };
 
 NV_PRUEBA(tst_Editores)

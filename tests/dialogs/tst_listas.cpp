@@ -1,8 +1,6 @@
 #include "dialogs/frmAlternativos_Eleccion.h"
 #include "dialogs/frmPLUs.h"
 #include "dialogs/frmReferencia_Articulos.h"
-#include "support/BaseDatos.h"
-#include "support/EmpresaPrueba.h"
 #include "support/Ventana.h"
 
 #include <QLineEdit>
@@ -13,27 +11,24 @@ using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
 
 /// The lists that open when what was typed fits several items, and that of the values of an attribute.
-class tst_Listas : public QObject
+class tst_Listas : public PruebaVentana
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_base = std::make_unique<BaseDatos>();
-        nv::ranura::ofrecer(&m_base->conexion());
-        for (
-            const QString &sentencia :
-            {u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS'), (1, 1, 'AJENO')"_s,
-             u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 0, 'ACEROS')"_s,
-             u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 1, 7, 'R'), (2, 2, 0, 'R')"_s,
-             u"Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 1, 7, 'C'), (2, 2, 8, 'C')"_s,
-             u"Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (1, 1, 4, 1), (1, 2, 4, 2), (1, 2, 4, 3)"_s,
-             u"Balanzas_Dptos (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'CARNES'), (1, 2, 'QUESOS')"_s,
-             u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (0, 0, 3, 'ROJO'), (0, 0, 7, 'AZUL')"_s,
-             u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (0, 0, 12, 'CIELO, CLARO'), (0, 0, 123, 'VERDE')"_s,
-             u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (1, 0, 1, 'AJENO'), (0, 1, 1, 'AJENO')"_s})
-            m_base->ejecutar(u"INSERT INTO "_s + sentencia);
+        llenar(u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS'), (1, 1, 'AJENO');"
+               u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 0, 'ACEROS');"
+               u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 1, 7, 'R'), (2, 2, 0, 'R');"
+               u"Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 1, 7, 'C'), (2, 2, 8, 'C');"
+               u"Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (1, 1, 4, 1), (1, 2, 4, 2), (1, 2, "
+               u"4, 3);"
+               u"Balanzas_Dptos (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'CARNES'), (1, 2, 'QUESOS');"
+               u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (0, 0, 3, 'ROJO'), (0, 0, 7, 'AZUL');"
+               u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (0, 0, 12, 'CIELO, CLARO'), (0, 0, 123, "
+               u"'VERDE');"
+               u"Alternativos_Valores (Tabla, Alternativo, id, Valor) VALUES (1, 0, 1, 'AJENO'), (0, 1, 1, 'AJENO')"_s);
     }
 
     void references_show_the_supplier_and_plus_the_department()
@@ -171,9 +166,6 @@ private:
         lineas.sort();
         return conductor.terminado() ? lineas.join(u' ') : u"not driven"_s;
     }
-
-    std::unique_ptr<BaseDatos> m_base;
-    EmpresaPrueba m_empresa;
 };
 
 NV_PRUEBA(tst_Listas)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "support/BaseDatos.h"
 #include "support/Conductor.h"
+#include "support/EmpresaPrueba.h"
 #include "support/Programa.h"
 
 #include <QClipboard>
@@ -31,6 +33,30 @@ public:
         activateWindow();
         return QTest::qWaitForWindowActive(this);
     }
+};
+
+/// A test of what is on the screen: what stands behind it, and its window.
+class PruebaVentana : public QObject
+{
+protected:
+    bool abrir(const QWidgetList &campos = {})
+    {
+        m_ventana = std::make_unique<Ventana>(campos);
+        return m_ventana->abrir();
+    }
+    /// The catalogue of the process, empty but for these rows: "Marcas (Codigo) VALUES (3);…".
+    void llenar(const QString &filas)
+    {
+        m_base = std::make_unique<BaseDatos>();
+        ranura::ofrecer(&m_base->conexion());
+        for (const QString &fila : filas.split(QChar(u';')))
+            m_base->ejecutar(QStringLiteral("INSERT INTO ") + fila);
+        m_empresa = {};
+    }
+
+    std::unique_ptr<BaseDatos> m_base;
+    EmpresaPrueba m_empresa;
+    std::unique_ptr<Ventana> m_ventana;
 };
 
 /// Keys by their names: "Down Num+Enter Ctrl+V". Each goes to whoever has the focus by then.

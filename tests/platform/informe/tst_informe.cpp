@@ -1,6 +1,5 @@
 #include "nvArticulo/Error.h"
 #include "platform/informe/Destino.h"
-#include "support/BaseDatos.h"
 #include "support/Ventana.h"
 
 #include <QBuffer>

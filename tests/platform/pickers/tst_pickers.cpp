@@ -8,8 +8,6 @@
 #include "platform/pickers/nvTemporada.h"
 #include "platform/widgets/Rejilla.h"
 #include "platform/widgets/nvTextBox.h"
-#include "support/BaseDatos.h"
-#include "support/EmpresaPrueba.h"
 #include "support/Ventana.h"
 
 #include <QLabel>
@@ -19,37 +17,30 @@
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
-using nv::ListaCodigos;
 using nv::SelectorCodigo;
 
-class tst_pickers : public QObject
+class tst_pickers : public PruebaVentana
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init()
     {
-        m_base = std::make_unique<BaseDatos>();
-        for (
-            const QString &sentencia :
-            {u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'Hilos <Cía>'), (3, 12, 'Botones'), (1, 8, 'No')"_s,
-             u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 70001, 'Cinturón y Piel')"_s,
-             u"Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central'), (1, 2, 'Tienda'), (2, 9, 'No')"_s,
-             u"Marcas (Codigo, Nombre) VALUES (3, NULL)"_s, u"Temporadas (Codigo, Nombre) VALUES ('V26', 'Verano')"_s,
-             u"Familias_1 (Cod_Empresa, Codigo, Nombre) VALUES (2, 10, 'Mercería'), (2, 11, 'Hogar')"_s,
-             u"Familias_2 VALUES (2, 10, 1, 'Botones'), (2, 11, 1, 'Sábanas'), (2, 11, 2, 'Toallas')"_s,
-             u"Familias_3 VALUES (2, 11, 2, 4, 'De baño'), (2, 10, 2, 4, 'No')"_s})
-            m_base->ejecutar(u"INSERT INTO "_s + sentencia);
+        llenar(
+            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'Hilos <Cía>'), (3, 12, 'Botones'), (1, 8, 'No');"
+            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 70001, 'Cinturón y Piel');Marcas (Codigo) VALUES "
+            u"(3);"
+            u"Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central'), (1, 2, 'Tienda'), (2, 9, 'No');"
+            u"Temporadas (Codigo, Nombre) VALUES ('V26', 'Verano');Familias_1 VALUES (2, 10, 'Mercería'), (2, 11, "
+            u"'Hogar');"
+            u"Familias_2 VALUES (2, 10, 1, 'Botones'), (2, 11, 1, 'Sábanas'), (2, 11, 2, 'Toallas');"
+            u"Familias_3 VALUES (2, 11, 2, 4, 'De baño'), (2, 10, 2, 4, 'No')"_s);
         m_proveedor = new nvProveedor;
         m_siguiente = new nvTextBox;
         m_todos = {m_proveedor, new nvAlmacen, new nvMarca, new nvTemporada};
-        m_ventana =
-            std::make_unique<Ventana>(QWidgetList{m_proveedor, m_siguiente, m_todos[1], m_todos[2], m_todos[3]});
-        for (SelectorCodigo *selector : m_todos) {
-            selector->setConexion(&m_base->conexion());
+        for (SelectorCodigo *selector : m_todos)
             selector->setcEmpresa(&m_empresa);
-        }
-        QVERIFY(m_ventana->abrir());
+        QVERIFY(abrir({m_proveedor, m_siguiente, m_todos[1], m_todos[2], m_todos[3]}));
         m_proveedor->setFocus();
     }
 
@@ -62,7 +53,7 @@ private Q_SLOTS:
                  u"0→70001→70001→70001→s→Cinturón y Piel;0→99999999999→0→2147483648→n→No existe;"
                  u"0→-7→-7→2147483648→n→No existe;0→x7→0→2147483648→n→No existe;1→5→5→5→s→Central;1→9→9→9→n→No existe;"
                  u"2→3→3→3→s→;3→v26 →0→2147483648→s→Verano;3→V'26--→0→2147483648→n→No existe"_s)) {
-            SelectorCodigo &s = *m_todos[c[0].toUInt()];
+            SelectorCodigo &s = *m_todos[c[0].toInt()];
             s.setTexto(c[1]);
             QVERIFY(s.Codigo() == c[2].toInt() && s.CodigoBuscado() == c[3].toLongLong());
             QVERIFY(s.Cargar() == (c[4] == u"s") && s.Existe() == (c[4] == u"s"));
@@ -71,52 +62,51 @@ private Q_SLOTS:
         m_proveedor->setCodigo(0);
         QVERIFY(m_proveedor->Texto().isEmpty() && m_proveedor->caja()->alignment().testFlag(Qt::AlignRight));
         m_proveedor->setCodigo(7);
-        auto *nombre = m_proveedor->findChild<QLabel *>(u"nombre"_s);
         QVERIFY(m_proveedor->Cargar());
+        auto *nombre = m_proveedor->findChild<QLabel *>(u"nombre"_s);
         const int justo = nombre->fontMetrics().horizontalAdvance(nombre->text());
         nombre->resize(justo, 20);
         QVERIFY(ayuda(nombre, {3, 3}).isEmpty());
-        const QImage entero = nombre->grab().toImage();
         nombre->resize(justo - 9, 20);
         QCOMPARE(ayuda(nombre, {3, 3}), u"<p>Hilos &lt;Cía&gt;</p>"_s);
-        QVERIFY2(nombre->grab().toImage() != entero.copy(0, 0, justo - 9, 20), "it ends in an ellipsis");
     }
 
     void families_know_only_the_children_of_the_levels_above()
     {
         QWidget panel;
         nv::CascadaFamilias familias(&panel);
+        const auto [uno, dos, tres] = std::tuple{familias.selector(0), familias.selector(1), familias.selector(2)};
         QString sucesos;
         connect(&familias, &nv::CascadaFamilias::Cambio, this, [&](int nivel) { sucesos += QString::number(nivel); });
         connect(&familias, &nv::CascadaFamilias::Fin, this, [&] { sucesos += u"fin"_s; });
-        m_empresa.familias[1] = QString();
         familias.conectar(&m_empresa, &m_base->conexion());
-        familias.nombrarNiveles(m_empresa);
         panel.show();
         const auto nombres = [&](std::array<int, 3> codigos) {
             familias.poner(codigos);
             familias.Cargar();
-            return familias.selector(0)->Nombre() + u'|' + familias.selector(1)->Nombre() + u'|' +
-                   familias.selector(2)->Nombre();
+            return uno->Nombre() + u'|' + dos->Nombre() + u'|' + tres->Nombre();
         };
         QCOMPARE(nombres({10, 1, 0}), u"Mercería|Botones|"_s);
         QCOMPARE(nombres({11, 1, 4}), u"Hogar|Sábanas|"_s);
         QCOMPARE(nombres({11, 2, 4}), u"Hogar|Toallas|De baño"_s);
+        tres->setCodigoPadre2(1);
+        QVERIFY(!tres->Existe());
         sucesos.clear();
-        familias.selector(1)->setCodigo(1);
+        dos->setCodigo(1);
         QVERIFY(familias.codigos() == (std::array{11, 1, 0}) && sucesos == u"2");
-        familias.selector(0)->setTexto(u"40000"_s);
+        uno->setTexto(u"40000"_s);
         QVERIFY(familias.buscados() == (std::array<qint64, 3>{40000, 0, 0}) && sucesos == u"21");
-        QVERIFY(familias.usado(0) && !familias.usado(1) && familias.selector(1)->isHidden());
-        QVERIFY(familias.etiqueta(2)->isVisible() && familias.etiqueta(2)->text() == u"Linea:");
-        for (const std::size_t nivel : {0U, 2U}) {
-            familias.selector(nivel)->Limpiar();
-            QTest::keyClick(familias.selector(nivel)->caja(), Qt::Key_Return);
+        uno->Limpiar();
+        for (const bool todos : {true, false}) {
+            m_empresa.familias[1] = todos ? u"Sub"_s : QString();
+            familias.nombrarNiveles(m_empresa);
+            QTest::keyClick(uno->caja(), Qt::Key_Return);
+            QVERIFY(panel.focusWidget() == (todos ? dos : tres)->caja() && dos->isVisible() == todos);
         }
-        QVERIFY(panel.focusWidget() == familias.selector(2)->caja() && sucesos == u"211fin");
+        QTest::keyClick(tres->caja(), Qt::Key_Return);
+        QVERIFY(sucesos == u"211fin" && !familias.usado(1) && familias.etiqueta(2)->text() == u"Linea:");
         familias.fijar({11, -1, 0});
-        QVERIFY(familias.fijas() && !familias.selector(0)->isEnabled() && familias.codigos() == (std::array{11, 0, 0}));
-        m_empresa = {};
+        QVERIFY(familias.fijas() && !uno->isEnabled() && familias.codigos() == (std::array{11, 0, 0}));
     }
 
     void enter_and_leaving_load_tell_and_move_on()
@@ -128,18 +118,16 @@ private Q_SLOTS:
             tratada = m_proveedor->Codigo() == 7;
         });
         connect(m_proveedor, &SelectorCodigo::Salida, this, [&] { sucesos += u"salida "_s; });
-        encolarLectura(m_ventana.get(), u"12"_s);
-        encolarLectura(m_ventana.get(), u"x"_s);
+        for (const QString &lectura : {u"12"_s, u"x"_s})
+            encolarLectura(m_ventana.get(), lectura);
         QCoreApplication::processEvents();
-        QCOMPARE(sucesos, u"cambio cambio Botones salida "_s);
-        QCOMPARE(m_siguiente->text(), u"x"_s);
-        m_proveedor->setFocus();
-        m_proveedor->setCodigo(7);
-        pulsar(m_ventana.get(), u"Return"_s);
-        QVERIFY(m_proveedor->caja()->hasFocus() && m_proveedor->Existe());
-        m_proveedor->setCodigo(12);
-        pulsar(m_ventana.get(), u"Tab"_s);
-        QVERIFY(m_siguiente->hasFocus() && m_proveedor->Existe());
+        QVERIFY(sucesos == u"cambio cambio Botones salida " && m_siguiente->text() == u"x");
+        for (const auto &[codigo, tecla] : {std::pair{7, u"Return"_s}, {12, u"Tab"_s}}) {
+            m_proveedor->setFocus();
+            m_proveedor->setCodigo(codigo);
+            pulsar(m_ventana.get(), tecla);
+            QVERIFY(m_proveedor->caja()->hasFocus() == (codigo == 7) && m_proveedor->Existe());
+        }
         m_proveedor->setcEmpresa(nullptr); // one message, and the focus stays
         m_proveedor->setFocus();
         m_proveedor->setCodigo(70001);
@@ -152,7 +140,7 @@ private Q_SLOTS:
         }
         pulsar(m_ventana.get(), u"Tab"_s);
         QVERIFY(m_siguiente->hasFocus() && conductor.cajas().size() == 2 && sucesos == u"salida ");
-        QCOMPARE(conductor.cajas().front().titulo, u"Proveedores"_s);
+        QVERIFY(conductor.cajas()[0].titulo == u"Proveedores" && conductor.cajas()[1].titulo == u"Proveedores");
     }
 
     void list_narrows_and_takes()
@@ -161,17 +149,16 @@ private Q_SLOTS:
         connect(&ajeno, &QShortcut::activated, this, [] { QFAIL("somebody else's F3"); });
         // Typed into the box, and then into the grid; keys; what is in the box then.
         for (const QStringList &c :
-             tabla(u"→→PgUp Return→12Botones;→→PgUp Down Return→70001Cinturón y Piel;→→Return→7Hilos <Cía>;"
-                   u"→→Esc→7Hilos <Cía>;nadie→→Return Esc→7Hilos <Cía>;PIEL→→Return→70001Cinturón y Piel;"
-                   u"CINTURÓN →y→Return→70001Cinturón y Piel"_s)) {
+             tabla(u"→→Up Up Return→12Botones;→→PgUp Down Return→70001Cinturón y Piel;→→Return→7Hilos <Cía>;"
+                   u"→→Esc→7Hilos <Cía>;nadie→→Return Ctrl+A Del PgUp Return→12Botones;"
+                   u"PIEL→→Return→70001Cinturón y Piel;CI→n→Return→70001Cinturón y Piel"_s)) {
             Conductor conductor;
-            conductor.con<ListaCodigos>([&](ListaCodigos &lista) {
+            conductor.con<nv::ListaCodigos>([&](nv::ListaCodigos &lista) {
                 auto *rejilla = lista.findChild<nv::Rejilla *>(u"vsLista"_s);
                 QVERIFY(rejilla->filasDatos() == 3 && rejilla->texto(1, 1) == u"Botones" && rejilla->filaActual() == 3);
                 teclear(lista.focusWidget(), c[0]);
-                if (!c[1].isEmpty())
-                    rejilla->setFocus();
-                teclear(lista.focusWidget(), c[1]);
+                pulsar(&lista, u"Home"_s);
+                teclear(c[1].isEmpty() ? lista.focusWidget() : rejilla, c[1]);
                 pulsar(&lista, c[2]);
             });
             m_proveedor->setCodigo(7);
@@ -190,11 +177,10 @@ private Q_SLOTS:
         QSignalSpy cambios(&almacenes, &nvAlmacenCons::Cambio);
         QVERIFY(falla([&] { almacenes.Cargar(); }));
         almacenes.setcEmpresa(&m_empresa);
-        almacenes.setConexion(&m_base->conexion());
         almacenes.Cargar();
-        QVERIFY(almacenes.Almacenes().empty() && cambios.isEmpty());
         auto *lista = almacenes.findChild<QListWidget *>();
         QCOMPARE(lista->item(0)->text() + lista->item(1)->text(), u"2 - Tienda5 - Central"_s);
+        QVERIFY(almacenes.Almacenes().empty() && cambios.isEmpty());
         almacenes.findChild<QPushButton *>(u"cmdTodos"_s)->click();
         QCOMPARE(almacenes.Almacenes(), (std::vector<qint16>{2, 5}));
         almacenes.setAlmacenes({5, 8});
@@ -205,10 +191,7 @@ private Q_SLOTS:
     }
 
 private:
-    EmpresaPrueba m_empresa;
-    std::unique_ptr<BaseDatos> m_base;
-    std::unique_ptr<Ventana> m_ventana;
-    std::array<SelectorCodigo *, 4> m_todos = {};
+    QList<SelectorCodigo *> m_todos;
     nvProveedor *m_proveedor = nullptr;
     nvTextBox *m_siguiente = nullptr;
 };

@@ -4,7 +4,6 @@
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
-#include "support/BaseDatos.h"
 #include "support/Ventana.h"
 
 #include <QMenu>
@@ -13,7 +12,7 @@ using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
 
 /// Text and check boxes, and how the focus goes from one to the next.
-class tst_campos : public QObject
+class tst_campos : public PruebaVentana
 {
     Q_OBJECT
 
@@ -22,9 +21,8 @@ private Q_SLOTS:
     {
         for (nvTextBox *&caja : m_cajas)
             caja = new nvTextBox;
-        m_ventana = std::make_unique<Ventana>(QWidgetList{m_cajas[0], m_cajas[1], m_cajas[2]});
+        QVERIFY(abrir({m_cajas[0], m_cajas[1], m_cajas[2]}));
         nv::tabular({m_cajas[0], m_cajas[2], m_cajas[1]}); // not the order of creation
-        QVERIFY(m_ventana->abrir());
         m_cajas[0]->setFocus();
     }
 
@@ -55,16 +53,15 @@ private Q_SLOTS:
         campos[3]->setEnabled(false);
         campos[4]->setFocusPolicy(Qt::ClickFocus);
         QWidget *antes = campos[0], *despues = campos[5];
-        using Caso = std::array<QWidget *, 3>;
-        const Caso casos[] = {{despues, antes, interior},
-                              {antes, interior, despues},
-                              {antes, compuesto, despues},
-                              {interior, despues, antes}};
+        QWidget *const casos[][3] = {{despues, antes, interior},
+                                     {antes, interior, despues},
+                                     {antes, compuesto, despues},
+                                     {interior, despues, antes}};
         // Not shown at first: the window's own focus widget counts.
         for (const bool abierta : {false, true}) {
             QVERIFY(!abierta || ventana.abrir());
             for (QWidget *con : {antes, static_cast<QWidget *>(interior), despues})
-                for (const auto &[anterior, desde, siguiente] : casos)
+                for (const auto [anterior, desde, siguiente] : casos)
                     for (const bool adelante : {true, false}) {
                         con->setFocus();
                         (adelante ? nv::foco::adelante : nv::foco::atras)(desde);
@@ -128,8 +125,8 @@ private Q_SLOTS:
         nvCheckBox casilla;
         casilla.show();
         // Read-only, value put, a click, a blank, value then.
-        const int casos[][5] = {{0, 2, 0, 0, 2}, {0, 2, 1, 0, 0},  {0, 2, 0, 1, 0}, {0, 2, 1, 1, 1},
-                                {0, 1, 0, 1, 0}, {0, -1, 0, 0, 0}, {1, 2, 1, 1, 2}, {1, 1, 1, 1, 1}};
+        const int casos[][5] = {{0, 2, 0, 0, 2},  {0, 2, 1, 0, 0}, {0, 2, 1, 1, 1},
+                                {0, -1, 0, 1, 0}, {1, 2, 1, 1, 2}, {1, 1, 1, 1, 1}};
         for (const auto &[fija, puesto, clic, blanco, queda] : casos) {
             casilla.setSoloLectura(fija == 1);
             casilla.setValue(puesto);
@@ -153,13 +150,11 @@ private Q_SLOTS:
         QVERIFY(estado(Qt::ShiftModifier | Qt::AltModifier) == 5 && estado(Qt::ControlModifier) == 2);
         QVERIFY(boton(Qt::LeftButton | Qt::MiddleButton) == 5 && boton(Qt::RightButton) == 2);
         for (const auto &[twips, pixeles] : {std::pair{7, 0}, {8, 1}, {-7, 0}, {-8, -1}, {1380, 92}, {-930, -62}})
-            for (const QWidget *de : {m_cajas[0], static_cast<nvTextBox *>(nullptr)})
-                QCOMPARE(nv::twips::aPixeles(twips, de), pixeles);
+            QCOMPARE(nv::twips::aPixeles(twips, twips < 0 ? nullptr : m_cajas[0]), pixeles);
         QCOMPARE(nv::twips::dePixeles(-92, m_cajas[0]), -1380);
     }
 
 private:
-    std::unique_ptr<Ventana> m_ventana;
     nvTextBox *m_cajas[3] = {};
 };
 
