@@ -30,7 +30,7 @@ private Q_SLOTS:
         for (const QStringList &c :
              tabla(u"1→7→R-1→4→→→;1→7→→4→Aceptar→la referencia→txtReferencia;1→7→  →4→Aceptar→la "
                    u"referencia→txtReferencia;"
-                   u"→7→→4→Aceptar→el código→txtArticulo;→0→→4→Aceptar→el proveedor→txtProv;1→9→R→4→Aceptar→El "
+                   u"→7→→4→Aceptar→el código→txtArticulo;→0→AB1_[2]%→4→Aceptar→el proveedor→txtProv;1→9→R→4→Aceptar→El "
                    u"proveedor especificado no existe.→txtProv;"
                    u"99→7→R→4→Aceptar→el código→txtArticulo;1→7→ab1_[2]%→2→Aceptar→NO SE PERMITE→txtReferencia;"
                    u"1→7→A.B/1 _[2]%→4→Aceptar→NO SE PERMITE→txtReferencia;1→7→AB1_[2]%→1→No→¿Desea "
