@@ -16,17 +16,17 @@ class tst_Editores : public PruebaVentana
 private Q_SLOTS:
     void init()
     {
-        llenar(
-            u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS');"
-            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS');"
-            u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%'), (1, 2, 8, 'SUYA')"_s);
+        llenar(u"Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 1, 'UNO'), (2, 2, 'DOS');"
+               u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS');"
+               u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 2, 8, 'AB-1_[2]%');"
+               u"Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (1, 2, 8, 'SUYA')"_s);
         QVERIFY(abrir());
     }
 
     /// The last field missing is named; the company's rule comes first, when there is a reference to ask it about.
     void reference_is_accepted_or_what_is_missing_is_said()
     {
-        // Item, supplier, reference, the rule's number, the answers; what is said (its last words), where the focus goes.
+        // Item, supplier, reference, the rule's number, the answer to it; what is said, where the focus goes.
         for (const QStringList &c :
              tabla(u"1→7→R-1→4→→→;1→7→→4→Aceptar→la referencia→txtReferencia;1→7→  →4→Aceptar→la "
                    u"referencia→txtReferencia;"
@@ -103,11 +103,11 @@ private Q_SLOTS:
     void barcode_is_confirmed()
     {
         // Item and barcode that come in; barcode and units typed; what is said; what goes out.
-        for (
-            const QStringList &c : tabla(
-                u"1→84→84→→→1|84|1;1→84→85→6→→1|85|6;1→84→84→0→→1|84|1;1→84→84→32767→→1|84|32767;1→84→84→1→→1|84|1;"
-                u"1→84→84→32768→Las unidades no pueden pasar de 32767.→1|84|1;"
-                u"1→84→→2→Debe especificar datos validos.→1|84|1;1→→84→2→Debe especificar datos validos.→1||1;→84→84→-3→→|84|3"_s)) {
+        for (const QStringList &c :
+             tabla(u"1→84→84→→→1|84|1;1→84→85→6→→1|85|6;1→84→84→0→→1|84|1;1→84→84→32767→→1|84|32767;1→84→84→1→→1|84|1;"
+                   u"1→84→84→32768→Las unidades no pueden pasar de 32767.→1|84|1;"
+                   u"1→84→→2→Debe especificar datos validos.→1|84|1;"
+                   u"1→→84→2→Debe especificar datos validos.→1||1;→84→84→-3→→|84|3"_s)) {
             frmCodBarra_Datos dialogo(m_ventana.get());
             dialogo.cEmpresa = &m_empresa;
             dialogo.Articulo = c[0];
@@ -118,6 +118,8 @@ private Q_SLOTS:
                 QVERIFY(f.findChild<QWidget *>(u"txtArticulo"_s)->isAncestorOf(f.focusWidget()));
                 auto *barras = f.findChild<QLineEdit *>(u"txtCB"_s);
                 QCOMPARE(barras->text(), c[1]);
+                const QString nombre = f.findChild<QWidget *>(u"txtArticulo"_s)->property("Nombre").toString();
+                QCOMPARE(nombre.contains(u"UNO"), c[0] == u"1");
                 barras->setText(c[2]);
                 auto *unidades = f.findChild<QLineEdit *>(u"txtUnidades"_s);
                 QVERIFY(unidades->alignment().testFlag(Qt::AlignRight));

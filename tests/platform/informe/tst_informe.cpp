@@ -1,9 +1,7 @@
-#include "nvArticulo/Error.h"
 #include "platform/informe/Destino.h"
 #include "support/Ventana.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPdfWriter>
@@ -16,33 +14,31 @@ using namespace nv::pruebas;
 class tst_Informe : public QObject
 {
     Q_OBJECT
-    const QString Fichero = u"\\Rpt\\Articulos Busqueda 2.rpt"_s;
+    const QString Fichero = u"\\Articulos Busqueda 2.rpt"_s;
 
 private Q_SLOTS:
     void template_writes_parameters_rows_and_page_numbers()
     {
-        const nv::Plantilla plantilla(
-            u"<!--primera--><h1>{{1}}</h1><!--/primera-->T{{2}}{{x}}<!--fila-->[{{Codigo}} {{Descripcion}} "
+        const nv::Plantilla hoja(
+            u"<!--primera-->H{{1}}<!--/primera-->T{{2}}{{x}}<!--fila-->[{{Codigo}} {{Descripcion}} "
             u"{{Pvp1_Num:6}}{{9}}]<!--/fila-->.{{<!--pie-->{{pagina}}/{{paginas}}{{2}}<!--/pie-->"_s);
-        const nv::Plantilla::Parametros parametros{{0, u"no"_s}, {1, u"A & B"_s}, {2, u"4"_s}, {6, u"3"_s}};
+        const nv::Plantilla::Parametros con{{0, u"no"_s}, {1, u"A & B"_s}, {2, u"4"_s}, {6, u"3"_s}};
         nv::DatosInforme datos = filas(3, u"<{{1}}"_s);
         datos.filas[2] = {u"3"_s, u"x"_s}; // an empty amount stays so
-        QCOMPARE(plantilla.pagina(parametros, datos, 0, 1, true), u"<h1>A &amp; B</h1>T4[7 &lt;{{1}} 10,500].{{"_s);
-        QCOMPARE(plantilla.pagina(parametros, datos, 1, 2, false), u"T4[7 &lt;{{1}} 10,500][3 x ].{{"_s);
-        QCOMPARE(plantilla.pie(parametros, 2, 7), u"2/74"_s);
+        QCOMPARE(hoja.pagina(con, datos, 0, 1, true), u"HA &amp; BT4[7 &lt;{{1}} 10,500].{{"_s);
+        QCOMPARE(hoja.pagina(con, datos, 1, 2, false) + hoja.pie(con, 2, 7), u"T4[7 &lt;{{1}} 10,500][3 x ].{{2/74"_s);
     }
 
     void report_directory_overrides_the_built_in_layout()
     {
         const QTemporaryDir carpeta;
         QVERIFY2(paginas(carpeta.path(), 300) > 3, "no such file: the layout of the program");
-        QDir(carpeta.path()).mkdir(u"Rpt"_s);
         for (const char *texto : {"nada", "<!--fila-->{{Codigo}}", "<!--fila-->{{Codigo}} <!--/fila-->"}) {
-            QFile plantilla(carpeta.filePath(u"Rpt/Articulos Busqueda 2.rpt"_s));
+            QFile plantilla(carpeta.filePath(u"Articulos Busqueda 2.rpt"_s));
             QVERIFY(plantilla.open(QIODevice::WriteOnly) && plantilla.write(texto) > 0 && plantilla.flush());
             QCOMPARE(falla([&] { QCOMPARE(paginas(carpeta.path(), 300), 1); }), plantilla.size() < 30);
         }
-        QVERIFY(falla([] { nv::Informe({}, u"\\Rpt\\Otro.rpt"_s); }));
+        QVERIFY(falla([] { nv::Informe({}, u"\\Otro.rpt"_s); }));
     }
 
     void every_row_finds_its_page()

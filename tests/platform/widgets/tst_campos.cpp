@@ -74,7 +74,7 @@ private Q_SLOTS:
     {
         const QKeySequence mandos[] = {Qt::Key_Left, Qt::Key_Home, Qt::Key_Backspace, QKeySequence::Undo,
                                        QKeySequence::Paste};
-        // M capitals, a digit decimals, U without sign; the text before; keys; what "=" pastes; the text after, "|" its caret.
+        // M capitals, a digit decimals, U no sign; the text; keys; what "=" pastes; the text then, "|" its caret.
         for (const QStringList &c :
              tabla(u"M→puesto→ñß→→puestoÑß|;M→puesto→^=→straße→STRAßE|puesto;M→A→bc~→→A|;P→A→z.,→→Az.,|;"
                    u"0→→1a2.,b3→→123|;0→→-1-2+→→-12|;U→→-+1.2→→12|;2→→+1.2,345→→+1,23|;"

@@ -179,6 +179,8 @@ private Q_SLOTS:
         m->vaciar();
         QTRY_VERIFY(lleno() && !m->verticalScrollBar()->isVisible());
         m->setColumnas({{u"A"_s}, {u"B"_s, 900}});
+        for (const bool oculta : {true, false})
+            m->setColumnaOculta(1, oculta);
         for (const bool estirar : {true, false}) {
             m->setEstirarUltima(estirar);
             m->resize(estirar ? 100 : 400, 200);
