@@ -1,272 +1,187 @@
-#include "nvArticulo/Conexion.h"
-#include "nvArticulo/Error.h"
-#include "nvArticulo/Motores.h"
-#include "nvArticulo/cEmpresa.h"
+#include "platform/pickers/CascadaFamilias.h"
 #include "platform/pickers/ListaCodigos.h"
 #include "platform/pickers/nvAlmacen.h"
+#include "platform/pickers/nvAlmacenCons.h"
 #include "platform/pickers/nvFamilia.h"
 #include "platform/pickers/nvMarca.h"
 #include "platform/pickers/nvProveedor.h"
 #include "platform/pickers/nvTemporada.h"
 #include "platform/widgets/nvTextBox.h"
-#include "support/Conductor.h"
-#include "support/Programa.h"
+#include "support/Ventana.h"
 
 #include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
 #include <QShortcut>
-#include <QSignalSpy>
-#include <QTest>
-#include <QVBoxLayout>
-#include <memory>
 
 using namespace Qt::StringLiterals;
-using nv::pruebas::Conductor;
+using namespace nv::pruebas;
+using nv::SelectorCodigo;
 
-namespace {
-
-/// Four codes that differ, so that no picker reads another's company.
-class Empresa : public cEmpresa
-{
-public:
-    qint16 Codigo() const override { return 1; }
-    qint16 CodigoArticulos() const override { return 2; }
-    qint16 CodigoProveedores() const override { return 3; }
-    qint16 CodigoClientes() const override { return 4; }
-    QString NombreFamilia(int nivel) const override { return nivel == 1 ? u"SubFamilia"_s : QString(); }
-    QString NombreCualidad(int) const override { return {}; }
-    QString NombreAlternativo1() const override { return {}; }
-    bool OrdenCualidades() const override { return false; }
-    int DecimalesPvp() const override { return 2; }
-    QString DirectorioInformes() const override { return {}; }
-    nv::Moneda PorcentajeImpuesto(qint16) const override { return {}; }
-    nv::Moneda PorcentajeImpuesto2(qint16) const override { return {}; }
-    QString Valor(const QString &) const override { return {}; }
-};
-
-} // namespace
-
-class tst_pickers : public QObject
+class tst_pickers : public PruebaVentana
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_conexion = nv::datos::abrirEmbebida(u":memory:"_s);
-        for (
-            const QString &sentencia : {
-                u"INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'Hilaturas del Sur & <Cía>')"_s,
-                u"INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 12, 'Botones Ibéricos')"_s,
-                u"INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 70001, 'Cinturón y Piel')"_s,
-                u"INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (1, 8, 'De otra empresa')"_s,
-                u"INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central')"_s,
-                u"INSERT INTO Marcas (Codigo, Nombre) VALUES (3, NULL)"_s,
-                u"INSERT INTO Temporadas (Codigo, Nombre) VALUES ('V26', 'Verano 2026')"_s,
-                u"INSERT INTO Familias_1 (Cod_Empresa, Codigo, Nombre) VALUES (2, 10, 'Mercería')"_s,
-                u"INSERT INTO Familias_2 (Cod_Empresa, Familia_1, Codigo, Nombre) VALUES (2, 10, 1, 'Botones')"_s,
-                u"INSERT INTO Familias_2 (Cod_Empresa, Familia_1, Codigo, Nombre) VALUES (2, 11, 1, 'Sábanas')"_s,
-                u"INSERT INTO Familias_2 (Cod_Empresa, Familia_1, Codigo, Nombre) VALUES (2, 11, 2, 'Toallas')"_s,
-                u"INSERT INTO Familias_3 (Cod_Empresa, Familia_1, Familia_2, Codigo, Nombre) VALUES (2, 11, 2, 4, 'De baño')"_s,
-                u"INSERT INTO Familias_3 (Cod_Empresa, Familia_1, Familia_2, Codigo, Nombre) VALUES (2, 10, 2, 4, 'No')"_s,
-            })
-            m_conexion->Ejecutar(nv::Sentencia::deConsola(sentencia));
-    }
-
     void init()
     {
-        m_ventana = std::make_unique<QWidget>();
-        auto *columna = new QVBoxLayout(m_ventana.get());
-        m_proveedor = nuevo<nvProveedor>(columna);
-        m_siguiente = new nvTextBox;
-        columna->addWidget(m_siguiente);
-        m_ventana->show();
-        m_ventana->activateWindow(); // without a window manager nobody else does
-        QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
+        llenar(
+            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'Hilos <Cía>'), (3, 12, 'Botones'), (1, 8, 'No');"
+            u"Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 70001, 'Cinturón y Piel');Marcas (Codigo) VALUES "
+            u"(3);"
+            u"Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central'), (1, 2, 'Tienda'), (2, 9, 'No');"
+            u"Temporadas (Codigo, Nombre) VALUES ('V26', 'Verano');Familias_1 VALUES (2, 10, 'Mercería'), "
+            u"(2, 11, 'Hogar');"
+            u"Familias_2 VALUES (2, 10, 1, 'Botones'), (2, 11, 1, 'Sábanas'), (2, 11, 2, 'Toallas');"
+            u"Familias_3 VALUES (2, 11, 2, 4, 'De baño'), (2, 10, 2, 4, 'No')"_s);
+        m_todos = {m_proveedor = new nvProveedor, new nvAlmacen, new nvMarca, new nvTemporada};
+        for (SelectorCodigo *selector : m_todos)
+            selector->setcEmpresa(&m_empresa);
+        QVERIFY(abrir({m_proveedor, m_siguiente = new nvTextBox, m_todos[1], m_todos[2], m_todos[3]}));
         m_proveedor->setFocus();
     }
 
-    void each_picker_reads_its_own_table_and_company()
+    void codes_are_looked_up_in_their_own_table_and_company()
     {
-        nvAlmacen almacen;
-        nvMarca marca;
-        nvTemporada temporada;
-        for (nv::SelectorCodigo *s : std::initializer_list<nv::SelectorCodigo *>{&almacen, &marca, &temporada}) {
-            s->setConexion(m_conexion.get());
-            s->setcEmpresa(&m_empresa);
+        // Which (supplier, warehouse, brand, season), text, code, criterion of a search, whether it exists, its name.
+        for (
+            const QStringList &c : tabla(
+                u"0→0012→12→12→s→Botones;0→8→8→8→n→No existe;0→→0→0→n→;0→0→0→0→n→;"
+                u"0→70001→70001→70001→s→Cinturón y Piel;0→99999999999→0→2147483648→n→No existe;"
+                u"0→-7→-7→2147483648→n→No existe;0→x7→0→2147483648→n→No existe;1→5→5→5→s→Central;1→9→9→9→n→No existe;"
+                u"2→3→3→3→s→;3→v26 →0→2147483648→s→Verano;3→V'26--→0→2147483648→n→No existe;0→ 7 →7→7→s→Hilos <Cía>"_s)) {
+            SelectorCodigo &s = *m_todos[c[0].toInt()];
+            c[1].isEmpty() ? s.setCodigo(0) : s.setTexto(c[1]);
+            QVERIFY(s.Codigo() == c[2].toInt() && s.CodigoBuscado() == c[3].toLongLong());
+            QVERIFY(s.Cargar() == (c[4] == u"s") && s.Existe() == (c[4] == u"s"));
+            const auto *nombre = s.findChild<QLabel *>(u"nombre"_s);
+            QCOMPARE(s.Texto() + nombre->text() + s.Nombre(), c[1].trimmed() + c[5] + (s.Existe() ? c[5] : QString()));
+            QVERIFY(c[5].isEmpty() || (nombre->palette().color(QPalette::WindowText).red() > 99) != s.Existe());
         }
-        almacen.setCodigo(5);
-        QVERIFY(almacen.Cargar());
-        QCOMPARE(almacen.Nombre(), u"Central"_s);
-        marca.setCodigo(3);
-        QVERIFY(marca.Cargar());
-        QCOMPARE(marca.Nombre(), QString());
-        temporada.setTexto(u"v26 "_s);
-        QVERIFY(temporada.Cargar());
-        QCOMPARE(temporada.Nombre(), u"Verano 2026"_s);
-        temporada.setTexto(u"V'; DROP TABLE Temporadas--"_s);
-        QVERIFY(!temporada.Cargar());
-        temporada.setTexto(u"V26"_s);
-        QVERIFY(temporada.Cargar());
-        m_proveedor->setCodigo(8);
-        QVERIFY(!m_proveedor->Cargar());
-    }
-
-    void codes_data()
-    {
-        QTest::addColumn<QString>("texto");
-        QTest::addColumn<int>("codigo");
-        QTest::addColumn<bool>("existe");
-        QTest::addColumn<QString>("visible");
-        QTest::newRow("known") << u" 7 "_s << 7 << true << u"Hilaturas del Sur & <Cía>"_s;
-        QTest::newRow("leading zeros") << u"0012"_s << 12 << true << u"Botones Ibéricos"_s;
-        QTest::newRow("unknown") << u"99"_s << 99 << false << u"No existe"_s;
-        QTest::newRow("over 16 bits") << u"70001"_s << 70001 << true << u"Cinturón y Piel"_s;
-        QTest::newRow("over 32 bits") << u"99999999999"_s << 0 << false << u"No existe"_s;
-        QTest::newRow("no number, put by a program") << u"x7"_s << 0 << false << u"No existe"_s;
-        QTest::newRow("nothing") << u""_s << 0 << false << u""_s;
-        QTest::newRow("zero is nothing") << u"0"_s << 0 << false << u""_s;
-    }
-
-    void codes()
-    {
-        QFETCH(const QString, texto);
-        QFETCH(const bool, existe);
-        m_proveedor->setTexto(texto);
-        QTEST(m_proveedor->Codigo(), "codigo");
-        QCOMPARE(m_proveedor->Cargar(), existe);
-        QCOMPARE(m_proveedor->Existe(), existe);
-        QTEST(m_proveedor->findChild<QLabel *>(u"nombre"_s)->text(), "visible");
-        QCOMPARE(m_proveedor->Nombre().isEmpty(), !existe);
+        auto *nombre = m_proveedor->findChild<QLabel *>(u"nombre"_s);
+        const int justo = nombre->fontMetrics().horizontalAdvance(nombre->text());
+        for (const int falta : {0, 9}) {
+            nombre->resize(justo - falta, 20);
+            QCOMPARE(ayuda(nombre, {3, 3}), falta == 0 ? QString() : u"<p>Hilos &lt;Cía&gt;</p>"_s);
+        }
     }
 
     void families_know_only_the_children_of_the_levels_above()
     {
-        nvFamilia familia;
-        familia.setConexion(m_conexion.get());
-        familia.setcEmpresa(&m_empresa);
-        familia.setCodigo(10);
-        QVERIFY(familia.Cargar());
-        QCOMPARE(familia.Nombre(), u"Mercería"_s);
-        familia.setNivel(2);
-        familia.setCodigo(1);
-        QVERIFY(!familia.Cargar());
-        familia.setCodigoPadre1(10);
-        QVERIFY(familia.Cargar());
-        QCOMPARE(familia.Nombre(), u"Botones"_s);
-        familia.setCodigoPadre1(11);
-        QVERIFY(!familia.Existe());
-        QVERIFY(familia.Cargar());
-        QCOMPARE(familia.Nombre(), u"Sábanas"_s);
-        familia.setNivel(3);
-        familia.setCodigoPadre2(2);
-        familia.setCodigo(4);
-        QVERIFY(familia.Cargar());
-        QCOMPARE(familia.Nombre(), u"De baño"_s);
+        QWidget panel;
+        nv::CascadaFamilias familias(&panel);
+        const auto [uno, dos, tres] = std::tuple{familias.selector(0), familias.selector(1), familias.selector(2)};
+        QString sucesos;
+        connect(&familias, &nv::CascadaFamilias::Cambio, this, [&](int nivel) { sucesos += QString::number(nivel); });
+        connect(&familias, &nv::CascadaFamilias::Fin, this, [&] { sucesos += u"fin"_s; });
+        familias.conectar(&m_empresa, &m_base->conexion());
+        panel.show();
+        const auto nombres = [&](std::array<int, 3> codigos) {
+            familias.poner(codigos);
+            familias.Cargar();
+            return uno->Nombre() + u'|' + dos->Nombre() + u'|' + tres->Nombre();
+        };
+        QCOMPARE(nombres({10, 1, 0}), u"Mercería|Botones|"_s);
+        QCOMPARE(nombres({11, 1, 4}), u"Hogar|Sábanas|"_s);
+        QCOMPARE(nombres({11, 2, 4}), u"Hogar|Toallas|De baño"_s);
+        dos->setCodigoPadre1(10);
+        tres->setCodigoPadre2(1);
+        QVERIFY(!dos->Existe() && !tres->Existe());
+        sucesos.clear();
+        dos->setCodigo(1);
+        QVERIFY(familias.codigos() == (std::array{11, 1, 0}) && sucesos == u"2");
+        uno->setTexto(u"40000"_s);
+        QVERIFY(familias.buscados() == (std::array<qint64, 3>{40000, 0, 0}) && sucesos == u"21");
+        uno->Limpiar();
+        for (const bool todos : {true, false}) {
+            m_empresa.familias[1] = todos ? u"Sub"_s : QString();
+            familias.nombrarNiveles(m_empresa);
+            QTest::keyClick(uno->caja(), Qt::Key_Return);
+            QVERIFY(panel.focusWidget() == (todos ? dos : tres)->caja() && dos->isVisible() == todos);
+        }
+        QTest::keyClick(tres->caja(), Qt::Key_Return);
+        QVERIFY(sucesos == u"211fin" && !familias.usado(1) && familias.etiqueta(2)->text() == u"Linea:");
+        familias.fijar({11, -1, 0});
+        QVERIFY(familias.fijas() && !uno->isEnabled() && familias.codigos() == (std::array{11, 0, 0}));
     }
 
-    void enter_loads_tells_and_moves_on()
+    void enter_and_leaving_load_tell_and_move_on()
     {
-        QStringList sucesos;
-        connect(m_proveedor, &nv::SelectorCodigo::Cambio, this, [&] { sucesos += u"cambio"_s; });
-        connect(m_proveedor, &nv::SelectorCodigo::Intro, this, [&] { sucesos += m_proveedor->Nombre(); });
-        connect(m_proveedor, &nv::SelectorCodigo::Salida, this, [&] { sucesos += u"salida"_s; });
-        nv::pruebas::encolarLectura(m_ventana.get(), u"12"_s);
-        nv::pruebas::encolarLectura(m_ventana.get(), u"x"_s);
+        QString sucesos;
+        connect(m_proveedor, &SelectorCodigo::Cambio, this, [&] { sucesos += u"cambio "_s; });
+        connect(m_proveedor, &SelectorCodigo::Intro, this, [&](bool &tratada) {
+            sucesos += m_proveedor->Nombre() + u' ';
+            tratada = m_proveedor->Codigo() == 7;
+        });
+        connect(m_proveedor, &SelectorCodigo::Salida, this, [&] { sucesos += u"salida "_s; });
+        encolarLectura(m_ventana.get(), u"12"_s);
+        encolarLectura(m_ventana.get(), u"x"_s);
         QCoreApplication::processEvents();
-        QCOMPARE(sucesos, (QStringList{u"cambio"_s, u"cambio"_s, u"Botones Ibéricos"_s, u"salida"_s}));
-        QCOMPARE(m_siguiente->text(), u"x"_s);
-
+        QVERIFY(sucesos == u"cambio cambio Botones salida " && m_siguiente->text() == u"x");
+        for (const auto &[codigo, tecla] : {std::pair{7, u"Return"_s}, {12, u"Tab"_s}}) {
+            m_proveedor->setFocus();
+            m_proveedor->setCodigo(codigo);
+            pulsar(m_ventana.get(), tecla);
+            QVERIFY(m_proveedor->caja()->hasFocus() == (codigo == 7) && m_proveedor->Existe());
+        }
+        m_proveedor->setcEmpresa(nullptr); // one message, and the focus stays
         m_proveedor->setFocus();
-        QMetaObject::Connection tratada =
-            connect(m_proveedor, &nv::SelectorCodigo::Intro, this, [](bool &t) { t = true; });
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_Return);
-        QVERIFY(m_proveedor->caja()->hasFocus());
-        disconnect(tratada);
-        m_proveedor->setTexto(u"7"_s);
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_Tab);
-        QVERIFY(m_siguiente->hasFocus());
-        QVERIFY(m_proveedor->Existe());
+        m_proveedor->setCodigo(70001);
+        Conductor conductor;
+        for (const QString &tecla : {u"Return"_s, u"F3"_s}) {
+            conductor.responde(u"Aceptar"_s);
+            pulsar(m_ventana.get(), tecla);
+            QTRY_VERIFY(m_proveedor->caja()->hasFocus());
+        }
+        pulsar(m_ventana.get(), u"Tab"_s);
+        QVERIFY(m_siguiente->hasFocus() && conductor.cajas()[1].titulo == u"Proveedores" &&
+                sucesos.endsWith(u" cambio salida "));
     }
 
-    void a_failure_is_one_message_and_the_focus_stays()
+    void list_narrows_and_takes()
     {
-        m_proveedor->setcEmpresa(nullptr);
-        m_proveedor->setTexto(u"7"_s);
-        QVERIFY_THROWS_EXCEPTION(nv::Error, m_proveedor->Cargar());
-        m_proveedor->setTexto(u"12"_s);
-        Conductor conductor;
-        conductor.responde(u"Aceptar"_s);
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_Return);
-        QVERIFY(conductor.terminado());
-        QTRY_VERIFY(m_proveedor->caja()->hasFocus());
-        QCOMPARE(conductor.cajas().front().titulo, u"Proveedores"_s);
-        conductor.responde(u"Aceptar"_s);
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_F3);
-        QCOMPARE(conductor.cajas().size(), std::size_t{2});
-        QTRY_VERIFY(m_proveedor->caja()->hasFocus());
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_Tab);
-        QVERIFY(m_siguiente->hasFocus());
-        QCOMPARE(conductor.cajas().size(), std::size_t{2});
+        QShortcut ajeno(QKeySequence(Qt::Key_F3), m_ventana.get(), [] { QFAIL("somebody else's F3"); });
+        // Typed into the box, and then into the grid; keys; what is in the box then.
+        for (const QStringList &c :
+             tabla(u"→→Up Up Return→12Botones;→→PgUp Down Return→70001Cinturón y Piel;→→Return→7Hilos <Cía>;"
+                   u"→→Esc→7Hilos <Cía>;nadie→→Return Ctrl+A Del PgUp Return→12Botones;"
+                   u"PIEL→→Return→70001Cinturón y Piel;CI→n→Return→70001Cinturón y Piel"_s)) {
+            Conductor conductor;
+            conductor.con<nv::ListaCodigos>([&](nv::ListaCodigos &lista) {
+                auto *rejilla = lista.findChild<nv::Rejilla *>(u"vsLista"_s);
+                QVERIFY(rejilla->filasDatos() == 3 && rejilla->texto(1, 1) == u"Botones" && rejilla->filaActual() == 3);
+                teclear(lista.focusWidget(), c[0]);
+                pulsar(&lista, u"Home"_s);
+                teclear(c[1].isEmpty() ? lista.focusWidget() : rejilla, c[1]);
+                pulsar(&lista, c[2]);
+            });
+            m_proveedor->setCodigo(7);
+            repetir(m_proveedor->caja(), Qt::Key_F3);
+            QTest::keyClick(m_proveedor->caja(), Qt::Key_F3);
+            QCOMPARE(m_proveedor->Texto() + m_proveedor->Nombre(), c[3]);
+            QTRY_VERIFY(m_proveedor->caja()->hasFocus());
+        }
     }
 
-    void list_narrows_and_takes_with_the_keyboard_alone()
+    void warehouses_are_ticked()
     {
-        QShortcut ajeno(QKeySequence(Qt::Key_F3), m_ventana.get());
-        QSignalSpy robado(&ajeno, &QShortcut::activated);
-        Conductor conductor;
-        conductor.con<nv::ListaCodigos>([](nv::ListaCodigos &lista) {
-            auto *rejilla = lista.findChild<nv::Rejilla *>(u"vsLista"_s);
-            QCOMPARE(rejilla->filasDatos(), 3);
-            QCOMPARE(rejilla->texto(1, 1), u"Botones Ibéricos"_s);
-            QCOMPARE(rejilla->filaActual(), 3);
-            nv::pruebas::teclear(lista.focusWidget(), u"ci"_s);
-            QCOMPARE(rejilla->filasDatos(), 2);
-            QTest::keyClick(lista.focusWidget(), Qt::Key_Up);
-            rejilla->setFocus();
-            nv::pruebas::teclear(rejilla, u"nturon"_s);
-            QCOMPARE(rejilla->filasDatos(), 1);
-            QTest::keyClick(lista.focusWidget(), Qt::Key_Return);
-        });
-        m_proveedor->setTexto(u"7"_s);
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_F3);
-        QVERIFY(conductor.terminado());
-        QCOMPARE(m_proveedor->Codigo(), 70001);
-        QCOMPARE(m_proveedor->Nombre(), u"Cinturón y Piel"_s);
-        QTRY_VERIFY(m_proveedor->caja()->hasFocus());
-        QCOMPARE(robado.size(), 0);
-    }
-
-    void leaving_the_list_changes_nothing()
-    {
-        m_proveedor->setTexto(u"7"_s);
-        QSignalSpy cambios(m_proveedor, &nv::SelectorCodigo::Cambio);
-        Conductor conductor;
-        conductor.con<nv::ListaCodigos>([](nv::ListaCodigos &lista) {
-            nv::pruebas::teclear(lista.focusWidget(), u"nadie"_s);
-            // Nothing to take: Enter leaves the list open.
-            QTest::keyClick(lista.focusWidget(), Qt::Key_Return);
-            QVERIFY(lista.isVisible());
-            QTest::keyClick(lista.focusWidget(), Qt::Key_Escape);
-        });
-        QTest::keyClick(m_proveedor->caja(), Qt::Key_F3);
-        QCOMPARE(m_proveedor->Texto(), u"7"_s);
-        QCOMPARE(cambios.size(), 0);
+        nvAlmacenCons almacenes;
+        QSignalSpy cambios(&almacenes, &nvAlmacenCons::Cambio);
+        QVERIFY(falla([&] { almacenes.Cargar(); }));
+        almacenes.setcEmpresa(&m_empresa);
+        almacenes.Cargar();
+        auto *lista = almacenes.findChild<QListWidget *>();
+        QVERIFY(lista->item(0)->text() == u"2 - Tienda" && almacenes.Almacenes().empty() && cambios.isEmpty());
+        almacenes.findChild<QPushButton *>(u"cmdTodos"_s)->click();
+        QCOMPARE(almacenes.Almacenes(), (std::vector<qint16>{2, 5}));
+        almacenes.setAlmacenes({5, 8});
+        QTest::keyClick(lista, Qt::Key_Space);
+        almacenes.findChild<QPushButton *>(u"cmdNinguno"_s)->click();
+        QVERIFY(almacenes.Almacenes().empty() && cambios.size() == 6);
     }
 
 private:
-    template <class Selector>
-    Selector *nuevo(QVBoxLayout *columna)
-    {
-        auto *selector = new Selector;
-        selector->setConexion(m_conexion.get());
-        selector->setcEmpresa(&m_empresa);
-        columna->addWidget(selector);
-        return selector;
-    }
-
-    Empresa m_empresa;
-    std::unique_ptr<nv::Conexion> m_conexion;
-    std::unique_ptr<QWidget> m_ventana;
+    QList<SelectorCodigo *> m_todos;
     nvProveedor *m_proveedor = nullptr;
     nvTextBox *m_siguiente = nullptr;
 };
