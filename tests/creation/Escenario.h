@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/Casos.h"
 #include "creation/frmArticulos_Creacion.h"
 #include "nvArticulo/Error.h"
 #include "nvArticulo/Motores.h"
@@ -8,13 +9,15 @@
 #include "support/EmpresaPrueba.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 
 namespace nv::pruebas {
 
-/// Statements that fill a catalogue for the creation of items. Company 1, items of 2, suppliers of 3.
+/// A catalogue for the creation of items. Company 1, items of 2, suppliers of 3.
 inline const char16_t *const Catalogo[] = {
     u"INSERT INTO Empresas (Codigo, Series_Automaticas, CodigoBarrasAuto, FamiliaObligada, MaxCodigoArt, "
     u"CualidadX_PorDefecto, CualidadY_PorDefecto) VALUES (1, 1, 1, 1, 5000, 3, 4)",
@@ -26,8 +29,7 @@ inline const char16_t *const Catalogo[] = {
     u"INSERT INTO Familias_2 (Cod_Empresa, Familia_1, Codigo, Nombre) VALUES (2, 1, 5, 'CAMISAS')",
     u"INSERT INTO Familias_3 (Cod_Empresa, Familia_1, Familia_2, Codigo, Nombre) VALUES (2, 1, 5, 6, 'MANGA CORTA')",
     u"INSERT INTO Cualidades (Codigo, Nombre) VALUES (1, '(ninguna)'), (3, 'Tallas'), (4, 'Colores')",
-    u"INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 3, 21, 'U'), (2, 4, 31, "
-    u"'ROJO')",
+    u"INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 3, 21, 'U'), (2, 4, 31, 'R')",
     u"INSERT INTO Formacion_Desc (Desc_Larga, Orden, Cod_Campo, Longitud) VALUES (0, 1, 1, 3), (0, 2, 0, 1), "
     u"(0, 3, 2, 10), (1, 1, 4, 4), (1, 2, 0, 1), (1, 3, 1, 20), (1, 4, 0, 1), (1, 5, 2, 20)",
     u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, Mod_Ficha) VALUES (2, 100, 'CAMISA VIEJA', 1), "
@@ -37,96 +39,154 @@ inline const char16_t *const Catalogo[] = {
     u"'4006381333931', 1)",
 };
 
-inline void llenar(Conexion &conexion)
-{
-    for (const char16_t *sentencia : Catalogo)
-        conexion.Ejecutar(Sentencia::deConsola(QString::fromUtf16(sentencia)));
-}
-
-/// What the tests do to the form, by the names of its fields.
-struct Manos
-{
-    frmArticulos_Creacion &f;
-
-    template <class Control = QLineEdit>
-    Control *hijo(const char *nombre) const
-    {
-        auto *widget = f.findChild<QWidget *>(QLatin1StringView(nombre), Qt::FindDirectChildrenOnly);
-        auto *control = dynamic_cast<Control *>(widget);
-        return control ? control : widget->findChild<Control *>();
-    }
-    QString texto(const char *nombre) const { return hijo(nombre)->text(); }
-    bool enfocado(const char *nombre) const
-    {
-        const QWidget *w = hijo<QWidget>(nombre);
-        return f.focusWidget() && (w == f.focusWidget() || w->isAncestorOf(f.focusWidget()));
-    }
-    void pulsa(Qt::Key tecla) const { QTest::keyClick(f.focusWidget(), tecla); }
-    void escribe(const char *nombre, const QString &texto) const
-    {
-        auto *caja = hijo(nombre);
-        caja->setFocus();
-        caja->selectAll();
-        pulsa(Qt::Key_Delete);
-        teclear(caja, texto);
-    }
-    void confirma(const QString &codigo) const
-    {
-        escribe("txtCodigo", codigo);
-        pulsa(Qt::Key_Return);
-    }
-    bool abierto() const { return !hijo("txtCodigo")->isEnabled(); }
-    /// The item's code confirmed and everything that an accept asks for typed.
-    void rellena(const QString &codigo, const QString &referencia) const
-    {
-        confirma(codigo);
-        escribe("txtProv", QStringLiteral("7"));
-        escribe("txtRef", referencia);
-        escribe("txtMarca", QStringLiteral("4"));
-        escribe("txtTemporada", QStringLiteral("V26"));
-        escribe("txtImpuesto", QStringLiteral("1"));
-        for (const auto &[caja, valor] :
-             {std::pair("txtFamilia_1", "1"), std::pair("txtFamilia_2", "5"), std::pair("txtFamilia_3", "6")}) {
-            escribe(caja, QLatin1StringView(valor));
-            pulsa(Qt::Key_Return);
-        }
-    }
-};
-
-/// A form over a catalogue, not yet shown.
+/// A form over a catalogue, driven by lines of text. Boxes that come between are answered in turn:
+///
+///     txtRef = B-1        types it (of a list: chooses the row of that number)
+///     F9                  a key, where the focus is
+///     responde Aceptar    the box that is up
+///     foco ? txtRef       what is seen: "foco", "abierto" (an item is open), "visible", "Aceptado", a number (the item's
+///                         row), rows of a SELECT, or a field's text, tick or, with ":activo", whether it can be used
+///
+/// and besides "-> field" (focus), "clic field", "cierra", "sql ..." and what a test adds to `acciones`. "·" is a blank.
 struct Escenario
 {
     explicit Escenario(const QString &ruta = QStringLiteral(":memory:"))
         : conexion(datos::abrirEmbebida(ruta))
     {
-        llenar(*conexion);
-        forma.cEmpresa = &empresa;
-        forma.Conexion = conexion.get();
+        for (const char16_t *sentencia : Catalogo)
+            sql(QString::fromUtf16(sentencia));
+        forma->cEmpresa = &empresa;
+        forma->Conexion = conexion.get();
+    }
+
+    /// Shows the form and does as the lines say; false when it did not come to their end. "todo 200 R" confirms a code
+    /// and types everything that an accept asks for.
+    bool corre(QString guion)
+    {
+        static const QRegularExpression todo(QStringLiteral("todo (\\S+) (\\S+)"));
+        guion.replace(u';', u'\n')
+            .replace(todo, QStringLiteral(
+                               "txtCodigo = \\1\nEnter\ntxtProv = 7\ntxtRef = \\2\ntxtMarca = 4\ntxtTemporada = "
+                               "V26\ntxtImpuesto = 1\ntxtFamilia_1 = 1\ntxtFamilia_2 = 5\ntxtFamilia_3 = 6\nEnter"));
+        QStringList tramo;
+        const auto cierra = [&] {
+            if (!tramo.isEmpty())
+                conductor.con<frmArticulos_Creacion>([this, tramo](auto &) {
+                    for (const QString &linea : tramo)
+                        if (forma)
+                            haz(linea);
+                });
+            tramo.clear();
+        };
+        for (const QString &linea : guion.split(u'\n')) {
+            if (linea.trimmed().startsWith(QStringLiteral("responde "))) {
+                cierra();
+                conductor.responde(linea.trimmed().sliced(9));
+            } else if (!linea.trimmed().isEmpty()) {
+                tramo << linea.trimmed();
+            }
+        }
+        cierra();
+        forma->MostrarModal();
+        return conductor.terminado();
     }
     void sql(const QString &texto) { conexion->Ejecutar(Sentencia::deConsola(texto)); }
     QString filas(const QString &consulta) { return filasDe(*conexion, consulta).join(u' '); }
-    QString articulo(int codigo)
+    /// What an accept of item 200 has written besides the item, and the counter behind it.
+    QString rastro()
     {
-        return filas(QStringLiteral("SELECT Codigo, Mod_Ficha, Descripcion FROM Articulos WHERE Cod_Empresa = 2 AND "
-                                    "Codigo = %1")
-                         .arg(codigo));
+        return filas(QStringLiteral("SELECT Ref FROM Articulos_Ref WHERE Cod_Articulo = 200")) +
+               filas(QStringLiteral("SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 200")) +
+               filas(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras"));
     }
-    /// Shows the form and runs the steps in it, one after the other where message boxes come between.
-    Conductor &con(std::function<void(Manos)> pasos)
+    /// Every message box so far, "title: text".
+    QString dicho() const
     {
-        return conductor.con<frmArticulos_Creacion>([pasos](frmArticulos_Creacion &f) { pasos(Manos{f}); });
+        QStringList textos;
+        for (const CajaVista &caja : conductor.cajas())
+            textos << caja.titulo + QStringLiteral(": ") + caja.texto;
+        return textos.join(u'/');
     }
-    bool muestra()
+    QWidget *hijo(const QString &nombre) const
     {
-        forma.MostrarModal();
-        return conductor.terminado();
+        return forma->findChild<QWidget *>(nombre, Qt::FindDirectChildrenOnly);
     }
-    const CajaVista &caja() const { return conductor.cajas().back(); }
+    QString ve(const QString &que)
+    {
+        if (que.startsWith(QStringLiteral("SELECT ")))
+            return filas(que);
+        if (que.toInt() != 0)
+            return filas(
+                QStringLiteral("SELECT Mod_Ficha, Descripcion FROM Articulos WHERE Cod_Empresa = 2 AND Codigo = ") +
+                que);
+        QWidget *w = que == QStringLiteral("foco") ? forma->focusWidget() : hijo(que.section(u':', 0, 0));
+        if (que == QStringLiteral("foco")) {
+            while (w && w->parentWidget() != forma)
+                w = w->parentWidget();
+            return w ? w->objectName() : QString();
+        }
+        if (que == QStringLiteral("abierto"))
+            return QString::number(!hijo(QStringLiteral("txtCodigo"))->isEnabled());
+        if (!w)
+            return QString::number(que == QStringLiteral("visible") ? forma->isVisible() : forma->Aceptado);
+        if (que.endsWith(QStringLiteral(":activo")))
+            return QString::number(w->isEnabled() && w->isVisible());
+        if (const auto *lista = qobject_cast<QComboBox *>(w))
+            return lista->currentText();
+        if (const auto *boton = qobject_cast<QAbstractButton *>(w))
+            return QString::number(boton->isChecked());
+        if (const auto *rotulo = qobject_cast<QLabel *>(w))
+            return rotulo->text();
+        return linea(w)->text();
+    }
 
     EmpresaPrueba empresa;
     std::unique_ptr<Conexion> conexion;
-    frmArticulos_Creacion forma{nullptr};
+    std::unique_ptr<QWidget> ventana = std::make_unique<QWidget>(); ///< the host's
+    QPointer<frmArticulos_Creacion> forma = new frmArticulos_Creacion(ventana.get());
     Conductor conductor;
+    std::map<QString, std::function<void()>> acciones;
+
+private:
+    static QLineEdit *linea(QWidget *w)
+    {
+        auto *propia = qobject_cast<QLineEdit *>(w);
+        return propia ? propia : w->findChild<QLineEdit *>();
+    }
+    void haz(const QString &orden)
+    {
+        static const std::map<QString, Qt::Key> teclas{
+            {QStringLiteral("Enter"), Qt::Key_Return}, {QStringLiteral("Esc"), Qt::Key_Escape},
+            {QStringLiteral("F6"), Qt::Key_F6},        {QStringLiteral("F9"), Qt::Key_F9},
+            {QStringLiteral("F12"), Qt::Key_F12},      {QStringLiteral("Espacio"), Qt::Key_Space}};
+        const QString primera = orden.section(u' ', 0, 0);
+        const QString resto = orden.section(u' ', 1);
+        if (const auto accion = acciones.find(orden); accion != acciones.end()) {
+            accion->second();
+        } else if (const auto tecla = teclas.find(orden); tecla != teclas.end()) {
+            QTest::keyClick(forma->focusWidget(), tecla->second);
+        } else if (primera == QStringLiteral("sql")) {
+            sql(resto);
+        } else if (orden == QStringLiteral("cierra")) {
+            forma->close();
+        } else if (primera == QStringLiteral("->")) {
+            hijo(resto)->setFocus();
+        } else if (primera == QStringLiteral("clic")) {
+            qobject_cast<QAbstractButton *>(hijo(resto))->click();
+        } else if (orden.contains(QStringLiteral(" ?"))) {
+            const QString que = orden.section(QStringLiteral(" ?"), 0, 0);
+            const QString visto = que + QStringLiteral(" ? ") + ve(que);
+            QCOMPARE(visto.trimmed(), QString(orden).replace(u'·', u' ').trimmed());
+        } else if (auto *lista = qobject_cast<QComboBox *>(hijo(primera))) {
+            lista->setCurrentIndex(resto.section(u' ', 1).toInt());
+        } else {
+            QLineEdit *caja = linea(hijo(primera));
+            caja->setFocus();
+            caja->selectAll();
+            QTest::keyClick(caja, Qt::Key_Delete);
+            teclear(caja, QString(resto.sliced(1).trimmed()).replace(u'·', u' '));
+        }
+    }
 };
 
 } // namespace nv::pruebas
