@@ -15,11 +15,11 @@
 namespace nv::pruebas {
 
 /// Company 1 with items of 2, suppliers of 3 and customers of 4.
-inline const char *const CatalogoArticulos[] = {
+inline constexpr const char *CatalogoArticulos[] = {
     "INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)",
-    "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, CualidadX, CualidadY) VALUES "
+    "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, CualidadX, CualidadY) VALUES (1, 99, 'DE OTRA', 0, 0), "
     "(2, 12, 'TORNILLO <M8> & TUERCA', 0, 0), (2, 23456, 'JAMÓN', 0, 0), (2, 1234, 'CAMISA', 1, 2), "
-    "(2, 77, 'DE OTRO', 0, 0), (2, 13, NULL, 0, 0), (1, 99, 'DE OTRA EMPRESA', 0, 0)",
+    "(2, 77, 'DE OTRO', 0, 0), (2, 13, NULL, 0, 0)",
     "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL'), (2, 2, 5, 'ROJO')",
     "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (2, 12, '8412345678905', "
     "1)",
@@ -39,7 +39,6 @@ class Formulario : public QWidget, public OyenteSentencias
 {
 public:
     Formulario()
-        : conexion(datos::abrirEmbebida(QStringLiteral(":memory:")))
     {
         auto *columna = new QVBoxLayout(this);
         for (QWidget *widget : std::initializer_list<QWidget *>{antes, articulo, despues})
@@ -53,10 +52,10 @@ public:
         for (const char *sentencia : CatalogoArticulos)
             ejecuta(QString::fromUtf8(sentencia));
         conexion->escuchar(this);
-        connect(articulo, &nvArticulo::KeyDown, this, [this](qint16 &c, qint16 &s) { oye(u"D", {c, s}); });
-        connect(articulo, &nvArticulo::KeyUp, this, [this](qint16 &c, qint16 &s) { oye(u"U", {c, s}); });
-        connect(articulo, &nvArticulo::KeyPress, this, [this](qint16 &ascii) { oye(u"P", {ascii}); });
-        connect(articulo, &nvArticulo::Change, this, [this] { oye(u"C", {}); });
+        connect(articulo, &nvArticulo::KeyDown, this, [this](qint16 &c, qint16 &s) { oye("D%d,%d", c, s); });
+        connect(articulo, &nvArticulo::KeyUp, this, [this](qint16 &c, qint16 &s) { oye("U%d,%d", c, s); });
+        connect(articulo, &nvArticulo::KeyPress, this, [this](qint16 &ascii) { oye("P%d", ascii); });
+        connect(articulo, &nvArticulo::Change, this, [this] { oye("C"); });
         show();
         activateWindow();
         (void)QTest::qWaitForWindowActive(this);
@@ -76,15 +75,14 @@ public:
     {
         for (const QString &ajuste : ajustes.split(u' ', Qt::SkipEmptyParts)) {
             const QString nombre = ajuste.section(u'=', 0, 0);
-            const QString valor = ajuste.section(u'=', 1);
-            if (!articulo->setProperty(nombre.toLatin1(), valor)) // noted as a property of the moment
-                empresa.valores[nombre] = valor;
+            if (!articulo->setProperty(nombre.toLatin1(), ajuste.section(u'=', 1)))
+                empresa.valores[nombre] = ajuste.section(u'=', 1);
         }
         empresa.ordenCualidades = empresa.ValorBooleano(QStringLiteral("OrdenCualidades"));
     }
 
-    /// Types into the box and presses Enter.
-    void confirma(const QString &texto, Qt::Key tecla = Qt::Key_Return)
+    /// Types into the box and presses Enter; false when not every window came that was expected.
+    bool confirma(const QString &texto, Qt::Key tecla = Qt::Key_Return)
     {
         articulo->setFocus();
         caja()->clear();
@@ -92,38 +90,44 @@ public:
         sentencias.clear();
         sucesos.clear();
         QTest::keyClick(caja(), tecla);
+        return conductor.terminado();
+    }
+    /// The last message box.
+    QString dicho() const
+    {
+        const auto &cajas = conductor.cajas();
+        return cajas.empty() ? QString() : cajas.back().titulo + QStringLiteral(": ") + cajas.back().texto;
     }
 
     /// Box | label | the character of Enter | where the focus is | Existe, Pendiente and what is selected.
     QString retrato() const
     {
-        const QWidget *foco = focusWidget();
-        return QStringLiteral("%1|%2|%3|%4|%5%6%7")
-            .arg(caja()->text(), articulo->Nombre().simplified(), sucesos.filter(QStringLiteral("P")).join(u' '),
-                 foco ? foco->objectName() : QString(), articulo->Existe() ? QStringLiteral("E") : QString(),
-                 articulo->Pendiente() ? QStringLiteral("P") : QString(), caja()->selectedText());
+        const QStringList partes{caja()->text(), articulo->Nombre().simplified(),
+                                 sucesos.filter(QStringLiteral("P")).join(u' '),
+                                 focusWidget() ? focusWidget()->objectName() : QString()};
+        const QString banderas =
+            QString::fromLatin1(articulo->Existe() ? "E" : "") + QLatin1StringView(articulo->Pendiente() ? "P" : "");
+        return partes.join(u'|') + u'|' + banderas + caja()->selectedText();
     }
 
     QLineEdit *caja() const { return articulo->findChild<QLineEdit *>(QStringLiteral("txtCodigo")); }
 
     EmpresaPrueba empresa;
-    std::unique_ptr<Conexion> conexion;
+    std::unique_ptr<Conexion> conexion = datos::abrirEmbebida(QStringLiteral(":memory:"));
     QLineEdit *antes = new QLineEdit(this);
     nvArticulo *articulo = new nvArticulo(this);
     QLineEdit *despues = new QLineEdit(this);
+    Conductor conductor{10000};
     QStringList sentencias;
     QStringList sucesos; ///< "D65,0" KeyDown, "P97" KeyPress, "U65,0" KeyUp, "C" Change, "F65" a key that nobody took
 
 protected:
-    void keyPressEvent(QKeyEvent *evento) override { oye(u"F", {evento->key()}); }
+    void keyPressEvent(QKeyEvent *evento) override { oye("F%d", evento->key()); }
 
 private:
-    void oye(QStringView suceso, std::initializer_list<int> numeros)
+    void oye(const char *formato, int primero = 0, int segundo = 0)
     {
-        QString texto = suceso.toString();
-        for (const int numero : numeros)
-            texto += QString::number(numero) + u',';
-        sucesos << (numeros.size() == 0 ? texto : texto.chopped(1));
+        sucesos << QString::asprintf(formato, primero, segundo);
     }
 };
 

@@ -17,6 +17,8 @@
 
 namespace nv::pruebas {
 
+using namespace Qt::StringLiterals;
+
 /// A catalogue for the creation of items. Company 1, items of 2, suppliers of 3.
 inline const char16_t *const Catalogo[] = {
     u"INSERT INTO Empresas (Codigo, Series_Automaticas, CodigoBarrasAuto, FamiliaObligada, MaxCodigoArt, "
@@ -44,13 +46,13 @@ inline const char16_t *const Catalogo[] = {
 ///     txtRef = B-1        types it (of a list: chooses the row of that number)
 ///     F9                  a key, where the focus is
 ///     responde Aceptar    the box that is up
-///     foco ? txtRef       what is seen: "foco", "abierto" (an item is open), "visible", "Aceptado", a number (the item's
-///                         row), rows of a SELECT, or a field's text, tick or, with ":activo", whether it can be used
+///     foco ? txtRef       what is seen: "foco", "abierto" (an item is open), "visible", a number (the row of that
+///                         item), or a field's text, tick or, with ":activo", whether it can be used
 ///
-/// and besides "-> field" (focus), "clic field", "cierra", "sql ..." and what a test adds to `acciones`. "·" is a blank.
+/// and "-> field" (focus), "clic field", "cierra", "sql ..." and what a test adds to `acciones`. "·" is a blank.
 struct Escenario
 {
-    explicit Escenario(const QString &ruta = QStringLiteral(":memory:"))
+    explicit Escenario(const QString &ruta = u":memory:"_s)
         : conexion(datos::abrirEmbebida(ruta))
     {
         for (const char16_t *sentencia : Catalogo)
@@ -63,30 +65,22 @@ struct Escenario
     /// and types everything that an accept asks for.
     bool corre(QString guion)
     {
-        static const QRegularExpression todo(QStringLiteral("todo (\\S+) (\\S+)"));
+        static const QRegularExpression todo(u"todo (\\S+) (\\S+)"_s);
         guion.replace(u';', u'\n')
-            .replace(todo, QStringLiteral(
-                               "txtCodigo = \\1\nEnter\ntxtProv = 7\ntxtRef = \\2\ntxtMarca = 4\ntxtTemporada = "
-                               "V26\ntxtImpuesto = 1\ntxtFamilia_1 = 1\ntxtFamilia_2 = 5\ntxtFamilia_3 = 6\nEnter"));
-        QStringList tramo;
-        const auto cierra = [&] {
-            if (!tramo.isEmpty())
-                conductor.con<frmArticulos_Creacion>([this, tramo](auto &) {
-                    for (const QString &linea : tramo)
-                        if (forma)
-                            haz(linea);
+            .replace(todo, u"txtCodigo = \\1\nEnter\ntxtProv = 7\ntxtRef = \\2\ntxtMarca = 4\ntxtTemporada = "
+                           u"V26\ntxtImpuesto = 1\ntxtFamilia_1 = 1\ntxtFamilia_2 = 5\ntxtFamilia_3 = 6\nEnter"_s);
+        const QStringList tramos = guion.split(u"responde "_s);
+        for (const QString &tramo : tramos) {
+            QStringList lineas = tramo.split(u'\n');
+            if (&tramo != &tramos.front())
+                conductor.responde(lineas.takeFirst().trimmed());
+            if (!lineas.join(QString()).trimmed().isEmpty())
+                conductor.con<frmArticulos_Creacion>([this, lineas](auto &) {
+                    for (const QString &linea : lineas)
+                        if (forma && !linea.trimmed().isEmpty())
+                            haz(linea.trimmed());
                 });
-            tramo.clear();
-        };
-        for (const QString &linea : guion.split(u'\n')) {
-            if (linea.trimmed().startsWith(QStringLiteral("responde "))) {
-                cierra();
-                conductor.responde(linea.trimmed().sliced(9));
-            } else if (!linea.trimmed().isEmpty()) {
-                tramo << linea.trimmed();
-            }
         }
-        cierra();
         forma->MostrarModal();
         return conductor.terminado();
     }
@@ -95,17 +89,23 @@ struct Escenario
     /// What an accept of item 200 has written besides the item, and the counter behind it.
     QString rastro()
     {
-        return filas(QStringLiteral("SELECT Ref FROM Articulos_Ref WHERE Cod_Articulo = 200")) +
-               filas(QStringLiteral("SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 200")) +
-               filas(QStringLiteral("SELECT Cod_Barras FROM Contador_CBarras"));
+        return filas(u"SELECT Ref FROM Articulos_Ref WHERE Cod_Articulo = 200"_s) +
+               filas(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Articulo = 200"_s) +
+               filas(u"SELECT Cod_Barras FROM Contador_CBarras"_s);
     }
     /// Every message box so far, "title: text".
     QString dicho() const
     {
         QStringList textos;
         for (const CajaVista &caja : conductor.cajas())
-            textos << caja.titulo + QStringLiteral(": ") + caja.texto;
+            textos << caja.titulo + u": "_s + caja.texto;
         return textos.join(u'/');
+    }
+    /// Whether that is how the only box began; nothing: none came.
+    bool dijo(const QString &principio) const
+    {
+        return conductor.cajas().size() == (principio.isEmpty() ? 0 : 1) &&
+               (principio.isEmpty() || dicho().startsWith(principio));
     }
     QWidget *hijo(const QString &nombre) const
     {
@@ -113,23 +113,18 @@ struct Escenario
     }
     QString ve(const QString &que)
     {
-        if (que.startsWith(QStringLiteral("SELECT ")))
-            return filas(que);
         if (que.toInt() != 0)
-            return filas(
-                QStringLiteral("SELECT Mod_Ficha, Descripcion FROM Articulos WHERE Cod_Empresa = 2 AND Codigo = ") +
-                que);
-        QWidget *w = que == QStringLiteral("foco") ? forma->focusWidget() : hijo(que.section(u':', 0, 0));
-        if (que == QStringLiteral("foco")) {
-            while (w && w->parentWidget() != forma)
-                w = w->parentWidget();
-            return w ? w->objectName() : QString();
-        }
-        if (que == QStringLiteral("abierto"))
-            return QString::number(!hijo(QStringLiteral("txtCodigo"))->isEnabled());
+            return filas(u"SELECT Mod_Ficha, Descripcion FROM Articulos WHERE Cod_Empresa = 2 AND Codigo = "_s + que);
+        if (que == u"abierto")
+            return QString::number(!hijo(u"txtCodigo"_s)->isEnabled());
+        QWidget *w = que == u"foco" ? forma->focusWidget() : hijo(que.section(u':', 0, 0));
+        while (que == u"foco" && w->parentWidget() != forma)
+            w = w->parentWidget();
+        if (que == u"foco")
+            return w->objectName();
         if (!w)
-            return QString::number(que == QStringLiteral("visible") ? forma->isVisible() : forma->Aceptado);
-        if (que.endsWith(QStringLiteral(":activo")))
+            return que == u"visible" ? QString::number(forma->isVisible()) : u"no such field"_s;
+        if (que.endsWith(u":activo"_s))
             return QString::number(w->isEnabled() && w->isVisible());
         if (const auto *lista = qobject_cast<QComboBox *>(w))
             return lista->currentText();
@@ -155,27 +150,26 @@ private:
     }
     void haz(const QString &orden)
     {
-        static const std::map<QString, Qt::Key> teclas{
-            {QStringLiteral("Enter"), Qt::Key_Return}, {QStringLiteral("Esc"), Qt::Key_Escape},
-            {QStringLiteral("F6"), Qt::Key_F6},        {QStringLiteral("F9"), Qt::Key_F9},
-            {QStringLiteral("F12"), Qt::Key_F12},      {QStringLiteral("Espacio"), Qt::Key_Space}};
+        static const std::map<QString, Qt::Key> teclas{{u"Enter"_s, Qt::Key_Return}, {u"Esc"_s, Qt::Key_Escape},
+                                                       {u"F6"_s, Qt::Key_F6},        {u"F9"_s, Qt::Key_F9},
+                                                       {u"F12"_s, Qt::Key_F12},      {u"Espacio"_s, Qt::Key_Space}};
         const QString primera = orden.section(u' ', 0, 0);
         const QString resto = orden.section(u' ', 1);
         if (const auto accion = acciones.find(orden); accion != acciones.end()) {
             accion->second();
         } else if (const auto tecla = teclas.find(orden); tecla != teclas.end()) {
             QTest::keyClick(forma->focusWidget(), tecla->second);
-        } else if (primera == QStringLiteral("sql")) {
+        } else if (primera == u"sql"_s) {
             sql(resto);
-        } else if (orden == QStringLiteral("cierra")) {
+        } else if (orden == u"cierra"_s) {
             forma->close();
-        } else if (primera == QStringLiteral("->")) {
+        } else if (primera == u"->"_s) {
             hijo(resto)->setFocus();
-        } else if (primera == QStringLiteral("clic")) {
+        } else if (primera == u"clic"_s) {
             qobject_cast<QAbstractButton *>(hijo(resto))->click();
-        } else if (orden.contains(QStringLiteral(" ?"))) {
-            const QString que = orden.section(QStringLiteral(" ?"), 0, 0);
-            const QString visto = que + QStringLiteral(" ? ") + ve(que);
+        } else if (orden.contains(u" ?"_s)) {
+            const QString que = orden.section(u" ?"_s, 0, 0);
+            const QString visto = que + u" ? "_s + ve(que);
             QCOMPARE(visto.trimmed(), QString(orden).replace(u'·', u' ').trimmed());
         } else if (auto *lista = qobject_cast<QComboBox *>(hijo(primera))) {
             lista->setCurrentIndex(resto.section(u' ', 1).toInt());

@@ -9,87 +9,66 @@ using namespace nv::pruebas;
 
 namespace {
 
-/// A connection whose line can be cut: from the first statement that holds the given text nothing gets through.
-class ConexionCortable : public nv::Conexion
+/// A connection in front of the real one: the line is cut, and something done once, at a statement that holds a text.
+class Linea : public nv::Conexion
 {
 public:
-    explicit ConexionCortable(nv::Conexion &real)
-        : m_real(real)
-    {}
-    QString cortarEn;
+    explicit Linea(Escenario &e)
+        : m_real(*e.conexion)
+    {
+        e.forma->Conexion = this;
+    }
+    QString cortarEn; ///< that statement does not get through, nor any behind it
     bool cortada = false;
+    QString accionTras;
+    std::function<void()> accion;
+
+private:
+    template <class Paso>
+    auto pasar(const QString &texto, Paso paso)
+    {
+        cortada = cortada || (!cortarEn.isEmpty() && texto.contains(cortarEn));
+        if (cortada)
+            throw nv::Error{64, u"Se ha perdido la conexión con el servidor."_s, {}};
+        auto hecho = paso();
+        if (accion && texto.contains(accionTras))
+            std::exchange(accion, {})();
+        return hecho;
+    }
 
 protected:
-    std::unique_ptr<nv::FuenteRegistros> abrir(const nv::Sentencia &sentencia) override
+    /// Opens what only the real one may call.
+    struct Puerta : nv::Conexion
     {
-        pasar(sentencia.texto());
-        struct Fuente : nv::FuenteRegistros
-        {
-            explicit Fuente(nv::Registros r)
-                : registros(std::move(r))
-            {}
-            bool avanzar() override { return registros.siguiente(); }
-            int columnas() const override { return registros.columnas(); }
-            QString nombre(int columna) const override { return registros.nombre(columna); }
-            QVariant valor(int columna) const override { return registros.valor(columna); }
-            nv::Registros registros;
-        };
-        return std::make_unique<Fuente>(m_real.Abrir(sentencia));
+        using Conexion::abrir;
+    };
+    std::unique_ptr<nv::FuenteRegistros> abrir(const nv::Sentencia &s) override
+    {
+        return pasar(s.texto(), [&] { return (m_real.*(&Puerta::abrir))(s); });
     }
-    qint64 ejecutar(const nv::Sentencia &sentencia) override
+    qint64 ejecutar(const nv::Sentencia &s) override
     {
-        pasar(sentencia.texto());
-        return m_real.Ejecutar(sentencia);
+        return pasar(s.texto(), [&] { return m_real.Ejecutar(s); });
     }
     void comenzar() override { m_real.Comenzar(); }
     void confirmar() override
     {
-        pasar(u"COMMIT"_s);
-        m_real.Confirmar();
+        pasar(u"COMMIT"_s, [&] { return m_real.Confirmar(), true; });
     }
     // The server rolls back what its client lost, whether it hears of it or not.
     void deshacer() override { m_real.Deshacer(); }
 
 private:
-    void pasar(const QString &texto)
-    {
-        cortada = cortada || (!cortarEn.isEmpty() && texto.contains(cortarEn));
-        if (cortada)
-            throw nv::Error{64, u"Se ha perdido la conexión con el servidor."_s, {}};
-    }
     nv::Conexion &m_real;
-};
-
-/// Does something once, when a statement that holds the text has gone out.
-class Al : public nv::OyenteSentencias
-{
-public:
-    Al(nv::Conexion &conexion, QString texto, std::function<void()> accion)
-        : m_conexion(conexion)
-        , m_texto(std::move(texto))
-        , m_accion(std::move(accion))
-    {
-        m_conexion.escuchar(this);
-    }
-    ~Al() override { m_conexion.dejarDeEscuchar(this); }
-    void sentencia(const nv::SucesoSentencia &suceso) override
-    {
-        if (suceso.texto.contains(m_texto))
-            if (const auto accion = std::exchange(m_accion, {}))
-                accion();
-    }
-
-private:
-    nv::Conexion &m_conexion;
-    QString m_texto;
-    std::function<void()> m_accion;
 };
 
 /// A child process: killed when the last row of an accept has been written and nothing is committed.
 int morirAlAceptar(const QStringList &argumentos)
 {
     Escenario e(argumentos.constFirst());
-    const Al al(*e.conexion, u"'96385074'"_s, [] { (void)std::raise(SIGKILL); });
+    Linea linea(e);
+    linea.accionTras = u"'96385074'"_s;
+    linea.accion = [] { (void)std::raise(SIGKILL); };
     e.corre(u"todo 200 R; txtCodBarras = 96385074; F9"_s);
     return 0;
 }
@@ -109,8 +88,7 @@ private Q_SLOTS:
         for (const char16_t *donde :
              {u"UPDATE Articulos SET", u"INTO Articulos_Ref", u"INTO Articulos_CBarras", u"COMMIT"}) {
             Escenario e;
-            ConexionCortable linea(*e.conexion);
-            e.forma->Conexion = &linea;
+            Linea linea(e);
             e.acciones[u"corta"_s] = [&] { linea.cortarEn = QString::fromUtf16(donde); };
             e.acciones[u"nada escrito"_s] = [&] {
                 QCOMPARE(e.rastro(), QString());
@@ -118,8 +96,7 @@ private Q_SLOTS:
                 linea.cortada = false;
                 linea.cortarEn.clear();
             };
-            QVERIFY(e.corre(
-                u"todo 200 R; corta; F9; responde Aceptar; abierto ? 1; Aceptado ? 0; 200 ? 0|; nada escrito; F9"_s));
+            QVERIFY(e.corre(u"todo 200 R; corta; F9; responde Aceptar; abierto ? 1; 200 ? 0|; nada escrito; F9"_s));
             QCOMPARE(e.dicho(), u"Error: Se ha perdido la conexión con el servidor."_s);
             QVERIFY2(e.forma->Aceptado, "once the line is back the same accept goes through");
             QCOMPARE(e.rastro(), u"R981000199810001"_s);
@@ -129,20 +106,27 @@ private Q_SLOTS:
     /// What is wrong, the accept that fails of it, and what comes of it.
     void failed_accept_leaves_nothing_of_it()
     {
+        const QString falla = u"CREATE TRIGGER falla BEFORE INSERT ON Articulos_"_s;
+        const QString lleno = u" BEGIN SELECT RAISE(ABORT, 'lleno'); END"_s;
         for (const auto &[antes, mal, despues, queda, dice] : casos<5>(uR"(
-            EsUlvaro → INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo) VALUES (2, 4, 32) → txtCodBarras =; F9 → 1|ROPA ACME SPORT R/R → Error: ·En este formulario no es posible
-            propia → INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 200, 7, 'R') → cierra → /R → Error: 
+            EsUlvaro → INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo) VALUES (2, 4, 32)
+                ¬ → txtCodBarras =; F9 → 1|ROPA ACME SPORT R/R → Error: ·En este formulario no es posible
+            propia → INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref) VALUES (2, 200, 7, 'R')
+                ¬ → cierra → /R → Error:
             propia → DELETE FROM Articulos WHERE Codigo = 200 → cierra → / → Error: El artículo 200 ya no existe
-            propia → CREATE TRIGGER falla BEFORE INSERT ON Articulos_Ref BEGIN SELECT RAISE(ABORT, 'lleno')¦ END → cierra → / → Error: lleno
-            ajena → CREATE TRIGGER falla BEFORE INSERT ON Articulos_Ref BEGIN SELECT RAISE(ABORT, 'lleno')¦ END → sql DROP TRIGGER falla; F9 → 1|ROPA ACME SPORT R/R → Error: lleno
-            ajena → CREATE TRIGGER falla BEFORE INSERT ON Articulos_CBarras WHEN NEW.Cod_Barras = '96385074' BEGIN SELECT RAISE(ABORT, 'lleno')¦ END → -> cmdCerrar; Enter; visible ? 0 → / → Error: lleno)"_s)) {
+            propia → falla Ref lleno → cierra → / → Error: lleno
+            ajena → falla Ref lleno → sql DROP TRIGGER falla; F9 → 1|ROPA ACME SPORT R/R → Error: lleno
+            ajena → falla CBarras WHEN NEW.Cod_Barras = '96385074' lleno → -> cmdCerrar; Enter; visible ? 0 → /
+                ¬ → Error: lleno)"_s)) {
             Escenario e;
             const bool ajena = antes == u"ajena";
             e.empresa.valores[u"EsUlvaro"_s] = QString::number(antes == u"EsUlvaro");
             if (ajena)
                 e.conexion->Comenzar();
             e.sql(u"INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre) VALUES (4, 1, 'DEL ANFITRION')"_s);
-            e.acciones[u"mal"_s] = [&, orden = QString(mal).replace(u'¦', u';')] { e.sql(orden); };
+            e.acciones[u"mal"_s] = [&, orden = QString(mal).replace(u"falla "_s, falla).replace(u" lleno"_s, lleno)] {
+                e.sql(orden);
+            };
             e.acciones[u"transacción"_s] = [&] { QCOMPARE(e.conexion->enTransaccion(), ajena); };
             QVERIFY(e.corre(
                 u"todo 200 R; txtCodBarras = 96385074; mal; F9; responde Aceptar; abierto ? 1; transacción; "_s +
@@ -166,16 +150,18 @@ private Q_SLOTS:
         QVERIFY(e.dicho().startsWith(u"¡ Atención !: ") && !e.dicho().contains(u'/'));
 
         Escenario cortado;
-        ConexionCortable linea(*cortado.conexion);
+        Linea linea(cortado);
         linea.cortada = true;
-        cortado.forma->Conexion = &linea;
         cortado.forma->Proveedor = 7;
         cortado.forma->Aceptado = true;
         QVERIFY2(cortado.corre(u"responde Aceptar"_s), "one box, however many things failed, and no form");
         QVERIFY(!cortado.forma->Aceptado && !cortado.forma->isVisible());
         for (const bool sinEmpresa : {true, false}) {
             Escenario sin;
-            (sinEmpresa ? (void)(sin.forma->cEmpresa = nullptr) : (void)(sin.forma->Conexion = nullptr));
+            if (sinEmpresa)
+                sin.forma->cEmpresa = nullptr;
+            else
+                sin.forma->Conexion = nullptr;
             QVERIFY(sin.corre(u"responde Aceptar"_s));
         }
     }
@@ -185,10 +171,12 @@ private Q_SLOTS:
         QTemporaryDir carpeta;
         Escenario e(carpeta.filePath(u"c.db"_s));
         const auto otroPuesto = nv::datos::abrirEmbebida(carpeta.filePath(u"c.db"_s));
-        const Al al(*e.conexion, u"SELECT * FROM Articulos WHERE Cod_Empresa =2 AND Codigo =200"_s, [&] {
+        Linea linea(e);
+        linea.accionTras = u"SELECT * FROM Articulos WHERE Cod_Empresa =2 AND Codigo =200"_s;
+        linea.accion = [&] {
             otroPuesto->Ejecutar(nv::Sentencia(
                 u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, Mod_Ficha) VALUES (2, 200, 'DEL OTRO', 1)"));
-        });
+        };
         QVERIFY(e.corre(u"txtCodigo = 200; Enter; responde Aceptar; abierto ? 0; txtCodigo ? 200; Esc"_s));
         QVERIFY(e.dicho().startsWith(u"¡ Atención !: "));
         QCOMPARE(e.ve(u"200"_s), u"1|DEL OTRO"_s);
@@ -197,8 +185,7 @@ private Q_SLOTS:
     void closing_without_connection_is_possible_the_second_time()
     {
         Escenario e;
-        ConexionCortable linea(*e.conexion);
-        e.forma->Conexion = &linea;
+        Linea linea(e);
         e.acciones[u"corta"_s] = [&] { linea.cortada = true; };
         e.acciones[u"vuelve"_s] = [&] { linea.cortada = false; };
         QVERIFY(e.corre(uR"(txtCodigo = 200; Enter; corta; F12; responde Aceptar; abierto ? 1; cierra; responde Aceptar
