@@ -1,108 +1,133 @@
 #pragma once
 
+#include "control/Casos.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Motores.h"
 #include "nvArticulo/nvArticulo.h"
+#include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 
 namespace nv::pruebas {
 
-/// A host form with a box before and a box after the item box, over a small catalogue in memory.
+/// Company 1 with items of 2, suppliers of 3 and customers of 4.
+inline constexpr const char *CatalogoArticulos[] = {
+    "INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)",
+    "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, CualidadX, CualidadY) VALUES (1, 99, 'DE OTRA', 0, 0), "
+    "(2, 12, 'TORNILLO <M8> & TUERCA', 0, 0), (2, 23456, 'JAMÓN', 0, 0), (2, 1234, 'CAMISA', 1, 2), "
+    "(2, 77, 'DE OTRO', 0, 0), (2, 13, NULL, 0, 0)",
+    "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL'), (2, 2, 5, 'ROJO')",
+    "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (2, 12, '8412345678905', "
+    "1)",
+    "INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')",
+    "INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal) VALUES (2, 12, 7, 'ABC', 1), "
+    "(2, 77, 7, 'COMUN', 1), (2, 12, 8, 'COMUN', 1)",
+    "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1'), "
+    "(2, 77, 6, 'SU-1'), (2, 77, 6, 'SOLO')",
+    "INSERT INTO Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1), (2, 12, 50, 1), "
+    "(2, 77, 50, 2), (1, 77, 50, 1), (2, 77, 99999, 1), (2, 77, 100000, 1)",
+    "INSERT INTO Balanzas_Dptos (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'FRUTERIA')",
+};
+
+/// A host form with a box before and a box after the item box, over a small catalogue in memory. It notes what it hears
+/// and every statement that goes out.
 class Formulario : public QWidget, public OyenteSentencias
 {
 public:
     Formulario()
-        : conexion(datos::abrirEmbebida(QStringLiteral(":memory:")))
     {
         auto *columna = new QVBoxLayout(this);
-        for (QWidget *widget :
-             {static_cast<QWidget *>(antes), static_cast<QWidget *>(articulo), static_cast<QWidget *>(despues)})
+        for (QWidget *widget : std::initializer_list<QWidget *>{antes, articulo, despues})
             columna->addWidget(widget);
+        antes->setObjectName(QStringLiteral("antes"));
+        despues->setObjectName(QStringLiteral("despues"));
         articulo->setMinimumHeight(24);
         resize(600, 200);
         articulo->setcEmpresa(&empresa);
         articulo->setConexion(conexion.get());
-        llenar();
+        for (const char *sentencia : CatalogoArticulos)
+            ejecuta(QString::fromUtf8(sentencia));
         conexion->escuchar(this);
+        connect(articulo, &nvArticulo::KeyDown, this, [this](qint16 &c, qint16 &s) { oye("D%d,%d", c, s); });
+        connect(articulo, &nvArticulo::KeyUp, this, [this](qint16 &c, qint16 &s) { oye("U%d,%d", c, s); });
+        connect(articulo, &nvArticulo::KeyPress, this, [this](qint16 &ascii) { oye("P%d", ascii); });
+        connect(articulo, &nvArticulo::Change, this, [this] { oye("C"); });
         show();
         activateWindow();
         (void)QTest::qWaitForWindowActive(this);
         articulo->setFocus();
     }
-    ~Formulario() override { conexion->dejarDeEscuchar(this); }
+    ~Formulario() override
+    {
+        if (conexion)
+            conexion->dejarDeEscuchar(this);
+    }
 
     void sentencia(const SucesoSentencia &suceso) override { sentencias << suceso.texto; }
-
     void ejecuta(const QString &texto) { conexion->Ejecutar(Sentencia::deConsola(texto)); }
 
-    /// Types into the box and confirms.
-    void confirma(const QString &texto)
+    /// "Vital=0 EsUlvaro=1": properties of the component, and by any other name settings of the company.
+    void ajusta(const QString &ajustes)
+    {
+        for (const QString &ajuste : ajustes.split(u' ', Qt::SkipEmptyParts)) {
+            const QString nombre = ajuste.section(u'=', 0, 0);
+            if (!articulo->setProperty(nombre.toLatin1(), ajuste.section(u'=', 1)))
+                empresa.valores[nombre] = ajuste.section(u'=', 1);
+        }
+        empresa.ordenCualidades = empresa.ValorBooleano(QStringLiteral("OrdenCualidades"));
+    }
+
+    /// Types into the box and presses Enter; false when not every window came that was expected.
+    bool confirma(const QString &texto, Qt::Key tecla = Qt::Key_Return)
     {
         articulo->setFocus();
-        caja()->selectAll();
-        if (texto.isEmpty())
-            QTest::keyClick(caja(), Qt::Key_Delete);
-        else
-            QTest::keyClicks(caja(), texto);
+        caja()->clear();
+        teclear(caja(), texto);
         sentencias.clear();
-        QTest::keyClick(caja(), Qt::Key_Return);
+        sucesos.clear();
+        QTest::keyClick(caja(), tecla);
+        return conductor.terminado();
+    }
+    /// The last message box.
+    QString dicho() const
+    {
+        const auto &cajas = conductor.cajas();
+        return cajas.empty() ? QString() : cajas.back().titulo + QStringLiteral(": ") + cajas.back().texto;
+    }
+
+    /// Box | label | the character of Enter | where the focus is | Existe, Pendiente and what is selected.
+    QString retrato() const
+    {
+        const QStringList partes{caja()->text(), articulo->Nombre().simplified(),
+                                 sucesos.filter(QStringLiteral("P")).join(u' '),
+                                 focusWidget() ? focusWidget()->objectName() : QString()};
+        const QString banderas =
+            QString::fromLatin1(articulo->Existe() ? "E" : "") + QLatin1StringView(articulo->Pendiente() ? "P" : "");
+        return partes.join(u'|') + u'|' + banderas + caja()->selectedText();
     }
 
     QLineEdit *caja() const { return articulo->findChild<QLineEdit *>(QStringLiteral("txtCodigo")); }
 
     EmpresaPrueba empresa;
-    std::unique_ptr<Conexion> conexion;
+    std::unique_ptr<Conexion> conexion = datos::abrirEmbebida(QStringLiteral(":memory:"));
     QLineEdit *antes = new QLineEdit(this);
     nvArticulo *articulo = new nvArticulo(this);
     QLineEdit *despues = new QLineEdit(this);
+    Conductor conductor{10000};
     QStringList sentencias;
+    QStringList sucesos; ///< "D65,0" KeyDown, "P97" KeyPress, "U65,0" KeyUp, "C" Change, "F65" a key that nobody took
+
+protected:
+    void keyPressEvent(QKeyEvent *evento) override { oye("F%d", evento->key()); }
 
 private:
-    void llenar()
+    void oye(const char *formato, int primero = 0, int segundo = 0)
     {
-        ejecuta(
-            QStringLiteral("INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)"));
-        const auto inserta = [this](int codigo, const QString &nombre) {
-            ejecuta(QStringLiteral("INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, FAlta, Mod_Ficha) "
-                                   "VALUES (2, %1, '%2', '01/01/2026', 1)")
-                        .arg(codigo)
-                        .arg(nombre));
-        };
-        inserta(12, QStringLiteral("TORNILLO <M8> & TUERCA"));
-        inserta(23456, QStringLiteral("JAMÓN AL CORTE"));
-        inserta(1234, QStringLiteral("CAMISA"));
-        inserta(77, QStringLiteral("DE OTRO"));
-        ejecuta(QStringLiteral("UPDATE Articulos SET CualidadX = 1, CualidadY = 2 WHERE Codigo = 1234"));
-        ejecuta(QStringLiteral(
-            "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL')"));
-        ejecuta(QStringLiteral(
-            "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 2, 5, 'ROJO')"));
-        ejecuta(
-            QStringLiteral("INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
-                           "VALUES (2, 12, '8412345678905', 1, '01/01/2026')"));
-        ejecuta(QStringLiteral("INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS')"));
-        ejecuta(QStringLiteral("INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 8, 'ACEROS')"));
-        const auto referencia = [this](int codigo, int proveedor, const QString &texto) {
-            ejecuta(QStringLiteral("INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal) "
-                                   "VALUES (2, %1, %2, '%3', 1)")
-                        .arg(codigo)
-                        .arg(proveedor)
-                        .arg(texto));
-        };
-        referencia(12, 7, QStringLiteral("ABC"));
-        referencia(77, 7, QStringLiteral("COMUN"));
-        referencia(12, 8, QStringLiteral("COMUN"));
-        ejecuta(QStringLiteral(
-            "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1')"));
-        ejecuta(QStringLiteral(
-            "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 77, 6, 'SU-1')"));
-        ejecuta(QStringLiteral(
-            "INSERT INTO Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1)"));
+        sucesos << QString::asprintf(formato, primero, segundo);
     }
 };
 

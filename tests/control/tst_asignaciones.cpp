@@ -1,309 +1,187 @@
 #include "Formulario.h"
+#include "support/BaseDatos.h"
 #include "support/Programa.h"
 
 #include "barcodes/frmCodBarra_Datos.h"
+#include "creation/frmArticulos_Creacion.h"
 #include "dialogs/frmReferencias_Modificar.h"
-#include "support/Conductor.h"
-
-#include <QFile>
 
 using namespace Qt::StringLiterals;
-using nv::pruebas::Conductor;
-using nv::pruebas::Formulario;
+using namespace nv::pruebas;
 
-/// An unknown barcode or reference, Yes, the item chosen: the document goes on.
+/// An unknown barcode or reference, Yes, the item named: the document goes on.
 class tst_Asignaciones : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void barcode_is_attached_and_the_focus_moves_on();
-    void second_barcode_is_not_main();
-    void barcode_on_another_item_is_moved_only_if_agreed_data();
-    void barcode_on_another_item_is_moved_only_if_agreed();
-    void item_that_is_no_number_is_an_error_data();
-    void item_that_is_no_number_is_an_error();
-    void barcode_dialog_refuses_what_is_missing();
-    void reference_is_attached_to_the_chosen_supplier();
-    void reference_dialog_names_the_last_field_missing();
-    void duplicate_rule_data();
-    void duplicate_rule();
-    void failure_after_the_delete_says_what_is_gone();
-
-private:
-    static nvArticulo *caja(QDialog &dialogo) { return dialogo.findChild<nvArticulo *>(u"txtArticulo"_s); }
-    static void escribe(QWidget *widget, const QString &texto)
+    /// "field=text" over what stands there ("-" empties, "_" is a blank), "field" only goes there; F9 or F12 ends.
+    static void rellena(QDialog &f, const QString &guion)
     {
-        auto *linea = qobject_cast<QLineEdit *>(widget);
-        linea->setFocus();
-        linea->selectAll();
-        QTest::keyClicks(linea, texto);
-    }
-    static QString filas(Formulario &forma, const QString &consulta)
-    {
-        nv::Registros r = forma.conexion->Abrir(nv::Sentencia::deConsola(consulta));
-        QStringList todas;
-        while (r.siguiente()) {
-            QStringList fila;
-            for (int i = 0; i < r.columnas(); ++i)
-                fila << r.textoO(i);
-            todas << fila.join(u':');
+        for (const QString &orden : guion.split(u' ')) {
+            const QString texto = orden.section(u'=', 1).replace(u'_', u' ');
+            if (auto *campo = f.findChild<QWidget *>(orden.section(u'=', 0, 0)))
+                campo->setFocus();
+            else
+                QTest::keyClick(f.focusWidget(), orden == u"F9" ? Qt::Key_F9 : Qt::Key_F12);
+            if (texto.isEmpty())
+                continue;
+            qobject_cast<QLineEdit *>(f.focusWidget())->selectAll();
+            QTest::keyClick(f.focusWidget(), Qt::Key_Delete);
+            QTest::keyClicks(f.focusWidget(), texto == u"-" ? QString() : texto);
         }
-        return todas.join(u' ');
     }
-    static QString barras(Formulario &forma)
+
+    /// What the host gives, what is typed → the box, where the focus is; no focus: accepted.
+    template <class Dialogo>
+    static void acepta(Formulario &forma, Dialogo &dialogo, const QString &guion, const QString &respuesta,
+                       const QString &foco)
     {
-        return filas(forma, u"SELECT Cod_Articulo, Cod_Barras, Principal, Unidades, Automatico FROM Articulos_CBarras "
-                            u"ORDER BY Cod_Articulo, Cod_Barras"_s);
+        dialogo.cEmpresa = &forma.empresa;
+        forma.conductor.con<QDialog>([&](QDialog &f) { rellena(f, guion); });
+        if (!respuesta.isEmpty())
+            forma.conductor.responde(respuesta);
+        if (!foco.isEmpty())
+            forma.conductor.con<QDialog>([&](QDialog &f) {
+                const auto *campo = f.findChild<QWidget *>(foco);
+                QVERIFY2(campo == f.focusWidget() || campo->isAncestorOf(f.focusWidget()), qPrintable(foco));
+                rellena(f, u"F12"_s);
+            });
+        dialogo.MostrarModal();
+        QVERIFY2(forma.conductor.terminado() && dialogo.Aceptado == foco.isEmpty(), qPrintable(guion));
+    }
+
+private Q_SLOTS:
+    /// What is done in the dialog, the answer to the box behind it → rows ("=": as before), title of the last box.
+    void what_was_not_found_goes_to_the_item_that_is_named()
+    {
+        for (const auto &[entrada, guion, respuesta, filas, dice] : casos<5>(uR"(
+            /590   → txtArticulo=12 F9            →         → 12,590,0 12,841,1 → ¡ Atención !
+            /590   → txtArticulo=77 txtCB=591 F9  →         → 12,841,1 77,591,1 → ¡ Atención !
+            /590   → txtArticulo=77 txtCB=841 F9  → No      → =                 → Confirmar
+            /590   → txtArticulo=77 txtCB=841 F9  → Sí      → 77,841,1          → Confirmar
+            /590   → F9                           → Aceptar → =                 → ¡ Error inesperado !
+            /590   → txtArticulo=AB F9            → Aceptar → =                 → ¡ Error inesperado !
+            /590   → txtArticulo=+12 F9           → Aceptar → =                 → ¡ Error inesperado !
+            /590   → txtArticulo=-12 F9           → Aceptar → =                 → ¡ Error inesperado !
+            /590   → txtArticulo=12 F12           →         → =                 → ¡ Atención !
+            .NUEVA → txtArticulo=77 txtProv=8 F9  →         → 12,ABC,1 12,COMUN,1 77,COMUN,1 77,NUEVA,0   → ¡ Atención !
+            .NUEVA → txtArticulo=1234 txtProv=8 F9 →        → 12,ABC,1 12,COMUN,1 77,COMUN,1 1234,NUEVA,1 → ¡ Atención !
+            .NUEVA → txtArticulo=77 txtProv=7 txtReferencia=ABC F9 → No → =                               → Confirmar
+            .NUEVA → txtArticulo=77 txtProv=7 txtReferencia=ABC F9 → Sí → 12,COMUN,1 77,ABC,0 77,COMUN,1  → Confirmar
+            .NUEVA → txtArticulo=77 txtProv=7 F12 →         → =                 → ¡ Atención !)"_s)) {
+            const QString tabla = entrada.startsWith(u'/') ? u"Cod_Barras, Principal FROM Articulos_CBarras"_s
+                                                           : u"Ref, Principal FROM Articulos_Ref"_s;
+            Formulario forma;
+            forma.ejecuta(u"UPDATE Articulos_CBarras SET Cod_Barras = '841'"_s);
+            const auto visto = [&] {
+                return filasDe(*forma.conexion, u"SELECT Cod_Articulo, %1 ORDER BY 1, 2"_s.arg(tabla))
+                    .join(u' ')
+                    .replace(u'|', u',');
+            };
+            const QString antes = visto();
+            forma.conductor.responde(u"Sí"_s).con<QDialog>([&](QDialog &f) {
+                QVERIFY2(f.focusWidget()->objectName() == u"txtCodigo", "no item is proposed");
+                rellena(f, guion);
+            });
+            if (!respuesta.isEmpty())
+                forma.conductor.responde(respuesta);
+            QVERIFY(forma.confirma(entrada));
+            QCOMPARE(visto(), filas == u"=" ? antes : filas);
+            QVERIFY2(filas == u"=" ? forma.retrato() == u"||P0|txtCodigo|P"
+                                   : forma.retrato().endsWith(u"|P13|despues|E"),
+                     qPrintable(guion));
+            QVERIFY2(forma.dicho().startsWith(dice) && guion.contains(forma.articulo->Text()),
+                     qPrintable(forma.dicho()));
+            QCOMPARE(forma.articulo->Proveedor(),
+                     guion.endsWith(u"F12") ? 0 : guion.section(u"txtProv="_s, 1).left(1).toInt());
+        }
+    }
+
+    void fashion_edition_makes_a_new_item_and_remembers_its_values()
+    {
+        Formulario forma;
+        forma.ejecuta(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (5, 'M')"_s);
+        forma.ajusta(u"EsUlvaro=1 Proveedor=8"_s);
+        for (const bool acepta : {false, true, false}) {
+            forma.conductor.responde(u"Sí"_s).con<frmArticulos_Creacion>([&](frmArticulos_Creacion &f) {
+                QVERIFY(f.Ref == u"NUEVA" && f.Proveedor == forma.articulo->Proveedor() &&
+                        f.Marca == (f.Proveedor == 8 ? 0 : 5));
+                f.Codigo = 77;
+                f.Proveedor = 7;
+                f.Marca = 5;
+                f.Aceptado = acepta;
+                f.hide();
+            });
+            QVERIFY(forma.confirma(u".NUEVA"_s));
+            QCOMPARE(forma.retrato(), acepta ? u"77|DE OTRO|P13|despues|E"_s : u"||P0|txtCodigo|P"_s);
+        }
+    }
+
+    void failure_after_the_delete_says_what_is_gone()
+    {
+        Formulario forma;
+        for (const auto &[entrada, tabla, guion, dice] : casos<4>(uR"(
+            /1  → CBarras → txtArticulo=77 txtCB=8412345678905 F9
+                ¬ → El código de barras 8412345678905 ya se ha quitado del artículo 12.
+            .NO → Ref     → txtArticulo=77 txtProv=7 txtReferencia=ABC F9
+                ¬ → La referencia ABC ya se ha quitado de los demás artículos del proveedor 7.)"_s)) {
+            forma.ejecuta(
+                u"CREATE TRIGGER falla%1 BEFORE INSERT ON Articulos_%1 BEGIN SELECT RAISE(ABORT, 'lleno'); END"_s.arg(
+                    tabla));
+            forma.conductor.responde(u"Sí"_s)
+                .con<QDialog>([&](QDialog &f) { rellena(f, guion); })
+                .responde(u"Sí"_s)
+                .responde(u"Aceptar"_s);
+            QVERIFY(forma.confirma(entrada));
+            QVERIFY2(forma.dicho().contains(u"lleno\n"_s + dice), qPrintable(forma.dicho()));
+        }
+    }
+
+    void barcode_dialog_refuses_what_is_missing()
+    {
+        for (const auto &[entrada, guion, dice, foco] : casos<4>(uR"(
+              → txtCB=123 F9                   → ¡ Atención !: Debe especificar datos validos.         → txtCB
+            1 → txtCB=- F9                     → ¡ Atención !: Debe especificar datos validos.         → txtCB
+            1 → txtUnidades=99999 txtCB=123 F9 → ¡ Atención !: Las unidades no pueden pasar de 32767. → txtUnidades
+            1 → txtUnidades=6 txtCB=123 F9     →                                                       →)"_s)) {
+            Formulario forma;
+            frmCodBarra_Datos dialogo(&forma);
+            dialogo.CodBarras = entrada;
+            acepta(forma, dialogo, guion, dice.isEmpty() ? dice : u"Aceptar"_s, foco);
+            QCOMPARE(forma.dicho(), dice);
+            QCOMPARE(dialogo.Unidades, qint16(dice.isEmpty() ? 6 : 1));
+        }
+    }
+
+    void reference_dialog_refuses_what_is_missing_or_similar()
+    {
+        const QString similar =
+            u"Se ha encontrado una referencia de proveedor similar en:\r\n\r\nArtículo: 12 - TORNILLO "
+            u"<M8> & TUERCA\r\nProveedor: 7 - HIERROS\r\nReferencia: a-b.c /\r\n\r\n"_s;
+        for (const auto &[regla, articulo, otros, respuesta, dice, foco] : casos<6>(uR"(
+              →     →                           → Aceptar → Debe especificar el proveedor del artículo  → txtProv
+              →     → txtProv=99                → Aceptar → Debe especificar el código del artículo     → txtArticulo
+              → 12  → txtProv=99                → Aceptar → Debe especificar la referencia del artículo → txtReferencia
+              → 12  → txtProv=99 txtReferencia=R → Aceptar → El proveedor especificado no existe. → txtProv
+              → 999 → txtProv=8 txtReferencia=R → Aceptar → El artículo especificado no existe.         → txtArticulo
+              → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
+            0 → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
+            1 → 77  → txtProv=8 txtReferencia=a-b.c_/ → No      → %1¿Desea continuar?                   → txtReferencia
+            3 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Sí      → %1¿Desea continuar?                   →
+            2 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia
+            4 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia)"_s)) {
+            Formulario forma;
+            forma.empresa.valores[u"Articulos_CheckRefProv"_s] = regla;
+            frmReferencias_Modificar dialogo(&forma);
+            dialogo.Articulo = u"0"_s;
+            acepta(forma, dialogo, u"txtArticulo=%1 %2 F9"_s.arg(articulo, otros).simplified(), respuesta, foco);
+            const QString titulo = respuesta == u"Aceptar" ? u"¡ Atención !: "_s : u"Confirmar operación...: "_s;
+            QVERIFY2(respuesta.isEmpty() ? forma.dicho().isEmpty()
+                                         : forma.dicho().startsWith(titulo + QString(dice).replace(u"%1"_s, similar)),
+                     qPrintable(forma.dicho()));
+        }
     }
 };
-
-void tst_Asignaciones::barcode_is_attached_and_the_focus_moves_on()
-{
-    Formulario forma;
-    Conductor conductor;
-    conductor.responde(u"Sí"_s).con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) {
-        QVERIFY2(caja(f)->Text().isEmpty(), "no item is proposed");
-        QVERIFY(caja(f)->isAncestorOf(f.focusWidget()));
-        QTest::keyClicks(f.focusWidget(), u".ABC"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_Return);
-        QCOMPARE(caja(f)->Codigo(), u"12"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-    });
-    forma.ejecuta(u"DELETE FROM Articulos_CBarras"_s);
-    forma.confirma(u"/5901234123457"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(forma.articulo->Text(), u"12"_s);
-    QVERIFY(forma.articulo->Existe() && forma.focusWidget() == forma.despues);
-    QCOMPARE(barras(forma), u"12:5901234123457:1:1:0"_s);
-}
-
-void tst_Asignaciones::second_barcode_is_not_main()
-{
-    Formulario forma;
-    Conductor conductor;
-    conductor.responde(u"Sí"_s).con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) {
-        QTest::keyClicks(f.focusWidget(), u"12"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_Return);
-        escribe(f.findChild<QWidget *>(u"txtCB"_s), u"5901234123457"_s);
-        escribe(f.findChild<QWidget *>(u"txtUnidades"_s), u"99999"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-    });
-    conductor.responde(u"Aceptar"_s).con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) {
-        QVERIFY(!f.Aceptado);
-        escribe(f.findChild<QWidget *>(u"txtUnidades"_s), u"6"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-        QCOMPARE(f.Unidades, qint16(6));
-    });
-    forma.confirma(u"-1"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(barras(forma), u"12:5901234123457:0:1:0 12:8412345678905:1:1:0"_s);
-}
-
-void tst_Asignaciones::barcode_on_another_item_is_moved_only_if_agreed_data()
-{
-    QTest::addColumn<QString>("respuesta");
-    QTest::addColumn<QString>("quedan");
-    QTest::newRow("no") << u"No"_s << u"12:8412345678905:1:1:0"_s;
-    QTest::newRow("yes") << u"Sí"_s << u"77:8412345678905:1:1:0"_s;
-}
-
-void tst_Asignaciones::barcode_on_another_item_is_moved_only_if_agreed()
-{
-    QFETCH(QString, respuesta);
-    Formulario forma;
-    Conductor conductor;
-    conductor.responde(u"Sí"_s)
-        .con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) {
-            QTest::keyClicks(f.focusWidget(), u"77"_s);
-            escribe(f.findChild<QWidget *>(u"txtCB"_s), u"8412345678905"_s);
-            QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-        })
-        .responde(respuesta);
-    forma.confirma(u"/841"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(conductor.cajas().back().titulo, u"Confirmar"_s);
-    QCOMPARE(conductor.cajas().back().texto,
-             u"El código de barras especificado ya existe en el artículo: 12 ¿Desea traspasarlo?"_s);
-    QTEST(barras(forma), "quedan");
-    QCOMPARE(forma.articulo->Existe(), respuesta == u"Sí");
-}
-
-void tst_Asignaciones::item_that_is_no_number_is_an_error_data()
-{
-    QTest::addColumn<QString>("articulo");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("letters") << u"AB"_s;
-    QTest::newRow("a PLU left unconfirmed") << u"+12"_s;
-    QTest::newRow("a barcode left unconfirmed") << u"-12"_s;
-}
-
-void tst_Asignaciones::item_that_is_no_number_is_an_error()
-{
-    QFETCH(QString, articulo);
-    Formulario forma;
-    const QString antes = barras(forma);
-    Conductor conductor;
-    conductor.responde(u"Sí"_s)
-        .con<frmCodBarra_Datos>([&](frmCodBarra_Datos &f) {
-            QTest::keyClicks(f.focusWidget(), articulo);
-            QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-        })
-        .responde(u"Aceptar"_s);
-    forma.confirma(u"/777"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(conductor.cajas().back().titulo, u"¡ Error inesperado !"_s);
-    QCOMPARE(barras(forma), antes);
-    QVERIFY(forma.articulo->Text().isEmpty() && forma.focusWidget() == forma.caja());
-}
-
-void tst_Asignaciones::barcode_dialog_refuses_what_is_missing()
-{
-    Formulario forma;
-    for (const bool vacioDeEntrada : {true, false}) {
-        frmCodBarra_Datos dialogo(&forma);
-        dialogo.cEmpresa = &forma.empresa;
-        dialogo.CodBarras = vacioDeEntrada ? QString() : u"1"_s;
-        Conductor conductor;
-        conductor
-            .con<frmCodBarra_Datos>([&](frmCodBarra_Datos &f) {
-                if (vacioDeEntrada)
-                    escribe(f.findChild<QWidget *>(u"txtCB"_s), u"123"_s);
-                else
-                    f.findChild<QLineEdit *>(u"txtCB"_s)->clear();
-                QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-            })
-            .responde(u"Aceptar"_s)
-            .con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) { QTest::keyClick(f.focusWidget(), Qt::Key_F12); });
-        dialogo.MostrarModal();
-        QVERIFY(conductor.terminado() && !dialogo.Aceptado);
-        QCOMPARE(conductor.cajas().back().texto, u"Debe especificar datos validos."_s);
-    }
-}
-
-void tst_Asignaciones::reference_is_attached_to_the_chosen_supplier()
-{
-    Formulario forma;
-    Conductor conductor;
-    conductor.responde(u"Sí"_s).con<frmReferencias_Modificar>([](frmReferencias_Modificar &f) {
-        QTest::keyClicks(f.focusWidget(), u"77"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_Return);
-        QTest::keyClicks(f.focusWidget(), u"8"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_Return);
-        QCOMPARE(qobject_cast<QLineEdit *>(f.focusWidget())->text(), u"NUEVA"_s);
-        QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-    });
-    forma.confirma(u".NUEVA"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(forma.articulo->Text(), u"77"_s);
-    QCOMPARE(forma.articulo->Proveedor(), 8);
-    QVERIFY(forma.articulo->Existe());
-    QCOMPARE(filas(forma, u"SELECT Cod_Articulo, Cod_Prov, Principal FROM Articulos_Ref WHERE Ref = 'NUEVA'"_s),
-             u"77:8:0"_s);
-}
-
-void tst_Asignaciones::reference_dialog_names_the_last_field_missing()
-{
-    Formulario forma;
-    frmReferencias_Modificar dialogo(&forma);
-    dialogo.cEmpresa = &forma.empresa;
-    dialogo.Articulo = u"0"_s;
-    Conductor conductor;
-    const auto f9 = [](frmReferencias_Modificar &f) { QTest::keyClick(f.focusWidget(), Qt::Key_F9); };
-    conductor.con<frmReferencias_Modificar>(f9).responde(u"Aceptar"_s);
-    conductor.con<frmReferencias_Modificar>([&](frmReferencias_Modificar &f) {
-        QVERIFY(f.findChild<QWidget *>(u"txtProv"_s)->isAncestorOf(f.focusWidget()));
-        QTest::keyClicks(f.focusWidget(), u"99"_s);
-        escribe(f.findChild<QWidget *>(u"txtReferencia"_s), u"R"_s);
-        f9(f);
-    });
-    conductor.responde(u"Aceptar"_s);
-    conductor.con<frmReferencias_Modificar>([&](frmReferencias_Modificar &f) {
-        caja(f)->setText(u"999"_s);
-        f9(f);
-    });
-    conductor.responde(u"Aceptar"_s);
-    conductor.con<frmReferencias_Modificar>([](frmReferencias_Modificar &f) { f.close(); });
-    dialogo.MostrarModal();
-    QVERIFY(conductor.terminado() && !dialogo.Aceptado);
-    QStringList textos;
-    for (const auto &vista : conductor.cajas())
-        textos << vista.texto;
-    QCOMPARE(textos,
-             (QStringList{u"Debe especificar el proveedor del artículo"_s, u"Debe especificar el código del artículo"_s,
-                          u"El proveedor especificado no existe."_s}));
-}
-
-void tst_Asignaciones::duplicate_rule_data()
-{
-    QTest::addColumn<QString>("regla");
-    QTest::addColumn<QString>("respuesta"); // empty: nothing is shown
-    QTest::addColumn<bool>("aceptado");
-    QTest::newRow("empty") << QString() << QString() << true;
-    QTest::newRow("0") << u"0"_s << QString() << true;
-    QTest::newRow("1, no") << u"1"_s << u"No"_s << false;
-    QTest::newRow("3, yes") << u"3"_s << u"Sí"_s << true;
-    QTest::newRow("2") << u"2"_s << u"Aceptar"_s << false;
-    QTest::newRow("4") << u"4"_s << u"Aceptar"_s << false;
-}
-
-void tst_Asignaciones::duplicate_rule()
-{
-    QFETCH(QString, regla);
-    QFETCH(QString, respuesta);
-    QFETCH(bool, aceptado);
-    Formulario forma;
-    forma.empresa.valores[u"Articulos_CheckRefProv"_s] = regla;
-    frmReferencias_Modificar dialogo(&forma);
-    dialogo.cEmpresa = &forma.empresa;
-    dialogo.Articulo = u"77"_s;
-    dialogo.Proveedor = 8;
-    dialogo.Referencia = u"a-b.c /"_s;
-    Conductor conductor;
-    conductor.con<frmReferencias_Modificar>(
-        [](frmReferencias_Modificar &f) { QTest::keyClick(f.focusWidget(), Qt::Key_F9); });
-    if (!respuesta.isEmpty())
-        conductor.responde(respuesta);
-    if (!aceptado)
-        conductor.con<frmReferencias_Modificar>([](frmReferencias_Modificar &f) {
-            QCOMPARE(f.focusWidget()->objectName(), u"txtReferencia"_s);
-            f.close();
-        });
-    dialogo.MostrarModal();
-    QVERIFY(conductor.terminado());
-    QCOMPARE(dialogo.Aceptado, aceptado);
-    if (respuesta.isEmpty())
-        return;
-    const bool pregunta = respuesta != u"Aceptar";
-    QCOMPARE(conductor.cajas().back().titulo, pregunta ? u"Confirmar operación..."_s : u"¡ Atención !"_s);
-    QCOMPARE(
-        conductor.cajas().back().texto,
-        u"Se ha encontrado una referencia de proveedor similar en:\r\n\r\nArtículo: 12 - TORNILLO <M8> & TUERCA\r\n"
-        u"Proveedor: 7 - HIERROS\r\nReferencia: a-b.c /\r\n\r\n"_s +
-            (pregunta ? u"¿Desea continuar?"_s : u"NO SE PERMITE DUPLICAR UNA REFERENCIA DE PROVEEDOR."_s));
-}
-
-void tst_Asignaciones::failure_after_the_delete_says_what_is_gone()
-{
-    Formulario forma;
-    forma.ejecuta(
-        u"CREATE TRIGGER falla BEFORE INSERT ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'disco lleno'); END"_s);
-    Conductor conductor;
-    conductor.responde(u"Sí"_s)
-        .con<frmCodBarra_Datos>([](frmCodBarra_Datos &f) {
-            QTest::keyClicks(f.focusWidget(), u"77"_s);
-            escribe(f.findChild<QWidget *>(u"txtCB"_s), u"8412345678905"_s);
-            QTest::keyClick(f.focusWidget(), Qt::Key_F9);
-        })
-        .responde(u"Sí"_s)
-        .responde(u"Aceptar"_s);
-    forma.confirma(u"/841"_s);
-    QVERIFY(conductor.terminado());
-    const QStringList lineas = conductor.cajas().back().texto.split(u'\n');
-    QCOMPARE(lineas.size(), 2);
-    QVERIFY(lineas[0].contains(u"disco lleno"));
-    QVERIFY(lineas[1].contains(u"8412345678905") && lineas[1].contains(u"12"));
-}
 
 NV_PRUEBA(tst_Asignaciones)
 #include "tst_asignaciones.moc"

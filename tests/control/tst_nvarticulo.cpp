@@ -1,304 +1,336 @@
 #include "Formulario.h"
 #include "support/Programa.h"
 
+#include "common/ContratoBusqueda.h"
 #include "nvArticulo/BolsaPropiedades.h"
 #include "nvArticulo/Error.h"
 #include "platform/widgets/Twips.h"
-#include "support/Conductor.h"
 
+#include <QDialog>
 #include <QLabel>
+#include <QShortcut>
+#include <QSignalSpy>
+#include <malloc.h>
 
 using namespace Qt::StringLiterals;
-using nv::pruebas::Formulario;
+using namespace nv::pruebas;
 
-/// Surface: stored properties, layout, texts, focus and keys.
+/// Surface: stored properties, layout, texts, focus, keys and mouse, and a host that deletes the box in the middle.
 class tst_nvArticulo : public QObject
 {
     Q_OBJECT
 
+    static QColor fondo(const QWidget *widget) { return widget->palette().color(QPalette::Base); }
+
 private Q_SLOTS:
-    void bag_keeps_order_and_defaults();
-    void code_reads_as_number_and_empties_the_label();
-    void text_shows_brackets_for_its_own_width();
-    void layout_follows_the_width();
-    void disabled_box_is_grey_and_stays_so();
-    void host_sees_the_old_state_in_change();
-    void host_rewrites_characters();
-    void up_goes_back_and_tells_the_host();
-    void enter_moves_on_after_the_host_saw_the_key();
-    void queued_scan_lands_in_the_next_box();
-    void description_load_cleans_the_text_data();
-    void description_load_cleans_the_text();
-    void model_is_read_once_known();
-    void slot_keeps_the_first_connection();
-};
-
-void tst_nvArticulo::bag_keeps_order_and_defaults()
-{
-    QWidget forma;
-    nvArticulo articulo(&forma);
-    nv::BolsaPropiedades fresca;
-    articulo.WriteProperties(fresca);
-    QCOMPARE(fresca.claves(), std::vector<QString>{u"KeyFichaArt"_s});
-    QCOMPARE(fresca.leer(u"KeyFichaArt"_s, 0).toInt(), 115);
-
-    articulo.ReadProperties(nv::BolsaPropiedades());
-    QCOMPARE(articulo.KeyFichaArt(), 118);
-    nv::BolsaPropiedades vacia;
-    articulo.WriteProperties(vacia);
-    QVERIFY(vacia.claves().empty());
-
-    QSignalSpy cambios(&articulo, &nvArticulo::PropertyChanged);
-    articulo.setVital(false);
-    articulo.setLocked(true);
-    articulo.setText(u"  12 "_s);
-    articulo.setAppearance(0);
-    articulo.setTipoFicha(nvArticulo::FichaArticulos_Mini_1);
-    articulo.setModelo(3);
-    articulo.DejarEnBlanco = true;
-    QCOMPARE(cambios.count(), 6);
-    nv::BolsaPropiedades llena;
-    articulo.WriteProperties(llena);
-    QCOMPARE(llena.claves(), (std::vector<QString>{u"Locked"_s, u"Text"_s, u"Vital"_s, u"DejarEnBlanco"_s,
-                                                   u"TipoFicha"_s, u"Appearance"_s}));
-    nvArticulo otra(&forma);
-    otra.ReadProperties(llena);
-    QCOMPARE(otra.Text(), u"12"_s);
-    QVERIFY(!otra.Vital() && otra.Locked() && otra.DejarEnBlanco && otra.TipoFicha() == 2 && otra.Appearance() == 0);
-    QCOMPARE(otra.MaxLength(), 21);
-    QVERIFY_THROWS_EXCEPTION(nv::Error, otra.setAppearance(2));
-}
-
-void tst_nvArticulo::code_reads_as_number_and_empties_the_label()
-{
-    Formulario forma;
-    forma.articulo->setCodigo(u"  00123 "_s);
-    QCOMPARE(forma.articulo->Text(), u"00123"_s);
-    QCOMPARE(forma.articulo->Codigo(), u"123"_s);
-    forma.articulo->setCodigo(u"ABC"_s);
-    QCOMPARE(forma.articulo->Value(), u"0"_s);
-    forma.articulo->setCodigo(u"1E999"_s);
-    QCOMPARE(forma.articulo->Codigo(), u"0"_s);
-
-    forma.articulo->setCodigo(u"12"_s);
-    QVERIFY(forma.articulo->Cargar());
-    QVERIFY(forma.articulo->Existe() && !forma.articulo->Pendiente());
-    QCOMPARE(forma.articulo->Nombre(), u"TORNILLO <M8> & TUERCA"_s);
-    forma.articulo->setCodigo(u"12"_s);
-    QVERIFY2(!forma.articulo->Existe() && forma.articulo->Pendiente(), "the same text again fires no change");
-    QVERIFY(forma.articulo->Nombre().isEmpty());
-    QCOMPARE(forma.articulo->Nombre_CualidadX(), u"0"_s);
-}
-
-void tst_nvArticulo::text_shows_brackets_for_its_own_width()
-{
-    QWidget forma;
-    nvArticulo articulo(&forma);
-    articulo.resize(nv::twips::aPixeles(6000, &articulo), 24);
-    const int blanco = nv::twips::dePixeles(articulo.fontMetrics().horizontalAdvance(u' '), &articulo);
-    const int ancho = nv::twips::dePixeles(articulo.width(), &articulo);
-    articulo.setText(u"5"_s);
-    QCOMPARE(articulo.Nombre(), u'[' + QString((ancho - 1785) / blanco - 2, u' ') + u']');
-    articulo.setCodigo(u"5"_s);
-    articulo.resize(articulo.width() + 40, 24);
-    forma.show();
-    const int mayor = nv::twips::dePixeles(articulo.width(), &articulo);
-    QCOMPARE(articulo.Nombre(), u'[' + QString((mayor - 1380) / blanco - 2, u' ') + u']');
-    const QString hueco = articulo.Nombre();
-    articulo.resize(articulo.width() + 100, 24);
-    QVERIFY2(articulo.Nombre() == hueco, "a label that shows something keeps it");
-}
-
-void tst_nvArticulo::layout_follows_the_width()
-{
-    QWidget forma;
-    nvArticulo articulo(&forma);
-    auto *caja = articulo.findChild<QWidget *>(u"txtCodigo"_s);
-    auto *nombre = articulo.findChild<QWidget *>(u"lblNombre"_s);
-    forma.show();
-    articulo.resize(300, 40);
-    QCOMPARE(caja->geometry(), QRect(0, 0, 92, 40));
-    QCOMPARE(nombre->geometry(), QRect(92, 13, 208, 34));
-    articulo.resize(80, 40);
-    QCOMPARE(articulo.width(), 62);
-    QCOMPARE(caja->geometry(), QRect(0, 0, 92, 40));
-    articulo.resize(300, 10);
-    QCOMPARE(caja->geometry(), QRect(0, 0, 92, 40));
-}
-
-void tst_nvArticulo::disabled_box_is_grey_and_stays_so()
-{
-    Formulario forma;
-    const QColor normal = forma.antes->palette().color(QPalette::Base);
-    QCOMPARE(forma.caja()->palette().color(QPalette::Base), QColor(192, 255, 255));
-    forma.articulo->setEnabled(false);
-    QVERIFY(!forma.articulo->Enabled());
-    QCOMPARE(forma.caja()->palette().color(QPalette::Base), QColor(224, 224, 224));
-    forma.articulo->setEnabled(true);
-    QCOMPARE(forma.caja()->palette().color(QPalette::Base), normal);
-    forma.articulo->setFocus();
-    forma.caja()->setText(u"123"_s);
-    forma.despues->setFocus();
-    QCOMPARE(forma.caja()->palette().color(QPalette::Base), normal);
-    QVERIFY2(forma.sentencias.isEmpty() && forma.articulo->Text() == u"123", "leaving the box resolves nothing");
-    forma.articulo->setFocus();
-    QCOMPARE(forma.caja()->selectedText(), u"123"_s);
-    forma.setEnabled(false);
-    QVERIFY2(forma.articulo->Enabled(), "the form's state is not the component's own");
-}
-
-void tst_nvArticulo::host_sees_the_old_state_in_change()
-{
-    Formulario forma;
-    forma.confirma(u"12"_s);
-    QVERIFY(forma.articulo->Existe());
-    QList<bool> vistos;
-    connect(forma.articulo, &nvArticulo::Change, &forma, [&] { vistos << forma.articulo->Existe(); });
-    forma.articulo->setFocus();
-    QTest::keyClicks(forma.caja(), u"7"_s);
-    QCOMPARE(vistos, QList<bool>{true});
-    QVERIFY(!forma.articulo->Existe());
-    QVERIFY2(!forma.articulo->Nombre().isEmpty(), "typing never clears the label");
-}
-
-void tst_nvArticulo::host_rewrites_characters()
-{
-    Formulario forma;
-    QList<int> vistos;
-    connect(forma.articulo, &nvArticulo::KeyPress, &forma, [&](qint16 &ascii) {
-        vistos << ascii;
-        if (ascii == u'a')
-            ascii = u'A';
-        else if (ascii == u'x')
-            ascii = 0;
-    });
-    QTest::keyClicks(forma.caja(), u"ax"_s);
-    QTest::sendKeyEvent(QTest::Click, forma.caja(), Qt::Key_Ntilde, u"ñ"_s, Qt::NoModifier);
-    // No key of its own on the host's table, and still a character.
-    QTest::sendKeyEvent(QTest::Click, forma.caja(), Qt::Key_At, u"@"_s, Qt::NoModifier);
-    QTest::keyClick(forma.caja(), Qt::Key_Backspace);
-    QTest::keyClick(forma.caja(), Qt::Key_Backspace);
-    QTest::keyClick(forma.caja(), Qt::Key_Escape);
-    QCOMPARE(forma.caja()->text(), u"A"_s);
-    QCOMPARE(vistos, (QList<int>{'a', 'x', 241, '@', 8, 8, 27}));
-    connect(forma.articulo, &nvArticulo::KeyDown, &forma, [](qint16 &codigo, qint16 &) { codigo = 0; });
-    QTest::keyClicks(forma.caja(), u"b"_s);
-    QCOMPARE(forma.caja()->text(), u"A"_s);
-}
-
-void tst_nvArticulo::up_goes_back_and_tells_the_host()
-{
-    Formulario forma;
-    QList<int> teclas;
-    connect(forma.articulo, &nvArticulo::KeyDown, &forma, [&](qint16 &codigo, qint16 &) { teclas << codigo; });
-    QTest::keyClick(forma.caja(), Qt::Key_Up);
-    QVERIFY(forma.antes->hasFocus());
-    forma.articulo->setFocus();
-    forma.articulo->setKeyUpChangeFocus(false);
-    QTest::keyClick(forma.caja(), Qt::Key_Up);
-    QVERIFY(forma.caja()->hasFocus());
-    QCOMPARE(teclas, (QList<int>{38, 38}));
-}
-
-void tst_nvArticulo::enter_moves_on_after_the_host_saw_the_key()
-{
-    Formulario forma;
-    QList<int> ascii;
-    bool aunDentro = false;
-    connect(forma.articulo, &nvArticulo::KeyPress, &forma, [&](qint16 &tecla) {
-        ascii << tecla;
-        aunDentro = forma.caja()->hasFocus() && forma.articulo->Existe();
-    });
-    forma.articulo->setFocus();
-    forma.caja()->setText(u"00012"_s);
-    QTest::keyClick(forma.caja(), Qt::Key_Enter, Qt::KeypadModifier);
-    QCOMPARE(ascii, QList<int>{13});
-    QVERIFY(aunDentro);
-    QVERIFY(forma.despues->hasFocus());
-    QCOMPARE(forma.caja()->text(), u"00012"_s);
-
-    forma.articulo->setKeyEnterChangeFocus(false);
-    forma.confirma(u"12"_s);
-    QVERIFY(forma.caja()->hasFocus());
-    QCOMPARE(forma.articulo->Emular_Enter(u"12"_s).toString(), u"12"_s);
-    QCOMPARE(forma.articulo->Emular_Enter(u"99"_s).metaType(), QMetaType::fromType<qint16>());
-}
-
-/// Keys that the window system has queued are delivered before anything that the component could post.
-void tst_nvArticulo::queued_scan_lands_in_the_next_box()
-{
-    Formulario forma;
-    nv::pruebas::encolarLectura(&forma, u"12"_s);
-    nv::pruebas::encolarTecla(&forma, Qt::Key_9, u"9"_s);
-    nv::pruebas::encolarTecla(&forma, Qt::Key_9, u"9"_s);
-    QCoreApplication::processEvents();
-    QCOMPARE(forma.articulo->Text(), u"12"_s);
-    QVERIFY(forma.articulo->Existe());
-    QCOMPARE(forma.despues->text(), u"99"_s);
-}
-
-void tst_nvArticulo::description_load_cleans_the_text_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<bool>("vital");
-    QTest::addColumn<bool>("hallado");
-    QTest::addColumn<QString>("queda");
-    QTest::addColumn<QString>("consultado");
-    QTest::newRow("points and comma go") << u"1.234,5"_s << false << false << u"12345"_s << u"12345"_s;
-    QTest::newRow("zeros stay in the box") << u"00012"_s << true << true << u"00012"_s << u"12"_s;
-    QTest::newRow("letters look up item 0") << u"ABC"_s << false << false << u"ABC"_s << u"0"_s;
-    QTest::newRow("twenty-one digits are just not found")
-        << u"123456789012345678901"_s << false << false << u"123456789012345678901"_s << u"123456789012345678901"_s;
-    QTest::newRow("unknown and vital empties") << u"99"_s << true << false << QString() << u"99"_s;
-}
-
-void tst_nvArticulo::description_load_cleans_the_text()
-{
-    QFETCH(QString, texto);
-    QFETCH(bool, vital);
-    QFETCH(bool, hallado);
-    QFETCH(QString, queda);
-    QFETCH(QString, consultado);
-    Formulario forma;
-    forma.articulo->setVital(vital);
-    forma.articulo->setCodigo(texto);
-    forma.sentencias.clear();
-    QCOMPARE(forma.articulo->Cargar(), hallado);
-    QCOMPARE(forma.articulo->Text(), queda);
-    QCOMPARE(forma.sentencias,
-             QStringList{u"SELECT Descripcion FROM Articulos WHERE Cod_Empresa =2 AND Codigo ="_s + consultado});
-    QVERIFY(!forma.articulo->Pendiente());
-}
-
-void tst_nvArticulo::model_is_read_once_known()
-{
-    QWidget padre;
-    nvArticulo articulo(&padre);
-    QCOMPARE(articulo.Modelo(), qint16(0));
-    nv::pruebas::EmpresaPrueba empresa;
-    empresa.valores[u"BusquedaArticulos"_s] = u"5"_s;
-    articulo.setcEmpresa(&empresa);
-    QCOMPARE(articulo.Modelo(), qint16(5));
-    empresa.valores[u"BusquedaArticulos"_s] = u"7"_s;
-    QCOMPARE(articulo.Modelo(), qint16(5));
-}
-
-void tst_nvArticulo::slot_keeps_the_first_connection()
-{
-    auto primera = nv::datos::abrirEmbebida(u":memory:"_s);
-    auto segunda = nv::datos::abrirEmbebida(u":memory:"_s);
+    void bag_keeps_order_and_defaults()
     {
-        QWidget padre;
-        nvArticulo una(&padre);
-        nvArticulo otra(&padre);
-        una.setConexion(primera.get());
-        otra.setConexion(segunda.get());
-        QCOMPARE(nv::ranura::actual(), primera.get());
+        QWidget forma;
+        nvArticulo articulo(&forma);
+        nv::BolsaPropiedades fresca;
+        articulo.WriteProperties(fresca);
+        QCOMPARE(fresca.claves(), std::vector<QString>{u"KeyFichaArt"_s});
+        QCOMPARE(fresca.leer(u"KeyFichaArt"_s, 0).toInt(), 115);
+
+        articulo.ReadProperties(nv::BolsaPropiedades());
+        QCOMPARE(articulo.KeyFichaArt(), 118);
+        nv::BolsaPropiedades vacia;
+        articulo.WriteProperties(vacia);
+        QVERIFY(vacia.claves().empty());
+
+        QSignalSpy cambios(&articulo, &nvArticulo::PropertyChanged);
+        std::vector<QString> claves;
+        const QStringList valores =
+            u"CausesValidation=0 Locked=1 Text=12 ToolTipText=<a> Vital=0 Inicial=0 KeyUpChangeFocus=0 "
+            u"KeyEnterChangeFocus=0 DejarEnBlanco=1 KeyFichaArt=5 TipoFicha=FichaArticulos_Mini_1 "
+            u"Appearance=0"_s.split(u' ');
+        for (const QString &valor : valores) {
+            claves.push_back(valor.section(u'=', 0, 0));
+            QVERIFY(articulo.setProperty(claves.back().toLatin1(), valor.section(u'=', 1)));
+        }
+        QCOMPARE(cambios.count(), 11); // one of them is a plain member
+        nv::BolsaPropiedades llena;
+        articulo.WriteProperties(llena);
+        QCOMPARE(llena.claves(), claves);
+        nvArticulo otra(&forma), intacta(&forma);
+        otra.ReadProperties(llena);
+        for (const QString &clave : claves) {
+            QCOMPARE(otra.property(clave.toLatin1()), articulo.property(clave.toLatin1()));
+            QVERIFY2(otra.property(clave.toLatin1()) != intacta.property(clave.toLatin1()), qPrintable(clave));
+        }
+        auto *caja = otra.findChild<QLineEdit *>();
+        llena.escribir(u"Enabled"_s, false, true);
+        otra.ReadProperties(llena);
+        QVERIFY2(!caja->isEnabled() && otra.Enabled(), "the box alone is stored disabled");
+        otra.setEnabled(true);
+        QVERIFY(caja->isEnabled() && !caja->hasFrame() && caja->maxLength() == 21);
+        QCOMPARE(caja->toolTip(), u"<span>&lt;a&gt;</span>"_s);
+        for (const int appearance : {-1, 2})
+            QVERIFY_THROWS_EXCEPTION(nv::Error, otra.setAppearance(appearance));
     }
-    QVERIFY2(nv::ranura::actual() == primera.get(), "a box that dies takes no connection along");
-    primera.reset();
-    QVERIFY(nv::ranura::actual() == nullptr);
-}
+
+    void a_code_set_by_the_host_is_looked_up_when_it_says_so()
+    {
+        Formulario forma;
+        nvArticulo &a = *forma.articulo;
+        for (const auto &[texto, ajustes, caja, codigo, queda] : casos<5>(uR"(
+            00012   → Vital=1 → 00012   → 12    → 00012|TORNILLO <M8> & TUERCA||txtCodigo|E
+            12      → Vital=1 → 12      → 12    → 12|TORNILLO <M8> & TUERCA||txtCodigo|E
+            1.234,5 → Vital=0 → 1.234,5 → 1.234 → 12345|||txtCodigo|
+            ·ABC·   → Vital=0 → ABC     → 0     → ABC|||txtCodigo|
+            1E999   → Vital=0 → 1E999   → 0     → 1E999|||txtCodigo|P
+            99      → Vital=1 → 99      → 99    → |||txtCodigo|)"_s)) {
+            forma.ajusta(ajustes);
+            a.setCodigo(texto);
+            QVERIFY(a.Text() == caja && a.Nombre().isEmpty() && !a.Existe() && a.Pendiente());
+            QVERIFY2(a.Codigo() == codigo && a.Value() == codigo, qPrintable(a.Codigo()));
+            if (queda.endsWith(u'P'))
+                forma.conductor.responde(u"Aceptar"_s);
+            QCOMPARE(a.Cargar(), queda.endsWith(u'E'));
+            QCOMPARE(forma.retrato(), queda);
+        }
+    }
+
+    void the_label_follows_the_width()
+    {
+        Formulario forma;
+        for (int ancho = 85; ancho < 140; ++ancho) {
+            QWidget padre;
+            nvArticulo articulo(&padre);
+            articulo.resize(ancho, 40);
+            padre.show();
+            const int blanco = nv::twips::dePixeles(articulo.fontMetrics().horizontalAdvance(u' '), &articulo);
+            const auto hueco = [&](int fijo) {
+                const int libres = (nv::twips::dePixeles(articulo.width(), &articulo) - fijo) / blanco - 2;
+                return libres < 1 ? QString() : u'[' + QString(libres, u' ') + u']';
+            };
+            QCOMPARE(articulo.width(), ancho < 92 ? 62 : ancho);
+            QCOMPARE(articulo.Nombre(), hueco(1380));
+            articulo.setText(u"5"_s);
+            QCOMPARE(articulo.Nombre(), hueco(1785).isEmpty() ? hueco(1380) : hueco(1785));
+            const QString antes = articulo.Nombre();
+            articulo.resize(300, 40);
+            QVERIFY2(articulo.Nombre() == antes || antes.isEmpty(), "a label that shows something keeps it");
+            QCOMPARE(articulo.findChild<QLabel *>()->geometry(), QRect(92, 13, 208, 34));
+            articulo.resize(301, 13);
+            QCOMPARE(articulo.findChild<QLineEdit *>()->height(), 13);
+            articulo.resize(301, 12);
+            QCOMPARE(articulo.findChild<QLineEdit *>()->height(), 13);
+        }
+        const int nombre = QFontMetrics(forma.articulo->Font()).horizontalAdvance(u"TORNILLO <M8> & TUERCA"_s);
+        forma.articulo->setCodigo(u"12"_s);
+        for (const int holgura : {50, -20}) {
+            forma.articulo->resize(92 + nombre + holgura, 24);
+            QVERIFY(forma.articulo->Cargar());
+            QCOMPARE(forma.articulo->findChild<QLabel *>()->toolTip(),
+                     holgura > 0 ? QString() : u"<span>TORNILLO &lt;M8&gt; &amp; TUERCA</span>"_s);
+        }
+    }
+
+    void colour_and_selection_follow_the_focus()
+    {
+        Formulario forma;
+        const QColor normal = fondo(forma.antes);
+        forma.articulo->setCodigo(u"123"_s);
+        forma.sentencias.clear();
+        const std::tuple<QWidget *, Qt::FocusReason, QColor, QStringView> casos[] = {
+            {forma.despues, Qt::OtherFocusReason, normal, u""},
+            {forma.articulo, Qt::TabFocusReason, QColor(192, 255, 255), u"123"},
+            {forma.despues, Qt::PopupFocusReason, QColor(192, 255, 255), u""},
+            {forma.articulo, Qt::MenuBarFocusReason, QColor(192, 255, 255), u""},
+            {forma.despues, Qt::TabFocusReason, normal, u""},
+            {forma.articulo, Qt::PopupFocusReason, normal, u""},
+            {forma.despues, Qt::TabFocusReason, normal, u""},
+            {forma.articulo, Qt::ActiveWindowFocusReason, QColor(192, 255, 255), u""},
+        };
+        for (const auto &[widget, motivo, color, seleccion] : casos) {
+            forma.caja()->deselect();
+            widget->setFocus(motivo);
+            QCOMPARE(fondo(forma.caja()), color);
+            QCOMPARE(forma.caja()->selectedText(), seleccion);
+        }
+        QVERIFY2(forma.sentencias.isEmpty() && forma.articulo->Text() == u"123", "leaving the box resolves nothing");
+        forma.articulo->setEnabled(false);
+        QVERIFY(!forma.articulo->Enabled() && fondo(forma.caja()) == QColor(224, 224, 224));
+        forma.articulo->setEnabled(true);
+        QCOMPARE(fondo(forma.caja()), normal);
+        forma.setEnabled(false);
+        QVERIFY2(forma.articulo->Enabled(), "the form's state is not the component's own");
+    }
+
+    /// What the host hears of keys, and what is in the box then. It makes "A" of "a" and takes "x" and the key "Y" away.
+    void host_hears_and_rewrites_keys()
+    {
+        Formulario forma;
+        connect(forma.articulo, &nvArticulo::KeyPress, &forma, [](qint16 &ascii) {
+            ascii = ascii == u'a' ? u'A' : ascii == u'x' ? 0 : ascii;
+        });
+        connect(forma.articulo, &nvArticulo::KeyDown, &forma, [](qint16 &c, qint16 &) { c = c == u'Y' ? 0 : c; });
+        for (const auto tecla : {Qt::Key_Up, Qt::Key_F3, Qt::Key_F5})
+            connect(new QShortcut(tecla, &forma), &QShortcut::activated, &forma, [&] { forma.sucesos << u"atajo"_s; });
+        forma.ajusta(u"KeyUpChangeFocus=0 BusquedaArticulos=44"_s);
+        const std::tuple<Qt::Key, const char *, const char *, const char *> teclas[] = {
+            {Qt::Key_A, "a", "1A2", "D65,0 P97 C U65,0"},   {Qt::Key_X, "x", "12", "D88,0 P120 U88,0"},
+            {Qt::Key_Y, "y", "12", "D89,0 U89,0"},          {Qt::Key_Ntilde, "ñ", "1ñ2", "D192,0 P241 C U192,0"},
+            {Qt::Key_At, "@", "1@2", "D0,0 P64 C U0,0"},    {Qt::Key_Backspace, "\b", "2", "D8,0 P8 C U8,0"},
+            {Qt::Key_Delete, "\x7f", "1", "D46,0 C U46,0"}, {Qt::Key_Escape, "\x1b", "12", "D27,0 P27 F16777216 U27,0"},
+            {Qt::Key_unknown, "zz", "1zz2", "D0,0 C U0,0"}, {Qt::Key_Up, "", "12", "D38,0 U38,0"},
+            {Qt::Key_F5, "", "12", "atajo U116,0"},
+        };
+        for (const auto &[tecla, texto, queda, oido] : teclas) {
+            forma.caja()->setText(u"12"_s);
+            forma.caja()->setCursorPosition(1);
+            forma.sucesos.clear();
+            QTest::sendKeyEvent(QTest::Click, forma.caja(), tecla, QString::fromUtf8(texto), Qt::NoModifier);
+            QCOMPARE(forma.caja()->text() + u' ' + forma.sucesos.join(u' '),
+                     QString::fromUtf8(queda) + u' ' + QLatin1StringView(oido));
+        }
+        forma.caja()->setText(u"12"_s);
+        QInputMethodEvent dictado;
+        dictado.setCommitString(u"axé"_s);
+        QCoreApplication::sendEvent(forma.caja(), &dictado);
+        QCOMPARE(forma.caja()->text(), u"12Aé"_s);
+        forma.articulo->setLocked(true);
+        QTest::keyClicks(forma.caja(), u"ab"_s);
+        QCOMPARE(forma.caja()->text(), u"12Aé"_s);
+
+        forma.conductor.responde(u"Aceptar"_s);
+        forma.sucesos.clear();
+        QTest::keyPress(forma.caja(), Qt::Key_F3);
+        QVERIFY2(forma.conductor.terminado() && forma.sucesos.isEmpty(), "no search, no key");
+        forma.ajusta(u"KeyUpChangeFocus=1"_s);
+        QTest::keyPress(forma.caja(), Qt::Key_Up);
+        QVERIFY(forma.antes->hasFocus());
+    }
+
+    void host_hears_the_mouse()
+    {
+        Formulario forma;
+        QStringList oidos;
+        const auto oye = [&](const char *nombre) {
+            return [&oidos, nombre](qint16 &boton, qint16 &teclas, float &x, float &y) {
+                oidos << u"%1%2,%3@%4,%5"_s.arg(QLatin1StringView(nombre)).arg(boton).arg(teclas).arg(x).arg(y);
+            };
+        };
+        connect(forma.articulo, &nvArticulo::MouseDown, &forma, oye("D"));
+        connect(forma.articulo, &nvArticulo::MouseMove, &forma, oye("M"));
+        connect(forma.articulo, &nvArticulo::MouseUp, &forma, oye("U"));
+        connect(forma.articulo, &nvArticulo::Click, &forma, [&] { oidos << u"clic"_s; });
+        connect(forma.articulo, &nvArticulo::DblClick, &forma, [&] { oidos << u"doble"_s; });
+        const QPoint dentro(10, 4);
+        QTest::mouseClick(forma.caja(), Qt::LeftButton, Qt::ShiftModifier, dentro);
+        QTest::mouseClick(forma.caja(), Qt::MiddleButton, {}, dentro);
+        QTest::mousePress(forma.caja(), Qt::LeftButton, {}, dentro);
+        QTest::mouseRelease(forma.caja(), Qt::LeftButton, {}, {-5, 4});
+        QTest::mouseDClick(forma.caja(), Qt::LeftButton, {}, dentro);
+        QTest::mouseRelease(forma.caja(), Qt::LeftButton, {}, dentro);
+        QTest::mouseClick(forma.caja(), Qt::LeftButton, {}, dentro);
+        QMouseEvent paso(QEvent::MouseMove, QPointF(20, 4), QPointF(20, 4), Qt::NoButton, Qt::RightButton, {});
+        QCoreApplication::sendEvent(forma.caja(), &paso);
+        QCOMPARE(oidos.join(u' '), u"D1,1@150,60 U1,1@150,60 clic D4,0@150,60 U4,0@150,60 D1,0@150,60 U1,0@-75,60 "
+                                   u"D1,0@150,60 doble U1,0@150,60 D1,0@150,60 U1,0@150,60 clic M2,0@300,60"_s);
+    }
+
+    void host_sees_the_old_state_in_change_and_the_new_one_in_enter()
+    {
+        Formulario forma;
+        QStringList vistos;
+        const auto mira = [&] { vistos << forma.retrato().section(u'|', 3); };
+        connect(forma.articulo, &nvArticulo::Change, &forma, mira);
+        connect(forma.articulo, &nvArticulo::KeyPress, &forma, mira);
+        QTest::keyClicks(forma.caja(), u"12"_s);
+        QTest::keyClick(forma.caja(), Qt::Key_Enter, Qt::KeypadModifier);
+        forma.articulo->setFocus();
+        QTest::keyClicks(forma.caja(), u"7"_s);
+        QCOMPARE(vistos.join(u' '),
+                 u"txtCodigo|P txtCodigo|P txtCodigo|P txtCodigo|P txtCodigo|E txtCodigo|E12 txtCodigo|E"_s);
+        QVERIFY2(!forma.articulo->Existe() && !forma.articulo->Nombre().isEmpty(), "typing never clears the label");
+        QCOMPARE(forma.articulo->Emular_Enter(u"0012"_s).toString(), u"12"_s);
+        QCOMPARE(forma.articulo->Emular_Enter(u"99"_s).metaType(), QMetaType::fromType<qint16>());
+    }
+
+    /// Keys that the window system has queued are delivered before anything that the component could post.
+    void queued_scan_lands_in_the_next_box()
+    {
+        Formulario forma;
+        encolarLectura(&forma, u"12"_s);
+        encolarTecla(&forma, Qt::Key_9, u"9"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(forma.retrato() + forma.despues->text(), u"12|TORNILLO <M8> & TUERCA|P49 P50 P13|despues|E9"_s);
+    }
+
+    void buscar_gives_the_code_chosen()
+    {
+        Formulario forma;
+        for (const auto &[codigo, resultado] : casos<2>(u"77→77\n→0\n99999999999→0"_s)) {
+            forma.conductor.con<nv::ContratoBusqueda>([&](nv::ContratoBusqueda &d) {
+                d.Codigo = codigo;
+                dynamic_cast<QWidget &>(d).hide();
+            });
+            forma.articulo->setCodigo(u"12"_s);
+            QCOMPARE(forma.articulo->Buscar(), resultado.toInt());
+        }
+    }
+
+    /// What is freed is filled, so that reading it again does not go unnoticed.
+    void host_may_delete_the_box_in_any_event()
+    {
+        mallopt(M_PERTURB, 0xA5);
+        const auto en = [](auto senal) {
+            return [senal](Formulario &f) {
+                connect(f.articulo, senal, &f, [&f] { delete std::exchange(f.articulo, nullptr); });
+            };
+        };
+        QKeyEvent letra(QEvent::KeyPress, Qt::Key_A, {}, u"a"_s), arriba(QEvent::KeyPress, Qt::Key_Up, {});
+        QKeyEvent intro(QEvent::KeyPress, Qt::Key_Return, {}), suelta(QEvent::KeyRelease, Qt::Key_A, {});
+        QInputMethodEvent dictado;
+        dictado.setCommitString(u"ab"_s);
+        const auto raton = [](QEvent::Type tipo) {
+            return QMouseEvent(tipo, {3, 3}, {3, 3}, Qt::LeftButton, Qt::LeftButton, {});
+        };
+        QMouseEvent pulsa = raton(QEvent::MouseButtonPress), sube = raton(QEvent::MouseButtonRelease);
+        QMouseEvent mueve = raton(QEvent::MouseMove), doble = raton(QEvent::MouseButtonDblClick);
+        using A = nvArticulo;
+        const std::pair<std::function<void(Formulario &)>, QEvent *> sucesos[] = {
+            {en(&A::KeyDown), &letra},   {en(&A::KeyDown), &arriba},  {en(&A::KeyDown), &intro},
+            {en(&A::KeyPress), &letra},  {en(&A::KeyPress), &intro},  {en(&A::KeyPress), &dictado},
+            {en(&A::KeyUp), &suelta},    {en(&A::MouseDown), &pulsa}, {en(&A::MouseDown), &doble},
+            {en(&A::MouseMove), &mueve}, {en(&A::MouseUp), &sube},    {en(&A::Click), &sube},
+            {en(&A::DblClick), &doble}};
+        for (const auto &[prepara, suceso] : sucesos) {
+            Formulario forma;
+            forma.caja()->setText(u".abc"_s);
+            prepara(forma);
+            QCoreApplication::sendEvent(forma.caja(), suceso);
+            QVERIFY2(!forma.articulo, std::to_string(suceso->type()).c_str());
+        }
+        auto *forma = new Formulario;
+        Conductor conductor;
+        conductor.con<QDialog>([&](QDialog &) { delete std::exchange(forma, nullptr); });
+        forma->caja()->setText(u".COMUN"_s);
+        QTest::keyClick(forma->caja(), Qt::Key_Return);
+        QVERIFY(conductor.terminado() && !forma);
+    }
+
+    void model_and_connection_are_the_first_ones_known()
+    {
+        Formulario forma;
+        forma.ajusta(u"BusquedaArticulos=5"_s);
+        QCOMPARE(forma.articulo->Modelo(), qint16(5));
+        forma.ajusta(u"BusquedaArticulos=7"_s);
+        QCOMPARE(forma.articulo->Modelo(), qint16(5));
+        {
+            auto segunda = nv::datos::abrirEmbebida(u":memory:"_s);
+            nvArticulo otra;
+            QCOMPARE(otra.Modelo(), qint16(0));
+            otra.setConexion(segunda.get());
+        }
+        QVERIFY2(nv::ranura::actual() == forma.conexion.get(), "a box that dies takes no connection along");
+        forma.conexion->dejarDeEscuchar(&forma);
+        forma.conexion.reset();
+        QVERIFY(nv::ranura::actual() == nullptr);
+    }
+};
 
 NV_PRUEBA(tst_nvArticulo)
 #include "tst_nvarticulo.moc"

@@ -1,334 +1,269 @@
 #include "Formulario.h"
 #include "support/Programa.h"
 
-#include "support/Conductor.h"
+#include "common/ContratoBusqueda.h"
+#include "control/ClaseEntrada.h"
 
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
-using nv::pruebas::Conductor;
-using nv::pruebas::Formulario;
+using nv::ContratoBusqueda;
+using namespace nv::pruebas;
 
-/// From what was typed to the item: every kind of code, what is left when nothing matches, and errors.
+/// From what was typed to the item: every kind of code, what is left when nothing matches, searches and errors.
 class tst_Resolucion : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void every_kind_finds_its_item_data();
-    void every_kind_finds_its_item();
-    void nothing_found_data();
-    void nothing_found();
-    void range_bounds();
-    void fashion_codes_carry_qualities();
-    void choice_lists_return_and_cancel();
-    void offer_to_create_asks_for_permission_data();
-    void offer_to_create_asks_for_permission();
-    void an_error_leaves_everything_as_it_was();
-    void connection_pulled_away_and_given_back();
-    void hostile_texts_change_nothing();
-    void box_dies_while_its_list_is_up();
+    /// What is left, and every entry that leaves it, each with its settings; "·" is a blank.
+    void what_was_typed_becomes_an_item_or_nothing()
+    {
+        for (const auto &[queda, entradas] : casos<2>(uR"(
+            12|TORNILLO <M8> & TUERCA|P13|despues|E → 12, .ABC, ._abc_, /8412345678905, -8412345678905, 8412345678905
+            12|TORNILLO <M8> & TUERCA|P13|despues|E → 29000120
+            0012|TORNILLO <M8> & TUERCA|P13|txtCodigo|E → 0012 KeyEnterChangeFocus=0
+            77|DE OTRO|P13|despues|E → .COMUN Proveedor=7, *SU-1 Cliente=6, *SOLO, +99999
+            1234|CAMISA|P13|despues|E → 1.234
+            23456|JAMÓN|P13|despues|E → +40, 20234567
+            ||P0|txtCodigo|P → .45, ., /123 Vital=0
+            ||P0|txtCodigo| → *SU-1 Cliente=9, *NADA, +100000, +1E999, AB, ·
+            ||P13|txtCodigo| → 99
+            99|ARTICULO INEXISTENTE|P13|despues| → 99 Vital=0
+            2900012|ARTICULO INEXISTENTE|P13|despues| → 2900012 Vital=0
+            0|ARTICULO INEXISTENTE|P13|despues| → 19234567 Vital=0, 30234567 Vital=0, 1.234.567 Vital=0
+            0|ARTICULO INEXISTENTE|P13|despues| → 000012340507 Vital=0
+            21234567|ARTICULO INEXISTENTE|P13|despues| → 21234567 Vital=0 EsUlvaro=1
+            0000000|ARTICULO INICIAL|P0|despues| → *NADA Vital=0, +41 Vital=0
+            0000000|ARTICULO INICIAL|P13|despues| → · Vital=0
+            9999999|ARTICULO FINAL|P13|despues| → · Vital=0 Inicial=0
+            AB||P13|despues| → AB Vital=0 DejarEnBlanco=1
+            ·||P13|txtCodigo| → · Vital=0 DejarEnBlanco=1 KeyEnterChangeFocus=0)"_s)) {
+            for (const QString &entrada : entradas.split(u", "_s)) {
+                Formulario forma;
+                forma.articulo->setCodigo(u"1"_s);
+                const QString tecleado = entrada.startsWith(u' ') ? u" "_s : entrada.section(u' ', 0, 0);
+                forma.ajusta(u"OficinaCentral=0 "_s + entrada.sliced(tecleado.size()));
+                forma.confirma(QString(tecleado).replace(u'_', u' '));
+                QCOMPARE(entrada + u" → "_s + forma.retrato(), entrada + u" → "_s + queda);
+            }
+        }
+    }
+
+    void in_store_codes_agree_with_independent_sources()
+    {
+        QFile fichero(QStringLiteral(NV_RAIZ "/../shared/data/codigos_tienda.csv"));
+        if (!fichero.open(QIODevice::ReadOnly))
+            QSKIP("shared/data/codigos_tienda.csv is not here");
+        const QList<QByteArray> lineas = fichero.readAll().trimmed().split('\n');
+        QVERIFY(lineas.size() > 26);
+        for (const QByteArray &linea : lineas.sliced(1)) {
+            const QString codigo = QString::fromUtf8(linea.split(',').front());
+            QVERIFY2(nv::esCodigoDeTienda(codigo), linea.constData());
+            QCOMPARE(nv::articuloDeTienda(codigo).toInt(), linea.split(',').value(4).trimmed().toInt());
+        }
+    }
+
+    void fashion_codes_carry_qualities()
+    {
+        Formulario forma;
+        forma.ajusta(u"EsUlvaro=1"_s);
+        for (const auto &[tecleado, ajustes, queda] : casos<3>(uR"(
+            000012340507 → OrdenCualidades=0 → 1234 1 7 5 XL ROJO
+            000012340507 → OrdenCualidades=1 → ·0 0 0 0 0
+            000012340705 → OrdenCualidades=1 → 1234 1 7 5 XL ROJO
+            12           →                   → 12 0 0 0 0 0
+            000012340    →                   → ·0 0 0 0 0)"_s)) {
+            forma.ajusta(ajustes);
+            forma.confirma(tecleado);
+            const nvArticulo &a = *forma.articulo;
+            const QString cualidades =
+                u" %1 %2 %3 "_s.arg(a.TieneCualidad()).arg(a.Valor_CualidadX()).arg(a.Valor_CualidadY());
+            QCOMPARE(a.Text() + cualidades + a.Nombre_CualidadX() + u' ' + a.Nombre_CualidadY(), queda);
+        }
+    }
+
+    void several_matches_are_chosen_from_a_list()
+    {
+        Formulario forma;
+        for (const QStringView tecleado : {u".COMUN", u"*SU-1", u"+50"}) {
+            forma.conductor.con<QDialog>([&](QDialog &lista) {
+                QTest::keyClick(forma.caja(), Qt::Key_Return); // no second list
+                QCOMPARE(forma.articulo->Emular_Enter(u"77"_s).metaType(), QMetaType::fromType<qint16>());
+                QCOMPARE(forma.articulo->Buscar(), 0);
+                QTest::keyClick(lista.findChild<QWidget *>(u"vsLineas"_s), Qt::Key_Return);
+            });
+            QVERIFY(forma.confirma(tecleado.toString()) && forma.articulo->Existe());
+            QVERIFY2(forma.focusWidget() == forma.despues, "from the box, not from where the dialog left it");
+            forma.conductor.con<QDialog>([](QDialog &lista) { lista.close(); });
+            QVERIFY(forma.confirma(tecleado.toString()));
+            QCOMPARE(forma.retrato(), u"||P0|txtCodigo|P"_s);
+        }
+    }
+
+    void offer_to_create_asks_for_permission()
+    {
+        const QString deniega =
+            u"INSERT INTO SGD_Controles_Grupos (Cod_Formulario, Cod_Control, Permiso) VALUES (1, %1, 1)"_s;
+        for (const auto &[tecleado, ajustes, denegado, empresa, pregunta] : casos<5>(uR"(
+            /123  →                  →    →                                                     → El código de barras
+            /123  →                  → 8  →                                                     →
+            /123  →                  → 19 →                                                     → El código de barras
+            /123  → OficinaCentral=0 →    →                                                     →
+            /123  →                  → 8  → UPDATE Empresas SET NoProcesarPermisosControles = 1 → El código de barras
+            /123  →                  → 8  → DELETE FROM Empresas                                →
+            .NADA →                  → 8  →                                                     → La referencia
+            .NADA →                  → 19 →                                                     →
+            .     →                  →    →                                                     →
+            .     → Proveedor=7      →    →                                                     → La referencia)"_s)) {
+            Formulario forma;
+            forma.ajusta(ajustes);
+            if (!denegado.isEmpty())
+                forma.ejecuta(deniega.arg(denegado));
+            if (!empresa.isEmpty())
+                forma.ejecuta(empresa);
+            for (const bool primera : {true, false}) {
+                if (!pregunta.isEmpty())
+                    forma.conductor.responde(u"No"_s);
+                forma.confirma(tecleado);
+                QVERIFY2(forma.conductor.terminado(), qPrintable(tecleado + denegado));
+                QVERIFY(pregunta.isEmpty() ||
+                        forma.conductor.cajas().back().texto.startsWith(pregunta + u" especificad"_s));
+                QCOMPARE(forma.retrato(), u"||P0|txtCodigo|P"_s);
+                QVERIFY2(primera || forma.sentencias.filter(u"SGD_"_s).isEmpty(), "asked once for each box");
+            }
+        }
+    }
+
+    void focus_comes_back_from_a_refused_offer_if_it_can()
+    {
+        Formulario forma;
+        for (const bool visible : {true, false}) {
+            forma.despues->setFocus();
+            forma.articulo->Emular_Enter(u"*NADA"_s);
+            QVERIFY(forma.focusWidget() == forma.despues);
+            forma.articulo->setVisible(visible);
+            forma.conductor.responde(u"No"_s);
+            forma.articulo->Emular_Enter(u"/123"_s);
+            forma.articulo->show();
+            QCOMPARE(forma.focusWidget() == forma.caja(), visible);
+        }
+    }
+
+    /// Nothing typed is F3. The dialog is handed: model, several, all, warehouse, customer, copy, families, words.
+    void search_is_handed_what_the_host_has_set()
+    {
+        const QString todo = u"MultiResultado=1 SeleccionarTodo=1 AlmacenStock=5 Cliente=6 GuardarBusqueda=1"_s;
+        for (const auto &[tecleado, ajustes, recibe, codigo, queda] : casos<5>(uR"(
+            TORN →                       → 1 0 0 1 0 0 0,0,0 TORN → 12 → 12|TORNILLO <M8> & TUERCA|P13|despues|E|
+            TORN →                       → 1 0 0 1 0 0 0,0,0 TORN →    → ||P0|txtCodigo||
+            ١٢٣  → BusquedaArticulos=1   → 2 0 0 1 0 0 0,0,0 ١٢٣  →    → ||P0|txtCodigo||
+            ABC  → BusquedaArticulos=1 * → 2 0 0 5 6 1 0,0,0 ABC  → 77 → 77|DE OTRO|P13|despues|E|
+            ABC  → BusquedaArticulos=2 * → 3 1 0 5 6 1 0,0,0 ABC  → ,1,2 → ABC|[ ]|P13|txtCodigo||,1,2 (,1,2)
+            ABC  → BusquedaArticulos=2 Vital=0 → 3 0 0 1 0 0 0,0,0 ABC → → 0000000|ARTICULO INICIAL|P13|despues||
+                 → *                     → 1 0 0 5 6 1 0,0,0·     → 12 → |[ ]||txtCodigo|P|12 (12)
+                 →                       → 1 0 0 1 0 0 0,0,0·     → 12 → 12|(12)||txtCodigo|P12|
+                 →                       → 1 0 0 1 0 0 0,0,0·     →    → |[ ]||txtCodigo|P|
+                 → BusquedaArticulos=1 Familia_1=4 Familia_2=5 Familia_3=6 → 2 0 0 1 0 0 4,5,6· → → |[ ]||txtCodigo|P|
+                 → BusquedaArticulos=1 SeleccionarTodo=1 → 2 0 1 1 0 0 0,0,0· → 12 → 12|(12)||txtCodigo|P12|
+                 → BusquedaArticulos=2 SeleccionarTodo=1 → 3 0 0 1 0 0 0,0,0· → 12 → 12|(12)||txtCodigo|P12|
+                 → BusquedaArticulos=1 * Familia_2=5 → 2 1 1 5 6 1 0,0,0· → ,1,2 → |[ ]||txtCodigo|P|,1,2 (,1,2))"_s)) {
+            Formulario forma;
+            forma.ajusta(QString(ajustes).replace(u"*"_s, todo));
+            forma.conductor.con<ContratoBusqueda>([&](ContratoBusqueda &d) {
+                const QLatin1StringView clase(dynamic_cast<QWidget &>(d).metaObject()->className());
+                const QString dado =
+                    QString::asprintf(" %d %d %d %d %d %d,%d,%d ", d.MultiResultado, d.SeleccionarTodo, d.AlmacenStock,
+                                      d.Cliente, d.GuardarBusqueda, d.Familia_1, d.Familia_2, d.Familia_3);
+                QCOMPARE(clase.last(1) + dado + d.Busqueda_Descripcion, recibe);
+                d.Codigo = codigo;
+                d.Descripcion = u"(%1)"_s.arg(codigo);
+                dynamic_cast<QWidget &>(d).hide();
+            });
+            QVERIFY(forma.confirma(tecleado, tecleado.isEmpty() ? Qt::Key_F3 : Qt::Key_Return));
+            const nvArticulo &a = *forma.articulo;
+            QCOMPARE(u"%1|%2 %3"_s.arg(forma.retrato(), a.MultiCodigo(), a.MultiDescripcion()).trimmed(), queda);
+        }
+    }
+
+    /// Brand and size stay out of what typed words take over and leave; Familia_1 = -1 forgets all.
+    void criteria_are_remembered_between_searches()
+    {
+        Formulario forma;
+        for (const auto &[tecleado, ajustes, recibe, marca] : casos<4>(uR"(
+                 →              → //0     → 9
+            TORN →              → TORN//0 → 3
+                 →              → TORN//9 → 4
+                 → Familia_1=-1 → //0     → 0
+                 →              → /0/0    → 5)"_s)) {
+            forma.ajusta(ajustes);
+            forma.conductor.con<ContratoBusqueda>([&](ContratoBusqueda &d) {
+                QCOMPARE(u"%1/%2/%3"_s.arg(d.Busqueda_Descripcion, d.Busqueda_Codigo).arg(d.Busqueda_Marca), recibe);
+                d.Codigo = marca == u"0" ? QString() : u"12"_s;
+                d.Busqueda_Marca = marca.toShort();
+                dynamic_cast<QWidget &>(d).hide();
+            });
+            QVERIFY(forma.confirma(tecleado, tecleado.isEmpty() ? Qt::Key_F3 : Qt::Key_Return) &&
+                    forma.articulo->Familia_1 == 0);
+        }
+    }
+
+    void an_error_leaves_everything_as_it_was()
+    {
+        Formulario forma;
+        for (const auto &[tecleado, ajustes, titulo] : casos<3>(uR"(
+            13             →                      → nvArticulos::Cargar
+            .O'R           →                      → ¡ Atención !
+            TORN           → BusquedaArticulos=44 → ¡ Atención !
+            /8412345678905 → Corte=1              → ¡ Atención !)"_s)) {
+            forma.confirma(u"12"_s);
+            forma.ajusta(ajustes);
+            if (forma.empresa.valores.contains(u"Corte"_s)) {
+                forma.conexion->dejarDeEscuchar(&forma);
+                forma.conexion.reset();
+            }
+            forma.conductor.responde(u"Aceptar"_s);
+            QVERIFY(forma.confirma(tecleado));
+            QCOMPARE(forma.conductor.cajas().back().titulo, titulo);
+            QVERIFY2(forma.retrato() == u"%1|TORNILLO <M8> & TUERCA||txtCodigo|P%1"_s.arg(tecleado),
+                     "the next scan replaces what failed");
+        }
+        forma.conexion = nv::datos::abrirEmbebida(u":memory:"_s);
+        forma.articulo->setConexion(forma.conexion.get());
+        forma.confirma(u"12"_s);
+        QVERIFY2(forma.articulo->Text().isEmpty(), "the new database is asked: it has no items");
+    }
+
+    void hostile_texts_change_nothing()
+    {
+        QFile fichero(QStringLiteral(NV_RAIZ "/../shared/data/textos_hostiles.csv"));
+        if (!fichero.open(QIODevice::ReadOnly))
+            QSKIP("shared/data/textos_hostiles.csv is not here");
+        Formulario forma;
+        forma.ajusta(u"OficinaCentral=0"_s);
+        QTimer cierre; // errors are shown and searches open: all are put away
+        connect(&cierre, &QTimer::timeout, &forma, [] {
+            if (auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+                modal->reject();
+        });
+        cierre.start(0);
+        const QList<QByteArray> lineas = fichero.readAll().trimmed().split('\n');
+        QVERIFY(lineas.size() > 670);
+        for (const QByteArray &linea : lineas.sliced(1)) {
+            const QByteArray texto =
+                QByteArray::fromBase64(linea.trimmed().sliced(linea.trimmed().lastIndexOf(',') + 1));
+            for (const char *prefijo : {"", ".", "/"}) {
+                forma.articulo->setFocus();
+                forma.caja()->setText(QString::fromUtf8(prefijo + texto));
+                QTest::keyClick(forma.caja(), Qt::Key_Return);
+            }
+        }
+        for (const QString &sentencia : std::as_const(forma.sentencias))
+            QVERIFY2(sentencia.startsWith(u"SELECT"), qPrintable(sentencia));
+    }
 };
-
-void tst_Resolucion::every_kind_finds_its_item_data()
-{
-    QTest::addColumn<QString>("entrada");
-    QTest::addColumn<int>("proveedor");
-    QTest::addColumn<int>("cliente");
-    QTest::addColumn<QString>("caja");
-    QTest::newRow("item code") << u"12"_s << 0 << 0 << u"12"_s;
-    QTest::newRow("code with separators") << u"1.234"_s << 0 << 0 << u"1234"_s;
-    QTest::newRow("supplier reference") << u".ABC"_s << 0 << 0 << u"12"_s;
-    QTest::newRow("supplier reference, other case, blanks") << u". abc "_s << 0 << 0 << u"12"_s;
-    QTest::newRow("shared reference scoped by supplier") << u".COMUN"_s << 7 << 0 << u"77"_s;
-    QTest::newRow("customer reference") << u"*SU-1"_s << 0 << 6 << u"77"_s;
-    QTest::newRow("PLU") << u"+40"_s << 0 << 0 << u"23456"_s;
-    QTest::newRow("barcode with slash") << u"/8412345678905"_s << 0 << 0 << u"12"_s;
-    QTest::newRow("barcode with dash") << u"-8412345678905"_s << 0 << 0 << u"12"_s;
-    QTest::newRow("bare barcode") << u"8412345678905"_s << 0 << 0 << u"12"_s;
-    QTest::newRow("in-store barcode") << u"21234567"_s << 0 << 0 << u"23456"_s;
-}
-
-void tst_Resolucion::every_kind_finds_its_item()
-{
-    QFETCH(QString, entrada);
-    QFETCH(int, proveedor);
-    QFETCH(int, cliente);
-    QFETCH(QString, caja);
-    Formulario forma;
-    // The scales are asked under the item-master company.
-    forma.articulo->setProveedor(proveedor);
-    forma.articulo->Cliente = cliente;
-    forma.confirma(entrada);
-    QCOMPARE(forma.articulo->Text(), caja);
-    QVERIFY(forma.articulo->Existe() && !forma.articulo->Pendiente());
-    QVERIFY(!forma.articulo->Nombre().isEmpty());
-    QVERIFY(forma.focusWidget() == forma.despues);
-}
-
-void tst_Resolucion::nothing_found_data()
-{
-    QTest::addColumn<QString>("entrada");
-    QTest::addColumn<bool>("vital");
-    QTest::addColumn<QString>("caja");
-    QTest::addColumn<QString>("nombre");
-    QTest::addColumn<int>("tecla");
-    QTest::addColumn<bool>("avanza");
-    QTest::addColumn<bool>("pendiente");
-    const QString nada;
-    const QString inexistente = u"ARTICULO INEXISTENTE"_s;
-    const QString inicial = u"ARTICULO INICIAL"_s;
-    const QString ceros = u"0000000"_s;
-    QTest::newRow("unknown code") << u"99"_s << true << nada << nada << 13 << false << false;
-    QTest::newRow("unknown code, not vital") << u"99"_s << false << u"99"_s << inexistente << 13 << true << false;
-    QTest::newRow("long number that is no barcode")
-        << u"84123456"_s << false << u"0"_s << inexistente << 13 << true << false;
-    QTest::newRow("two letters") << u"AB"_s << true << nada << nada << 0 << false << false;
-    QTest::newRow("empty") << nada << true << nada << nada << 0 << false << false;
-    QTest::newRow("empty, not vital") << nada << false << ceros << inicial << 13 << true << false;
-    QTest::newRow("lone full stop") << u"."_s << true << nada << nada << 0 << false << true;
-    QTest::newRow("unknown reference, offer not allowed") << u".NADA"_s << true << nada << nada << 0 << false << true;
-    QTest::newRow("unknown barcode, offer not allowed") << u"/123"_s << false << nada << nada << 0 << false << true;
-    QTest::newRow("unknown customer reference") << u"*NADA"_s << true << nada << nada << 0 << false << false;
-    QTest::newRow("unknown customer reference, not vital")
-        << u"*NADA"_s << false << ceros << inicial << 0 << true << false;
-    QTest::newRow("PLU above the highest") << u"+123456"_s << true << nada << nada << 0 << false << false;
-    QTest::newRow("unknown PLU, not vital") << u"+41"_s << false << ceros << inicial << 0 << true << false;
-}
-
-void tst_Resolucion::nothing_found()
-{
-    QFETCH(QString, entrada);
-    QFETCH(bool, vital);
-    QFETCH(int, tecla);
-    QFETCH(bool, avanza);
-    QFETCH(bool, pendiente);
-    Formulario forma;
-    forma.empresa.valores[u"OficinaCentral"_s] = u"0"_s;
-    forma.articulo->setVital(vital);
-    QList<int> teclas;
-    connect(forma.articulo, &nvArticulo::KeyPress, &forma, [&](qint16 &ascii) { teclas << ascii; });
-    forma.confirma(entrada);
-    QTEST(forma.caja()->text(), "caja");
-    QTEST(forma.articulo->Nombre(), "nombre");
-    QCOMPARE(teclas.last(), tecla);
-    QCOMPARE(forma.focusWidget() == forma.despues, avanza);
-    QCOMPARE(forma.articulo->Pendiente(), pendiente);
-    QVERIFY(!forma.articulo->Existe());
-}
-
-void tst_Resolucion::range_bounds()
-{
-    Formulario forma;
-    forma.articulo->setVital(false);
-    forma.articulo->setInicial(false);
-    forma.confirma({});
-    QCOMPARE(forma.articulo->Text(), u"9999999"_s);
-    QCOMPARE(forma.articulo->Nombre(), u"ARTICULO FINAL"_s);
-    forma.articulo->DejarEnBlanco = true;
-    forma.articulo->setCodigo({});
-    forma.confirma({});
-    QVERIFY(forma.articulo->Text().isEmpty());
-    QVERIFY(forma.focusWidget() == forma.despues);
-    forma.articulo->setKeyEnterChangeFocus(false);
-    forma.articulo->DejarEnBlanco = false;
-    forma.confirma({});
-    QVERIFY(forma.focusWidget() == forma.caja());
-}
-
-void tst_Resolucion::fashion_codes_carry_qualities()
-{
-    Formulario forma;
-    forma.empresa.valores[u"EsUlvaro"_s] = u"1"_s;
-    forma.confirma(u"000012340507"_s);
-    QCOMPARE(forma.articulo->Text(), u"1234"_s);
-    QVERIFY(forma.articulo->TieneCualidad());
-    QCOMPARE(forma.articulo->Valor_CualidadX(), qint16(7));
-    QCOMPARE(forma.articulo->Nombre_CualidadX(), u"XL"_s);
-    QCOMPARE(forma.articulo->Nombre_CualidadY(), u"ROJO"_s);
-
-    forma.empresa.ordenCualidades = true;
-    forma.confirma(u"000012340507"_s);
-    QVERIFY2(!forma.articulo->TieneCualidad(), "X 5 is not defined");
-    QCOMPARE(forma.articulo->Nombre_CualidadX(), u"0"_s);
-    QCOMPARE(forma.articulo->Valor_CualidadX(), qint16(0));
-    forma.confirma(u"000012340705"_s);
-    QCOMPARE(forma.articulo->Nombre_CualidadX(), u"XL"_s);
-
-    forma.articulo->setVital(false);
-    forma.confirma(u"21234567"_s);
-    QVERIFY2(forma.articulo->Text() == u"21234567", "in-store barcodes are not read in the fashion edition");
-}
-
-void tst_Resolucion::choice_lists_return_and_cancel()
-{
-    Formulario forma;
-    Conductor conductor;
-    conductor.con<QDialog>([](QDialog &lista) {
-        QCOMPARE(lista.windowTitle(), u"Artículos"_s);
-        QTest::keyClick(lista.findChild<QWidget *>(u"vsLineas"_s), Qt::Key_Return);
-    });
-    forma.confirma(u".COMUN"_s);
-    QVERIFY(conductor.terminado());
-    QVERIFY(forma.articulo->Existe());
-    QVERIFY2(forma.focusWidget() == forma.despues, "the focus moves from the box, not from where the dialog left it");
-
-    for (const QString &entrada : {u".COMUN"_s, u"*SU-1"_s}) {
-        conductor.con<QDialog>([](QDialog &lista) { lista.close(); });
-        forma.confirma(entrada);
-        QVERIFY(conductor.terminado());
-        QVERIFY(forma.articulo->Text().isEmpty() && forma.articulo->Nombre().isEmpty());
-        QVERIFY(forma.articulo->Pendiente());
-        QVERIFY(forma.focusWidget() == forma.caja());
-    }
-}
-
-void tst_Resolucion::offer_to_create_asks_for_permission_data()
-{
-    QTest::addColumn<QString>("prepara");
-    QTest::addColumn<QString>("oficina");
-    QTest::addColumn<bool>("pregunta");
-    QTest::newRow("no row allows") << QString() << u"1"_s << true;
-    QTest::newRow("a row denies")
-        << u"INSERT INTO SGD_Controles_Grupos (Cod_Formulario, Cod_Control, Permiso) VALUES (1, 8, 1)"_s << u"1"_s
-        << false;
-    QTest::newRow("a row of the other control does not")
-        << u"INSERT INTO SGD_Controles_Grupos (Cod_Formulario, Cod_Control, Permiso) VALUES (1, 19, 1)"_s << u"1"_s
-        << true;
-    QTest::newRow("the company flag overrides")
-        << u"UPDATE Empresas SET NoProcesarPermisosControles = 1"_s << u"1"_s << true;
-    QTest::newRow("not the head office") << QString() << u"0"_s << false;
-}
-
-void tst_Resolucion::offer_to_create_asks_for_permission()
-{
-    QFETCH(QString, prepara);
-    QFETCH(QString, oficina);
-    QFETCH(bool, pregunta);
-    Formulario forma;
-    if (!prepara.isEmpty())
-        forma.ejecuta(prepara);
-    forma.empresa.valores[u"OficinaCentral"_s] = oficina;
-    Conductor conductor;
-    if (pregunta)
-        conductor.responde(u"No"_s);
-    forma.confirma(u"/123"_s);
-    QVERIFY(conductor.terminado());
-    if (pregunta) {
-        QCOMPARE(conductor.cajas().back().titulo, u"¡ Atención !"_s);
-        QCOMPARE(conductor.cajas().back().texto, u"El código de barras especificado no existe. ¿Desea crearlo?"_s);
-    }
-    QVERIFY(forma.articulo->Text().isEmpty() && forma.articulo->Pendiente() && forma.focusWidget() == forma.caja());
-
-    // Once per instance: a change in the permissions is not seen any more.
-    if (pregunta)
-        conductor.responde(u"No"_s);
-    forma.confirma(u"/123"_s);
-    QVERIFY(forma.sentencias.filter(u"SGD_Controles_Grupos"_s).isEmpty());
-}
-
-void tst_Resolucion::an_error_leaves_everything_as_it_was()
-{
-    Formulario forma;
-    forma.confirma(u"12"_s);
-    forma.articulo->setFocus();
-    QTest::keyClicks(forma.caja(), u".O'R"_s);
-    forma.caja()->setText(u".O'R"_s);
-    QList<int> teclas;
-    connect(forma.articulo, &nvArticulo::KeyPress, &forma, [&](qint16 &ascii) { teclas << ascii; });
-    Conductor conductor;
-    conductor.responde(u"Aceptar"_s);
-    QTest::keyClick(forma.caja(), Qt::Key_Return);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(int(conductor.cajas().size()), 1);
-    QCOMPARE(conductor.cajas().back().titulo, u"¡ Atención !"_s);
-    QCOMPARE(forma.articulo->Text(), u".O'R"_s);
-    QVERIFY2(forma.caja()->selectedText() == u".O'R", "the next scan replaces what failed");
-    QVERIFY(forma.articulo->Pendiente() && teclas.isEmpty() && forma.focusWidget() == forma.caja());
-
-    forma.ejecuta(u"UPDATE Articulos SET Descripcion = NULL WHERE Codigo = 77"_s);
-    conductor.responde(u"Aceptar"_s);
-    forma.confirma(u"77"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(conductor.cajas().back().titulo, u"nvArticulos::Cargar"_s);
-    QCOMPARE(int(conductor.cajas().size()), 2);
-    QVERIFY(!forma.articulo->Existe() && forma.articulo->Pendiente() && forma.articulo->Text() == u"77");
-}
-
-void tst_Resolucion::connection_pulled_away_and_given_back()
-{
-    Formulario forma;
-    forma.conexion->dejarDeEscuchar(&forma);
-    auto otra = nv::datos::abrirEmbebida(u":memory:"_s);
-    std::swap(forma.conexion, otra);
-    otra.reset();
-    Conductor conductor;
-    conductor.responde(u"Aceptar"_s);
-    forma.confirma(u"/8412345678905"_s);
-    QVERIFY(conductor.terminado());
-    QCOMPARE(forma.articulo->Text(), u"/8412345678905"_s);
-    forma.articulo->setConexion(forma.conexion.get());
-    forma.confirma(u"12"_s);
-    QVERIFY2(forma.articulo->Text().isEmpty(), "the new database is asked: it has no items");
-}
-
-void tst_Resolucion::hostile_texts_change_nothing()
-{
-    QFile fichero(QStringLiteral(NV_RAIZ "/../shared/data/textos_hostiles.csv"));
-    if (!fichero.open(QIODevice::ReadOnly))
-        QSKIP("shared/data/textos_hostiles.csv is not here");
-    Formulario forma;
-    const auto huella = [&] {
-        QString todo;
-        for (const QString &tabla : {u"Articulos"_s, u"Articulos_CBarras"_s, u"Articulos_Ref"_s, u"Empresas"_s}) {
-            nv::Registros r = forma.conexion->Abrir(nv::Sentencia::deConsola(u"SELECT COUNT(*) AS N FROM "_s + tabla));
-            while (r.siguiente())
-                todo += r.texto(u"N") + u' ';
-        }
-        return todo;
-    };
-    const QString antes = huella();
-    forma.empresa.valores[u"OficinaCentral"_s] = u"0"_s;
-    // Errors are shown and searches open: all are put away.
-    QTimer cierre;
-    connect(&cierre, &QTimer::timeout, &forma, [] {
-        if (auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
-            modal->reject();
-    });
-    cierre.start(0);
-    int confirmados = 0;
-    fichero.readLine();
-    while (!fichero.atEnd()) {
-        const QByteArray linea = fichero.readLine().trimmed();
-        const QString texto = QString::fromUtf8(QByteArray::fromBase64(linea.sliced(linea.lastIndexOf(',') + 1)));
-        for (const QString &prefijo : {QString(), u"."_s, u"/"_s}) {
-            forma.articulo->setFocus();
-            forma.caja()->setText(prefijo + texto);
-            forma.sentencias.clear();
-            QTest::keyClick(forma.caja(), Qt::Key_Return);
-            for (const QString &sentencia : std::as_const(forma.sentencias))
-                QVERIFY2(sentencia.startsWith(u"SELECT"), qPrintable(sentencia));
-            ++confirmados;
-        }
-    }
-    QVERIFY(confirmados > 2000);
-    QCOMPARE(huella(), antes);
-}
-
-void tst_Resolucion::box_dies_while_its_list_is_up()
-{
-    auto *forma = new Formulario;
-    Conductor conductor;
-    conductor.con<QDialog>([&](QDialog &) { delete std::exchange(forma, nullptr); });
-    forma->articulo->setFocus();
-    QTest::keyClicks(forma->caja(), u".COMUN"_s);
-    QTest::keyClick(forma->caja(), Qt::Key_Return);
-    QVERIFY(conductor.terminado());
-    QVERIFY(forma == nullptr);
-}
 
 NV_PRUEBA(tst_Resolucion)
 #include "tst_resolucion.moc"

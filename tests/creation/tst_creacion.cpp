@@ -1,429 +1,248 @@
 #include "Escenario.h"
 #include "support/Programa.h"
 
-#include "platform/widgets/nvCheckBox.h"
-
 #include <QApplication>
-#include <QDir>
-#include <QLabel>
+#include <QWheelEvent>
 #include <QWindow>
+#include <malloc.h>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
 
-namespace {
-
-void esc(const Manos &m)
-{
-    m.pulsa(Qt::Key_Escape);
-}
-
-/// A picture of what is on screen, where the tests run.
-void retrata(QWidget *widget, const QString &nombre)
-{
-    QDir().mkpath(u"capturas"_s);
-    widget->grab().save(u"capturas/"_s + nombre + u".png"_s);
-}
-
-} // namespace
-
+/// The creation form, from its first field to the item.
 class tst_Creacion : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void whole_item_is_read_back_row_by_row();
-    void presets_and_settings_fill_the_form();
-    void one_axis_given_puts_the_company_defaults_aside();
-    void unknown_settings_and_unused_levels();
-    void descriptions_follow_their_fields();
-    void lower_families_go_with_the_upper_one();
-    void code_confirmation_data();
-    void code_confirmation();
-    void next_code_is_taken_with_f6();
-    void validation_stops_at_the_first_thing_missing();
-    void barcode_of_seven_digits_data();
-    void barcode_of_seven_digits();
-    void barcode_warnings_do_not_swallow_the_click_on_accept();
-    void esc_cancels_first_and_closes_next();
-    void window_cross_deletes_the_unsaved_item();
-    void message_over_a_filled_form();
-};
-
-void tst_Creacion::whole_item_is_read_back_row_by_row()
-{
-    Escenario e;
-    e.empresa.valores[u"EsUlvaro"_s] = u"1"_s;
-    e.con([&](Manos m) {
-        retrata(&m.f, u"creacion_vacia"_s);
-        m.rellena(u"00321"_s, u"L'ORÉAL-1"_s);
-        m.escribe("txtImpuesto", u"1,5"_s);
-        m.escribe("txtCodBarras", u"96385074"_s);
-        m.hijo<nvCheckBox>("chkUnidadesDecimales")->setFocus();
-        m.pulsa(Qt::Key_Space);
-        QCOMPARE(m.texto("txtDescripcion"), u"ROPA ACME SPORT L'ORÉAL-1"_s);
-        retrata(&m.f, u"creacion_llena"_s);
-        m.pulsa(Qt::Key_F9);
-    });
-    QVERIFY(e.muestra());
-    QVERIFY(e.forma.Aceptado && e.conductor.cajas().empty());
-    QCOMPARE(e.filas(u"SELECT Codigo, Descripcion, Desc_Ticket, Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, "
-                     u"CualidadX, CualidadY, NoGenerarSerieEAN, UnidadesDecimales, Temporada, FAlta, Mod_Ficha FROM "
-                     u"Articulos WHERE Cod_Empresa = 2 AND Codigo = 321"_s),
-             u"321|ROPA ACME SPORT L'ORÉAL-1|ACM L'ORÉAL-1|1|5|6|4|1.5|3|4|0|1|V26|22/11/2026|1"_s);
-    QCOMPARE(e.filas(u"SELECT Cod_Empresa, Cod_Almacen FROM Almacen_Articulos WHERE Cod_Articulo = 321"_s),
-             u"1|1 1|2"_s);
-    QCOMPARE(
-        e.filas(u"SELECT Cod_Empresa, Cod_Prov, Ref, Principal, Fecha FROM Articulos_Ref WHERE Cod_Articulo = 321"_s),
-        u"2|7|L'ORÉAL-1|1|22/11/2026"_s);
-    QCOMPARE(e.filas(u"SELECT Cod_Empresa, Cod_Barras, Principal, Automatico, Unidades FROM Articulos_CBarras WHERE "
-                     u"Cod_Articulo = 321 ORDER BY Automatico DESC"_s),
-             u"2|98100019|0|1|1 2|96385074|1|0|1"_s);
-    const auto &f = e.forma;
-    QCOMPARE(f.Codigo, 321);
-    QCOMPARE(f.Proveedor, 7);
-    QCOMPARE(f.Ref, u"L'ORÉAL-1"_s);
-    QCOMPARE((QList<int>{f.Marca, f.TipoImpuesto, f.Familia_1, f.Familia_2, f.Familia_3, f.CualidadX, f.CualidadY,
-                         f.NoGenerarSerieEAN, f.UnidadesDecimales}),
-             (QList<int>{4, 2, 1, 5, 6, 3, 4, 0, -1}));
-    QCOMPARE(f.Temporada, u"V26"_s);
-}
-
-void tst_Creacion::presets_and_settings_fill_the_form()
-{
-    Escenario e;
-    auto &f = e.forma;
-    f.Proveedor = 7;
-    f.Ref = u"B-1234"_s;
-    f.Marca = 4;
-    f.TipoImpuesto = 1;
-    f.Familia_1 = 1;
-    f.Familia_2 = 5;
-    f.Familia_3 = 6;
-    f.Temporada = u"V26"_s;
-    f.NoGenerarSerieEAN = 1;
-    f.UnidadesDecimales = -1;
-    e.con([](Manos m) {
-        QVERIFY(m.enfocado("txtCodigo"));
-        QCOMPARE(m.texto("txtProv"), u"7"_s);
-        QCOMPARE(m.hijo<QLabel>("lblPIgic")->text(), u"7 %"_s);
-        QCOMPARE(m.texto("txtDesc_Ticket"), u"ACM B-1234"_s);
-        QCOMPARE(m.texto("txtDescripcion"), u"ROPA ACME SPORT B-1234"_s);
-        QCOMPARE(m.texto("txtFamilia_3"), u"6"_s);
-        QCOMPARE(m.hijo<QComboBox>("cboCualX")->currentText(), u"Tallas"_s);
-        QVERIFY(m.hijo<nvCheckBox>("chkNoGenerarSerieEAN")->isChecked());
-        QVERIFY2(!m.hijo<nvCheckBox>("chkUnidadesDecimales")->isChecked(), "only 1 ticks the box");
-        QVERIFY(!m.hijo<QPushButton>("cmdAceptar")->isEnabled() && !m.hijo<QPushButton>("cmdCancelar")->isEnabled());
-        m.pulsa(Qt::Key_F9);
-        m.pulsa(Qt::Key_F12);
-        esc(m);
-    });
-    QVERIFY(e.muestra());
-    QVERIFY(!f.Aceptado);
-}
-
-void tst_Creacion::one_axis_given_puts_the_company_defaults_aside()
-{
-    Escenario e;
-    e.forma.CualidadY = 4;
-    e.con([](Manos m) {
-        QCOMPARE(m.hijo<QComboBox>("cboCualX")->currentIndex(), -1);
-        QCOMPARE(m.hijo<QComboBox>("cboCualY")->currentText(), u"Colores"_s);
-        m.rellena(u"1"_s, u"R"_s);
-        m.pulsa(Qt::Key_F9);
-    });
-    e.conductor.responde(u"Aceptar"_s);
-    e.con([](Manos m) {
-        QVERIFY2(m.enfocado("cboCualX"), "nothing selected is not chosen");
-        esc(m);
-        esc(m);
-    });
-    QVERIFY(e.muestra());
-}
-
-void tst_Creacion::unknown_settings_and_unused_levels()
-{
-    Escenario e;
-    e.sql(u"UPDATE Empresas SET FamiliaObligada = NULL, MaxCodigoArt = NULL, CualidadX_PorDefecto = NULL, "
-          u"Series_Automaticas = NULL"_s);
-    e.empresa.familias[2].clear();
-    e.con([](Manos m) {
-        QVERIFY(!m.hijo<nvCheckBox>("chkNoGenerarSerieEAN")->isEnabled());
-        QVERIFY(!m.hijo<QWidget>("txtFamilia_3")->isVisible() && !m.hijo<QWidget>("lblTFamilia_3")->isVisible());
-        m.confirma(u"2000000"_s);
-        QVERIFY(m.abierto());
-        m.escribe("txtFamilia_2", {});
-        m.pulsa(Qt::Key_Return);
-        QVERIFY2(m.enfocado("cboCualX"), "the hidden level is skipped");
-        m.pulsa(Qt::Key_Return);
-        QVERIFY(m.enfocado("cboCualY"));
-        m.f.close();
-    });
-    QVERIFY(e.muestra());
-}
-
-void tst_Creacion::descriptions_follow_their_fields()
-{
-    Escenario e;
-    e.con([](Manos m) {
-        m.confirma(u"1"_s);
-        m.escribe("txtMarca", u"4"_s);
-        m.escribe("txtRef", u"B-1"_s);
-        QCOMPARE(m.texto("txtDesc_Ticket"), u"ACM B-1"_s);
-        QVERIFY2(m.texto("txtDescripcion").startsWith(u" "), "a family without a code gives nothing, not its blanks");
-        m.escribe("txtDesc_Ticket", u"A MANO"_s);
-        m.escribe("txtFamilia_1", u"2"_s);
-        m.pulsa(Qt::Key_Return);
-        QCOMPARE(m.texto("txtDesc_Ticket"), u"ACM B-1"_s);
-        QCOMPARE(m.texto("txtDescripcion"), u"CALZ ACME SPORT B-1"_s);
-        m.escribe("txtDescripcion", u"A MANO"_s);
-        m.pulsa(Qt::Key_F12);
-        QVERIFY(m.texto("txtDescripcion").isEmpty() && m.texto("txtRef").isEmpty());
-        QCOMPARE(m.texto("txtMarca"), u"4"_s);
-        QCOMPARE(m.hijo<QComboBox>("cboCualX")->currentIndex(), 0);
-        esc(m);
-    });
-    QVERIFY(e.muestra());
-}
-
-void tst_Creacion::lower_families_go_with_the_upper_one()
-{
-    Escenario e;
-    e.con([](Manos m) {
-        m.rellena(u"1"_s, u"R"_s);
-        QVERIFY(m.enfocado("cboCualX"));
-        m.hijo("txtFamilia_1")->setFocus();
-        m.pulsa(Qt::Key_Return);
-        QVERIFY(m.enfocado("txtFamilia_2"));
-        QCOMPARE(m.texto("txtFamilia_3"), u"6"_s);
-        m.escribe("txtFamilia_1", u"2"_s);
-        m.pulsa(Qt::Key_Return);
-        QVERIFY(m.texto("txtFamilia_2").isEmpty() && m.texto("txtFamilia_3").isEmpty());
-        m.escribe("txtFamilia_2", u"5"_s);
-        m.pulsa(Qt::Key_Return);
-        QCOMPARE(m.hijo<QWidget>("txtFamilia_2")->findChild<QLabel *>(u"nombre"_s)->text(), u"No existe"_s);
-        esc(m);
-        esc(m);
-    });
-    QVERIFY(e.muestra());
-}
-
-void tst_Creacion::code_confirmation_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<QString>("mensaje"); // empty: none
-    QTest::addColumn<bool>("abierto");
-    QTest::addColumn<QString>("queda");
-    const QString ya = u"Este código ya está asignado a otro artículo."_s;
-    QTest::newRow("blanks") << u"  "_s << QString() << false << u"  "_s;
-    QTest::newRow("free") << u"00012"_s << QString() << true << u"00012"_s;
-    QTest::newRow("number before letters") << u"12ab"_s << QString() << true << u"12"_s;
-    QTest::newRow("of another company") << u"999"_s << QString() << true << u"999"_s;
-    QTest::newRow("taken") << u"100"_s << ya << false << QString();
-    QTest::newRow("the highest") << u"5000"_s << QString() << true << u"5000"_s;
-    QTest::newRow("above the highest") << u"5001"_s << QString() << false << QString();
-    QTest::newRow("zero") << u"0"_s << QString() << false << QString();
-    QTest::newRow("negative") << u"-5"_s << QString() << false << QString();
-    QTest::newRow("text") << u"ABC"_s << QString() << false << QString();
-    QTest::newRow("too long") << u"99999999999"_s << u"Desbordamiento"_s << false << u"99999999999"_s;
-}
-
-void tst_Creacion::code_confirmation()
-{
-    QFETCH(QString, texto);
-    QFETCH(QString, mensaje);
-    QFETCH(bool, abierto);
-    QFETCH(QString, queda);
-    Escenario e;
-    e.con([&](Manos m) { m.confirma(texto); });
-    if (!mensaje.isEmpty())
-        e.conductor.responde(u"Aceptar"_s);
-    e.con([&](Manos m) {
-        QCOMPARE(m.texto("txtCodigo"), queda);
-        QCOMPARE(m.abierto(), abierto);
-        QCOMPARE(m.hijo<QPushButton>("cmdAceptar")->isEnabled(), abierto);
-        QVERIFY(m.enfocado(abierto ? "txtProv" : "txtCodigo"));
-        m.hijo<QPushButton>("cmdCerrar")->click();
-    });
-    QVERIFY(e.muestra());
-    QCOMPARE(e.conductor.cajas().empty(), mensaje.isEmpty());
-    if (!mensaje.isEmpty())
-        QVERIFY2(e.caja().texto.contains(mensaje), qPrintable(e.caja().texto));
-    QVERIFY2(e.filas(u"SELECT Codigo FROM Articulos ORDER BY Codigo"_s) == u"100 999", "a code that was taken stays");
-    QVERIFY(e.filas(u"SELECT * FROM Almacen_Articulos"_s).isEmpty());
-}
-
-void tst_Creacion::next_code_is_taken_with_f6()
-{
-    Escenario e;
-    e.con([&](Manos m) {
-        m.pulsa(Qt::Key_F6);
-        QCOMPARE(m.texto("txtCodigo"), u"101"_s);
-        QVERIFY(m.abierto());
-        esc(m);
-        e.sql(u"DELETE FROM Articulos"_s);
-        m.pulsa(Qt::Key_F6);
-        QCOMPARE(m.texto("txtCodigo"), u"1"_s);
-        m.f.close();
-    });
-    QVERIFY(e.muestra());
-    QVERIFY(e.articulo(1).isEmpty());
-}
-
-void tst_Creacion::validation_stops_at_the_first_thing_missing()
-{
-    Escenario e;
-    struct Fallo
+    void whole_item_is_read_back_row_by_row()
     {
-        QString texto;
-        const char *foco;
-        std::function<void(Manos)> remedio;
-    };
-    const auto teclea = [](const char *caja, const QString &texto) { return [=](Manos m) { m.escribe(caja, texto); }; };
-    const auto elige = [](const char *lista, int posicion) {
-        return [=](Manos m) { m.hijo<QComboBox>(lista)->setCurrentIndex(posicion); };
-    };
-    const std::vector<Fallo> fallos{
-        {u"Especifique un proveedor para el artículo"_s, "txtProv", teclea("txtProv", u"7"_s)},
-        {u"Especifique una referencia para el artículo"_s, "txtRef", teclea("txtRef", u"YA"_s)},
-        {u"Especifique el valor de Familia para el artículo"_s, "txtFamilia_1", teclea("txtFamilia_1", u"1"_s)},
-        {u"Especifique el valor de SubFamilia para el artículo"_s, "txtFamilia_2", teclea("txtFamilia_2", u"5"_s)},
-        {u"Especifique el valor de Linea para el artículo"_s, "txtFamilia_3", teclea("txtFamilia_3", u"6"_s)},
-        {u"Especifique el valor para Talla"_s, "cboCualX", elige("cboCualX", 1)},
-        {u"Especifique el valor para Color"_s, "cboCualY", elige("cboCualY", 2)},
-        {u"La referencia especificada ya existe."_s, "txtRef", teclea("txtProv", u"8"_s)},
-    };
-    e.con([](Manos m) {
-        m.confirma(u"200"_s);
-        m.hijo<QComboBox>("cboCualX")->setCurrentIndex(0);
-        m.hijo<QComboBox>("cboCualY")->setCurrentIndex(0);
-        m.pulsa(Qt::Key_F9);
-    });
-    for (const Fallo &fallo : fallos) {
-        e.conductor.responde(u"Aceptar"_s);
-        e.con([fallo](Manos m) {
-            QVERIFY2(m.enfocado(fallo.foco), fallo.foco);
-            fallo.remedio(m);
-            if (fallo.texto.endsWith(u"Color"))
-                m.escribe("txtDescripcion", u"  "_s);
-            m.pulsa(Qt::Key_F9);
-        });
-        if (fallo.texto.endsWith(u"Color")) {
-            e.conductor.responde(u"No"_s);
-            e.con([](Manos m) {
-                QVERIFY(m.enfocado("txtDescripcion"));
-                m.pulsa(Qt::Key_F9);
-            });
-            e.conductor.responde(u"Sí"_s);
+        Escenario e;
+        e.empresa.valores[u"EsUlvaro"_s] = u"1"_s;
+        QVERIFY(e.corre(uR"(
+            todo 00321 L'ORÉAL-1; txtImpuesto = 1,5; txtCodBarras = 96385074; -> chkUnidadesDecimales; Espacio
+            Enter; foco ? txtCodBarras; F9)"_s));
+        QVERIFY(e.forma->Aceptado && e.dicho().isEmpty());
+        for (const auto &[columnas, filas] : casos<2>(uR"(
+            Descripcion, Desc_Ticket, FAlta FROM Articulos → ROPA ACME SPORT L'ORÉAL-1|ACM L'ORÉAL-1|22/11/2026
+            Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, CualidadX, CualidadY FROM Articulos → 1|5|6|4|1.5|3|4
+            NoGenerarSerieEAN, UnidadesDecimales, Temporada, Mod_Ficha FROM Articulos → 0|1|V26|1
+            Cod_Empresa, Cod_Almacen FROM Almacen_Articulos → 1|1 1|2
+            Cod_Empresa, Cod_Prov, Ref, Principal, Fecha FROM Articulos_Ref → 2|7|L'ORÉAL-1|1|22/11/2026
+            Cod_Barras, Principal, Automatico, Unidades FROM Articulos_CBarras → 96385074|1|0|1 98100019|0|1|1)"_s)) {
+            const QString clave = columnas.endsWith(u"M Articulos") ? u"Codigo"_s : u"Cod_Articulo"_s;
+            QCOMPARE(e.filas(u"SELECT %1 WHERE %2 = 321 ORDER BY 1, 2"_s.arg(columnas, clave)), filas);
+        }
+        const auto &f = *e.forma;
+        QCOMPARE((QList<int>{f.Codigo, f.Proveedor, f.Marca, f.TipoImpuesto, f.Familia_1, f.Familia_2, f.Familia_3,
+                             f.CualidadX, f.CualidadY, f.NoGenerarSerieEAN, f.UnidadesDecimales}),
+                 (QList<int>{321, 7, 4, 2, 1, 5, 6, 3, 4, 0, -1}));
+        QVERIFY(f.Ref == u"L'ORÉAL-1" && f.Temporada == u"V26");
+    }
+
+    void presets_and_settings_fill_the_form()
+    {
+        Escenario e;
+        static_cast<nv::DatosCreacion &>(*e.forma) = {{4, 1, 1, 5, 6, 0, 0, u"V26"_s, 1, -1}, 0, 7, u"B-1234"_s};
+        QVERIFY(e.corre(uR"(
+            foco ? txtCodigo; txtProv ? 7; lblPIgic ? 7 %; txtDesc_Ticket ? ACM B-1234
+            txtDescripcion ? ROPA ACME SPORT B-1234; txtFamilia_3 ? 6; chkNoGenerarSerieEAN ? 1
+            chkUnidadesDecimales ? 0; chkNoGenerarSerieEAN:activo ? 1; cmdAceptar:activo ? 0
+            cmdCancelar:activo ? 0; F9; F12; Esc)"_s) &&
+                !e.forma->Aceptado);
+        for (const auto &[x, y, deX, deY] : casos<4>(u"0→4→→Colores\n3→0→Tallas→\n0→0→Tallas→Colores"_s)) {
+            Escenario otro;
+            otro.forma->CualidadX = x.toShort();
+            otro.forma->CualidadY = y.toShort();
+            otro.forma->UnidadesDecimales = 1;
+            QVERIFY(otro.corre(
+                u"cboCualX ? %1\ncboCualY ? %2\nchkUnidadesDecimales ? 1\nchkNoGenerarSerieEAN ? 0\ncierra"_s.arg(
+                    deX, deY)));
+        }
+        Escenario sin;
+        sin.sql(u"UPDATE Empresas SET FamiliaObligada = NULL, MaxCodigoArt = NULL, CualidadX_PorDefecto = NULL, "
+                u"Series_Automaticas = NULL"_s);
+        sin.empresa.familias[2].clear();
+        QVERIFY(sin.corre(uR"(
+            chkNoGenerarSerieEAN:activo ? 0; txtFamilia_3:activo ? 0; lblTFamilia_3:activo ? 0
+            txtCodigo = 2000000; Enter; abierto ? 1; txtFamilia_2 =; Enter; foco ? cboCualX; Enter
+            foco ? cboCualY; cierra)"_s));
+    }
+
+    void descriptions_follow_their_fields()
+    {
+        Escenario e;
+        e.acciones[u"conserva"_s] = [&] { e.hijo(u"cboCualY"_s)->setProperty("Tag", u"   2"_s); };
+        QVERIFY(e.corre(uR"(
+            txtCodigo = 1; Enter; txtMarca = 4; txtRef = B-1; txtDesc_Ticket ? ACM B-1
+            txtDescripcion ? ·ACME SPORT B-1; txtDesc_Ticket = A MANO; txtFamilia_1 = 2; Enter
+            txtDesc_Ticket ? ACM B-1; txtDescripcion ? CALZ ACME SPORT B-1; txtDescripcion = A MANO
+            txtImpuesto = -1; txtImpuesto ? 1; -> txtRef; lblPIgic ? 7 %; conserva; F12; txtDescripcion ?; txtRef ?; lblPIgic ?
+            txtMarca ? 4; cboCualX ? (ninguna); cboCualY ? Colores; Esc)"_s));
+    }
+
+    void families_go_with_the_upper_one_and_a_picker_takes_its_name_along()
+    {
+        Escenario e;
+        QVERIFY(e.corre(uR"(
+            todo 200 R; foco ? cboCualX; -> txtFamilia_1; Enter; foco ? txtFamilia_2; txtFamilia_3 ? 6
+            txtFamilia_1 = 2; Enter; txtFamilia_2 ?; txtFamilia_3 ?; txtFamilia_2 = 5; txtFamilia_3 = 6
+            txtFamilia_1 ? 2; sql UPDATE Familias_1 SET Nombre = 'ZAPATO'; txtMarca =; F9; 200 ? 1|CALZ··R)"_s));
+        Escenario otro;
+        QVERIFY(otro.corre(u"todo 200 R\ntxtMarca =\n-> txtRef\ntxtMarca = 4\nF9"_s));
+        QCOMPARE(otro.ve(u"200"_s), u"1|ROPA ACME SPORT R"_s);
+    }
+
+    void a_code_is_confirmed_or_refused()
+    {
+        for (const auto &[texto, queda, foco, dice] : casos<4>(uR"(
+            ··          → ··          → txtCodigo →
+            00012       → 00012       → txtProv   →
+            12ab        → 12          → txtProv   →
+            999         → 999         → txtProv   →
+            5000        → 5000        → txtProv   →
+            100         →             → txtCodigo → ¡Atención!: Este código ya está asignado a otro artículo.
+            5001        →             → txtCodigo →
+            0           →             → txtCodigo →
+            ABC         →             → txtCodigo →
+            99999999999 → 99999999999 → txtCodigo → ¡ Atención !: Desbordamiento)"_s)) {
+            Escenario e;
+            QVERIFY(e.corre(
+                u"txtCodigo = %1; Enter; %2;txtCodigo ? %3; foco ? %4; abierto ? %5; cmdAceptar:activo ? %5; clic cmdCerrar"_s
+                    .arg(texto, dice.isEmpty() ? dice : u"responde Aceptar"_s, queda, foco)
+                    .arg(foco == u"txtProv")));
+            QVERIFY2(e.dijo(dice), qPrintable(e.dicho()));
+            QVERIFY2(e.filas(u"SELECT Codigo FROM Articulos ORDER BY Codigo"_s) == u"100 999",
+                     "a code that was taken stays");
+            QVERIFY(e.filas(u"SELECT * FROM Almacen_Articulos"_s).isEmpty());
         }
     }
-    QVERIFY(e.muestra());
-    QVERIFY2(e.forma.Aceptado, "the same reference of another supplier is allowed");
-    std::size_t i = 0;
-    for (const CajaVista &caja : e.conductor.cajas()) {
-        if (caja.titulo == u"Confirmar operación..") {
-            QCOMPARE(caja.texto, u"El artículo no tiene descripción. ¿Desea continuar?"_s);
-            continue;
-        }
-        QCOMPARE(caja.titulo, u"Validando artículo..."_s);
-        QCOMPARE(caja.texto, fallos[i++].texto);
+
+    void keys_held_down_wheel_and_esc_do_one_thing_at_a_time()
+    {
+        Escenario e;
+        const auto retenida = [&](int tecla) {
+            return [&e, tecla] {
+                QKeyEvent suceso(QEvent::KeyPress, tecla, Qt::NoModifier, QString(), true);
+                QCoreApplication::sendEvent(e.forma->focusWidget(), &suceso);
+            };
+        };
+        e.acciones[u"F6..."_s] = retenida(Qt::Key_F6);
+        e.acciones[u"Esc..."_s] = retenida(Qt::Key_Escape);
+        e.acciones[u"rueda"_s] = [&] {
+            const QWidget *lista = e.hijo(u"cboCualX"_s);
+            const QPointF medio = lista->rect().center();
+            QWheelEvent suceso(medio, lista->mapToGlobal(medio), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(e.hijo(u"cboCualX"_s), &suceso);
+        };
+        e.acciones[u"Esc en la lista"_s] = [&] {
+            qobject_cast<QComboBox *>(e.hijo(u"cboCualX"_s))->showPopup();
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        };
+        QVERIFY(e.corre(uR"(
+            F6...; abierto ? 0; F6; txtCodigo ? 101; abierto ? 1; 101 ? 0|; rueda; cboCualX ? Tallas
+            -> cboCualX; rueda; cboCualX ? Colores; Esc en la lista; abierto ? 1; Esc; 101 ?; visible ? 1
+            foco ? txtCodigo; Esc...; visible ? 1; sql DROP TABLE Articulos
+            sql CREATE TABLE Articulos (Cod_Empresa int, Codigo varchar(9))
+            sql INSERT INTO Articulos VALUES (2, 'A1'); F6; responde Aceptar; Esc; visible ? 0)"_s));
+        QCOMPARE(e.dicho(), u"¡ Atención !: No esta disponible esta opción en códigos alfanuméricos"_s);
     }
-}
 
-void tst_Creacion::barcode_of_seven_digits_data()
-{
-    QTest::addColumn<bool>("conCheck");
-    QTest::addColumn<QString>("respuesta");
-    QTest::addColumn<QString>("queda");
-    QTest::newRow("setting off: not a valid one") << false << u"Aceptar"_s << u"9638507"_s;
-    QTest::newRow("digit appended") << true << u"Sí"_s << u"96385074"_s;
-}
+    void validation_stops_at_the_first_thing_missing()
+    {
+        Escenario e;
+        QString guion = u"txtCodigo = 200\nEnter\ncboCualX = 0\ncboCualY = 0\nF9\n"_s;
+        QStringList dicen;
+        for (const auto &[dice, respuesta, foco, remedio] : casos<4>(uR"(
+            Especifique un proveedor para el artículo           → Aceptar → txtProv        → txtProv = 7
+            Especifique una referencia para el artículo         → Aceptar → txtRef         → txtRef = YA
+            Especifique el valor de Familia para el artículo    → Aceptar → txtFamilia_1   → txtFamilia_1 = 1
+            Especifique el valor de SubFamilia para el artículo → Aceptar → txtFamilia_2   → txtFamilia_2 = 5
+            Especifique el valor de Linea para el artículo      → Aceptar → txtFamilia_3   → txtFamilia_3 = 6
+            Especifique el valor para Talla                     → Aceptar → cboCualX       → cboCualX = 1
+            Especifique el valor para Color                     → Aceptar → cboCualY       → cboCualY = 2
+            La referencia especificada ya existe.               → Aceptar → txtRef         → txtDescripcion =
+            El artículo no tiene descripción. ¿Desea continuar? → No      → txtDescripcion → -> cboCualX
+            El artículo no tiene descripción. ¿Desea continuar? → No      → txtDescripcion → txtProv = 8)"_s)) {
+            guion += u"responde %1\nfoco ? %2\n%3\n%4\nF9\n"_s.arg(
+                respuesta, foco, remedio, remedio.contains(u"txtDescripcion") ? u"-> cboCualX"_s : QString());
+            dicen << (dice.endsWith(u'?') ? u"Confirmar operación..: "_s : u"Validando artículo...: "_s) + dice;
+        }
+        QVERIFY(e.corre(guion + u"responde Sí"_s));
+        QVERIFY2(e.forma->Aceptado, "the same reference of another supplier is allowed");
+        QCOMPARE(e.dicho(),
+                 dicen.join(u'/') + u"/Confirmar operación..: El artículo no tiene descripción. ¿Desea continuar?"_s);
+    }
 
-void tst_Creacion::barcode_of_seven_digits()
-{
-    QFETCH(bool, conCheck);
-    QFETCH(QString, respuesta);
-    QFETCH(QString, queda);
-    Escenario e;
-    e.empresa.valores[u"Check_Barras_7Digitos"_s] = conCheck ? u"1"_s : u"0"_s;
-    e.con([](Manos m) {
-        m.confirma(u"1"_s);
-        m.escribe("txtCodBarras", u"9638507"_s);
-        m.pulsa(Qt::Key_Return);
-    });
-    e.conductor.responde(respuesta);
-    e.con([&](Manos m) {
-        QCOMPARE(m.texto("txtCodBarras"), queda);
-        QVERIFY(m.enfocado("txtDescripcion"));
-        m.hijo("txtCodBarras")->setFocus();
-        m.pulsa(Qt::Key_Return);
-        m.f.close();
-    });
-    QVERIFY(e.muestra());
-    QCOMPARE(e.conductor.cajas().size(), std::size_t(1));
-    QCOMPARE(e.caja().titulo, conCheck ? u"¡ Atención "_s : u"Código de barras"_s);
-}
+    void a_barcode_is_checked_once_when_it_is_left()
+    {
+        for (const auto &[barras, conCheck, respuesta, queda, dice] : casos<5>(uR"(
+            9638507  → 0 → responde Aceptar → 9638507  → Código de barras: El código de barras introducido no es correcto.
+            9638507  → 1 → responde Sí      → 96385074 → ¡ Atención : El código de barras es de 7 dígitos, ¿desea
+            96385074 → 1 →                  → 96385074 →
+            4006381333931 → 0 → responde Aceptar → 4006381333931 → Advertencia!: El EAN 4006381333931 existe en el
+            5901234123457 → 0 →                  → 5901234123457 →)"_s)) {
+            Escenario e;
+            e.sql(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) "
+                  u"VALUES (2, 1, '5901234123457')"_s);
+            e.empresa.valores[u"Check_Barras_7Digitos"_s] = conCheck;
+            QVERIFY(
+                e.corre(u"txtCodigo = 1; Enter; txtCodBarras = %1; Enter; %2;txtCodBarras ? %3; foco ? txtDescripcion; "
+                        u"-> txtCodBarras; Enter; cierra"_s.arg(barras, respuesta, queda)));
+            QVERIFY2(e.dijo(dice), qPrintable(e.dicho()));
+        }
+    }
 
-void tst_Creacion::barcode_warnings_do_not_swallow_the_click_on_accept()
-{
-    Escenario e;
-    e.con([](Manos m) {
-        m.rellena(u"1"_s, u"R"_s);
-        m.escribe("txtCodBarras", u"4006381333931"_s);
-        const auto *boton = m.hijo<QPushButton>("cmdAceptar");
-        // Through the window, so that the buttons of the mouse are known to be down.
-        QTest::mouseClick(m.f.windowHandle(), Qt::LeftButton, {}, boton->mapTo(&m.f, boton->rect().center()));
-    });
-    e.conductor.responde(u"Aceptar"_s);
-    QVERIFY(e.muestra());
-    QVERIFY(e.forma.Aceptado);
-    QCOMPARE(e.conductor.cajas().size(), std::size_t(1));
-    QCOMPARE(e.caja().titulo, u"Advertencia!"_s);
-    QCOMPARE(e.caja().texto, u"El EAN 4006381333931 existe en el artículo 100 - CAMISA VIEJA."_s);
-    QCOMPARE(e.filas(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Barras = '4006381333931'"_s), u"1 100"_s);
-}
+    void barcode_warnings_do_not_swallow_the_click()
+    {
+        for (const QString &nombre : {u"cmdAceptar"_s, u"cmdCerrar"_s, u"cmdCancelar"_s}) {
+            Escenario e;
+            const bool acepta = nombre == u"cmdAceptar";
+            e.acciones[u"ratón"_s] = [&] {
+                // Through the window, so that the buttons of the mouse are known to be down.
+                const QWidget *boton = e.hijo(nombre);
+                QTest::mouseClick(e.forma->windowHandle(), Qt::LeftButton, {},
+                                  boton->mapTo(e.forma, boton->rect().center()));
+                QTest::qWait(30);
+            };
+            QVERIFY(e.corre(
+                u"todo 200 R\ntxtCodBarras = 4006381333931\nratón\n"_s +
+                (acepta ? u"responde Aceptar"_s : u"200 ?\nvisible ? %1\ncierra"_s.arg(nombre == u"cmdCancelar"))));
+            QCOMPARE(e.forma->Aceptado, acepta);
+            QCOMPARE(e.dicho(), acepta
+                                    ? u"Advertencia!: El EAN 4006381333931 existe en el artículo 100 - CAMISA VIEJA."_s
+                                    : QString());
+        }
+    }
 
-void tst_Creacion::esc_cancels_first_and_closes_next()
-{
-    Escenario e;
-    e.con([&](Manos m) {
-        m.confirma(u"200"_s);
-        QVERIFY(!e.articulo(200).isEmpty());
-        m.hijo<QComboBox>("cboCualX")->showPopup();
-        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-        QVERIFY2(m.abierto(), "that Esc was the list's");
-        esc(m);
-        QVERIFY(e.articulo(200).isEmpty() && m.f.isVisible() && m.enfocado("txtCodigo"));
-        esc(m);
-        QVERIFY(!m.f.isVisible());
-    });
-    QVERIFY(e.muestra());
-    QVERIFY(!e.forma.Aceptado);
-}
-
-void tst_Creacion::window_cross_deletes_the_unsaved_item()
-{
-    Escenario e;
-    e.con([](Manos m) {
-        m.confirma(u"200"_s);
-        m.f.close();
-    });
-    QVERIFY(e.muestra());
-    QVERIFY(e.articulo(200).isEmpty() && e.filas(u"SELECT * FROM Almacen_Articulos"_s).isEmpty());
-}
-
-void tst_Creacion::message_over_a_filled_form()
-{
-    Escenario e;
-    e.con([](Manos m) {
-        m.rellena(u"200"_s, u"YA"_s);
-        m.pulsa(Qt::Key_F9);
-    });
-    e.conductor.con<QMessageBox>([](QMessageBox &caja) { retrata(&caja, u"creacion_mensaje"_s); });
-    e.conductor.responde(u"Aceptar"_s);
-    e.con([](Manos m) { m.f.close(); });
-    QVERIFY(e.muestra());
-}
+    /// What is freed is filled, so that reading it again does not go unnoticed.
+    void window_of_the_host_may_go_while_a_box_is_up()
+    {
+        mallopt(M_PERTURB, 0xA5);
+        for (const auto &[guion, conCheck] : casos<2>(uR"(
+            txtCodigo = 100; Enter                                    → 0
+            txtCodigo = 99999999999; Enter                            → 0
+            todo 200 R; txtProv =; F9                                 → 0
+            todo 200 R; txtDescripcion =; F9                          → 0
+            todo 200 YA; F9                                           → 0
+            todo 200 R; sql DROP TABLE Articulos_Ref; F9              → 0
+            todo 200 R; txtCodBarras = 9638507; ratón                 → 0
+            todo 200 R; txtCodBarras = 9638507; ratón                 → 1
+            todo 200 R; txtCodBarras = 4006381333931; ratón           → 0
+            todo 200 R; sql DROP TABLE Almacen_Articulos; F12         → 0
+            todo 200 R; sql DROP TABLE Almacen_Articulos; cierra      → 0)"_s)) {
+            Escenario e;
+            e.empresa.valores[u"Check_Barras_7Digitos"_s] = conCheck;
+            e.acciones[u"espera"_s] = [&] { e.conductor.con<QMessageBox>([&](QMessageBox &) { e.ventana.reset(); }); };
+            e.acciones[u"ratón"_s] = [&] {
+                const QPoint lugar = e.hijo(u"txtRef"_s)->mapTo(e.forma, QPoint(5, 5));
+                QTest::mouseClick(e.forma->windowHandle(), Qt::LeftButton, {}, lugar);
+            };
+            e.corre(u"espera; "_s + guion);
+            QVERIFY2(!e.forma, qPrintable(guion));
+        }
+    }
+};
 
 NV_PRUEBA(tst_Creacion)
 #include "tst_creacion.moc"
