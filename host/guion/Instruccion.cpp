@@ -29,12 +29,20 @@ QStringList Instruccion::palabras() const
     return palabras;
 }
 
-std::optional<Instruccion> Instruccion::leida(const QString &linea, int numero)
+std::vector<Instruccion> Instruccion::leidas(const QString &linea, int numero)
 {
     const QString limpia = linea.trimmed();
     if (limpia.isEmpty() || limpia.startsWith(u'#'))
-        return std::nullopt;
-    return Instruccion{numero, limpia.section(u' ', 0, 0), limpia.section(u' ', 1).trimmed()};
+        return {};
+    const Instruccion una{numero, limpia.section(u' ', 0, 0), limpia.section(u' ', 1).trimmed()};
+    if (una.nombre == u"confirma")
+        return {{numero, u"escribe"_s, una.resto}, {numero, u"pulsa"_s, u"Enter"_s}};
+    if (una.nombre != u"pulsa" || !una.resto.contains(u' '))
+        return {una};
+    std::vector<Instruccion> teclas;
+    for (const QString &tecla : una.resto.split(u' ', Qt::SkipEmptyParts))
+        teclas.push_back({numero, una.nombre, tecla});
+    return teclas;
 }
 
 std::optional<std::pair<QString, QString>> Instruccion::comparacion() const

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+#include <vector>
 
 namespace mostrador::guion {
 
@@ -25,8 +26,9 @@ struct Instruccion
     QString nombre;
     QString resto;
 
-    /// Nothing for blank lines and comments ("#").
-    static std::optional<Instruccion> leida(const QString &linea, int numero);
+    /// What a line says: nothing for blank lines and comments ("#"), one for each key of "pulsa", and for "confirma" the
+    /// text and the Enter behind it.
+    static std::vector<Instruccion> leidas(const QString &linea, int numero);
 
     /// The rest in words; quotes keep blanks together, \n and \" inside them mean what they mean elsewhere.
     QStringList palabras() const;

@@ -63,8 +63,8 @@ void Reproductor::tragar(const QByteArray &trozo, bool ultimo)
     QList<QByteArray> lineas = (m_resto + trozo).split('\n');
     m_resto = ultimo ? QByteArray() : lineas.takeLast();
     for (const QByteArray &linea : lineas) {
-        if (const auto orden = Instruccion::leida(QString::fromUtf8(linea), ++m_linea))
-            m_ordenes.push_back(*orden);
+        for (Instruccion &orden : Instruccion::leidas(QString::fromUtf8(linea), ++m_linea))
+            m_ordenes.push_back(std::move(orden));
     }
 }
 
