@@ -78,7 +78,8 @@ private Q_SLOTS:
         const QPoint celda = m->visualRect(m->model()->index(0, 1)).center();
         const QPoint debajo(10, m->viewport()->height() - 3); // nobody's cell
         using enum Qt::MouseButton;
-        for (const auto &[boton, donde] : {std::pair{RightButton, celda}, {LeftButton, debajo}, {LeftButton, celda}})
+        for (const auto &[boton, donde] :
+             {std::pair{RightButton, QPoint(9, 9)}, {LeftButton, debajo}, {LeftButton, celda}})
             for (const auto raton : {QTest::MouseClick, QTest::MouseDClick})
                 QTest::mouseEvent(raton, m->viewport(), boton, {}, donde);
         QTest::mouseClick(m->horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(20, 8));
