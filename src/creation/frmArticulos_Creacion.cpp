@@ -327,6 +327,7 @@ void frmArticulos_Creacion::reject()
 
 void frmArticulos_Creacion::closeEvent(QCloseEvent *evento)
 {
+    const QPointer<frmArticulos_Creacion> vivo(this); // a box may be up in it, and the host's window go
     cerrar();
-    evento->setAccepted(!isVisible());
+    evento->setAccepted(!vivo || !isVisible());
 }
