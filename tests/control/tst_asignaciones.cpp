@@ -166,10 +166,10 @@ private Q_SLOTS:
               → 999 → txtProv=8 txtReferencia=R → Aceptar → El artículo especificado no existe.         → txtArticulo
               → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
             0 → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
-            1 → 77  → txtProv=8 txtReferencia=a-b.c_/ → No      → %1¿Desea continuar?                   → txtReferencia
-            3 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Sí      → %1¿Desea continuar?                   →
-            2 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia
-            4 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia)"_s)) {
+            1 → 77  → txtProv=8 txtReferencia=a-b.c_/ → No      → %1¿Desea continuar?      → txtReferencia
+            3 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Sí      → %1¿Desea continuar?      →
+            2 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR   → txtReferencia
+            4 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR   → txtReferencia)"_s)) {
             Formulario forma;
             forma.empresa.valores[u"Articulos_CheckRefProv"_s] = regla;
             frmReferencias_Modificar dialogo(&forma);

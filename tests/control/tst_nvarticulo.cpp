@@ -158,7 +158,7 @@ private Q_SLOTS:
         QVERIFY2(forma.articulo->Enabled(), "the form's state is not the component's own");
     }
 
-    /// What the host hears of keys, and what is in the box then. It makes "A" of "a" and takes "x" and the key "Y" away.
+    /// It makes "A" of "a", and takes "x" and the key "Y" away.
     void host_hears_and_rewrites_keys()
     {
         Formulario forma;
