@@ -2,6 +2,7 @@
 #include "support/Programa.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <QWheelEvent>
 #include <QWindow>
 #include <malloc.h>
@@ -127,6 +128,7 @@ private Q_SLOTS:
                 QCoreApplication::sendEvent(e.forma->focusWidget(), &suceso);
             };
         };
+        new QShortcut(Qt::Key_F6, e.forma); // a host's, which must not take the key away
         e.acciones[u"F6..."_s] = retenida(Qt::Key_F6);
         e.acciones[u"Esc..."_s] = retenida(Qt::Key_Escape);
         e.acciones[u"rueda"_s] = [&] {
