@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/ContratoBusqueda.h"
 #include "control/Casos.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Motores.h"
@@ -91,6 +92,14 @@ public:
         sucesos.clear();
         QTest::keyClick(caja(), tecla);
         return conductor.terminado();
+    }
+    /// What the next search dialog is asked and made to give, before it hides.
+    void alBuscar(std::function<void(ContratoBusqueda &)> hacer)
+    {
+        conductor.con<ContratoBusqueda>([hacer](ContratoBusqueda &d) {
+            hacer(d);
+            dynamic_cast<QWidget &>(d).hide();
+        });
     }
     /// The last message box.
     QString dicho() const

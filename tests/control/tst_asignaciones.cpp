@@ -2,9 +2,7 @@
 #include "support/BaseDatos.h"
 #include "support/Programa.h"
 
-#include "barcodes/frmCodBarra_Datos.h"
 #include "creation/frmArticulos_Creacion.h"
-#include "dialogs/frmReferencias_Modificar.h"
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -14,11 +12,11 @@ class tst_Asignaciones : public QObject
 {
     Q_OBJECT
 
-    /// "field=text" over what stands there ("-" empties, "_" is a blank), "field" only goes there; F9 or F12 ends.
+    /// "field=text" over what stands there; F9 or F12 ends.
     static void rellena(QDialog &f, const QString &guion)
     {
         for (const QString &orden : guion.split(u' ')) {
-            const QString texto = orden.section(u'=', 1).replace(u'_', u' ');
+            const QString texto = orden.section(u'=', 1);
             if (auto *campo = f.findChild<QWidget *>(orden.section(u'=', 0, 0)))
                 campo->setFocus();
             else
@@ -27,27 +25,8 @@ class tst_Asignaciones : public QObject
                 continue;
             qobject_cast<QLineEdit *>(f.focusWidget())->selectAll();
             QTest::keyClick(f.focusWidget(), Qt::Key_Delete);
-            QTest::keyClicks(f.focusWidget(), texto == u"-" ? QString() : texto);
+            QTest::keyClicks(f.focusWidget(), texto);
         }
-    }
-
-    /// What the host gives, what is typed → the box, where the focus is; no focus: accepted.
-    template <class Dialogo>
-    static void acepta(Formulario &forma, Dialogo &dialogo, const QString &guion, const QString &respuesta,
-                       const QString &foco)
-    {
-        dialogo.cEmpresa = &forma.empresa;
-        forma.conductor.con<QDialog>([&](QDialog &f) { rellena(f, guion); });
-        if (!respuesta.isEmpty())
-            forma.conductor.responde(respuesta);
-        if (!foco.isEmpty())
-            forma.conductor.con<QDialog>([&](QDialog &f) {
-                const auto *campo = f.findChild<QWidget *>(foco);
-                QVERIFY2(campo == f.focusWidget() || campo->isAncestorOf(f.focusWidget()), qPrintable(foco));
-                rellena(f, u"F12"_s);
-            });
-        dialogo.MostrarModal();
-        QVERIFY2(forma.conductor.terminado() && dialogo.Aceptado == foco.isEmpty(), qPrintable(guion));
     }
 
 private Q_SLOTS:
@@ -134,51 +113,6 @@ private Q_SLOTS:
                 .responde(u"Aceptar"_s);
             QVERIFY(forma.confirma(entrada));
             QVERIFY2(forma.dicho().contains(u"lleno\n"_s + dice), qPrintable(forma.dicho()));
-        }
-    }
-
-    void barcode_dialog_refuses_what_is_missing()
-    {
-        for (const auto &[entrada, guion, dice, foco] : casos<4>(uR"(
-              → txtCB=123 F9                   → ¡ Atención !: Debe especificar datos validos.         → txtCB
-            1 → txtCB=- F9                     → ¡ Atención !: Debe especificar datos validos.         → txtCB
-            1 → txtUnidades=99999 txtCB=123 F9 → ¡ Atención !: Las unidades no pueden pasar de 32767. → txtUnidades
-            1 → txtUnidades=6 txtCB=123 F9     →                                                       →)"_s)) {
-            Formulario forma;
-            frmCodBarra_Datos dialogo(&forma);
-            dialogo.CodBarras = entrada;
-            acepta(forma, dialogo, guion, dice.isEmpty() ? dice : u"Aceptar"_s, foco);
-            QCOMPARE(forma.dicho(), dice);
-            QCOMPARE(dialogo.Unidades, qint16(dice.isEmpty() ? 6 : 1));
-        }
-    }
-
-    void reference_dialog_refuses_what_is_missing_or_similar()
-    {
-        const QString similar =
-            u"Se ha encontrado una referencia de proveedor similar en:\r\n\r\nArtículo: 12 - TORNILLO "
-            u"<M8> & TUERCA\r\nProveedor: 7 - HIERROS\r\nReferencia: a-b.c /\r\n\r\n"_s;
-        for (const auto &[regla, articulo, otros, respuesta, dice, foco] : casos<6>(uR"(
-              →     →                           → Aceptar → Debe especificar el proveedor del artículo  → txtProv
-              →     → txtProv=99                → Aceptar → Debe especificar el código del artículo     → txtArticulo
-              → 12  → txtProv=99                → Aceptar → Debe especificar la referencia del artículo → txtReferencia
-              → 12  → txtProv=99 txtReferencia=R → Aceptar → El proveedor especificado no existe. → txtProv
-              → 999 → txtProv=8 txtReferencia=R → Aceptar → El artículo especificado no existe.         → txtArticulo
-              → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
-            0 → 77  → txtProv=8 txtReferencia=a-b.c_/ →         →                                       →
-            1 → 77  → txtProv=8 txtReferencia=a-b.c_/ → No      → %1¿Desea continuar?                   → txtReferencia
-            3 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Sí      → %1¿Desea continuar?                   →
-            2 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia
-            4 → 77  → txtProv=8 txtReferencia=a-b.c_/ → Aceptar → %1NO SE PERMITE DUPLICAR UNA          → txtReferencia)"_s)) {
-            Formulario forma;
-            forma.empresa.valores[u"Articulos_CheckRefProv"_s] = regla;
-            frmReferencias_Modificar dialogo(&forma);
-            dialogo.Articulo = u"0"_s;
-            acepta(forma, dialogo, u"txtArticulo=%1 %2 F9"_s.arg(articulo, otros).simplified(), respuesta, foco);
-            const QString titulo = respuesta == u"Aceptar" ? u"¡ Atención !: "_s : u"Confirmar operación...: "_s;
-            QVERIFY2(respuesta.isEmpty() ? forma.dicho().isEmpty()
-                                         : forma.dicho().startsWith(titulo + QString(dice).replace(u"%1"_s, similar)),
-                     qPrintable(forma.dicho()));
         }
     }
 };

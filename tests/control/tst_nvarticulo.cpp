@@ -1,7 +1,6 @@
 #include "Formulario.h"
 #include "support/Programa.h"
 
-#include "common/ContratoBusqueda.h"
 #include "nvArticulo/BolsaPropiedades.h"
 #include "nvArticulo/Error.h"
 #include "platform/widgets/Twips.h"
@@ -93,10 +92,10 @@ private Q_SLOTS:
 
     void the_label_follows_the_width()
     {
-        Formulario forma;
         for (int ancho = 85; ancho < 140; ++ancho) {
             QWidget padre;
             nvArticulo articulo(&padre);
+            const auto *caja = articulo.findChild<QLineEdit *>();
             articulo.resize(ancho, 40);
             padre.show();
             const int blanco = nv::twips::dePixeles(articulo.fontMetrics().horizontalAdvance(u' '), &articulo);
@@ -107,23 +106,24 @@ private Q_SLOTS:
             QCOMPARE(articulo.width(), ancho < 92 ? 62 : ancho);
             QCOMPARE(articulo.Nombre(), hueco(1380));
             articulo.setText(u"5"_s);
-            QCOMPARE(articulo.Nombre(), hueco(1785).isEmpty() ? hueco(1380) : hueco(1785));
-            const QString antes = articulo.Nombre();
+            const QString visto = hueco(1785).isEmpty() ? hueco(1380) : hueco(1785);
+            QCOMPARE(articulo.Nombre(), visto);
             articulo.resize(300, 40);
-            QVERIFY2(articulo.Nombre() == antes || antes.isEmpty(), "a label that shows something keeps it");
+            QVERIFY2(visto.isEmpty() || articulo.Nombre() == visto, "a label that shows something keeps it");
             QCOMPARE(articulo.findChild<QLabel *>()->geometry(), QRect(92, 13, 208, 34));
-            articulo.resize(301, 13);
-            QCOMPARE(articulo.findChild<QLineEdit *>()->height(), 13);
-            articulo.resize(301, 12);
-            QCOMPARE(articulo.findChild<QLineEdit *>()->height(), 13);
+            for (const auto &[alto, queda] : {std::pair(13, 13), std::pair(12, 13)}) {
+                articulo.resize(301, alto);
+                QCOMPARE(caja->height(), queda);
+            }
         }
-        const int nombre = QFontMetrics(forma.articulo->Font()).horizontalAdvance(u"TORNILLO <M8> & TUERCA"_s);
-        forma.articulo->setCodigo(u"12"_s);
-        for (const int holgura : {50, -20}) {
-            forma.articulo->resize(92 + nombre + holgura, 24);
+        Formulario forma;
+        const QString nombre = u"TORNILLO <M8> & TUERCA"_s;
+        for (const auto &[holgura, aviso] :
+             {std::pair(50, QString()), std::pair(-20, u"<span>%1</span>"_s.arg(nombre.toHtmlEscaped()))}) {
+            forma.articulo->resize(92 + QFontMetrics(forma.articulo->Font()).horizontalAdvance(nombre) + holgura, 24);
+            forma.articulo->setCodigo(u"12"_s);
             QVERIFY(forma.articulo->Cargar());
-            QCOMPARE(forma.articulo->findChild<QLabel *>()->toolTip(),
-                     holgura > 0 ? QString() : u"<span>TORNILLO &lt;M8&gt; &amp; TUERCA</span>"_s);
+            QCOMPARE(forma.articulo->findChild<QLabel *>()->toolTip(), aviso);
         }
     }
 
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QVERIFY2(forma.articulo->Enabled(), "the form's state is not the component's own");
     }
 
-    /// What the host hears of keys, and what is in the box then. It makes "A" of "a" and takes "x" and the key "Y" away.
+    /// It makes "A" of "a", and takes "x" and the key "Y" away.
     void host_hears_and_rewrites_keys()
     {
         Formulario forma;
@@ -263,10 +263,7 @@ private Q_SLOTS:
     {
         Formulario forma;
         for (const auto &[codigo, resultado] : casos<2>(u"77→77\n→0\n99999999999→0"_s)) {
-            forma.conductor.con<nv::ContratoBusqueda>([&](nv::ContratoBusqueda &d) {
-                d.Codigo = codigo;
-                dynamic_cast<QWidget &>(d).hide();
-            });
+            forma.alBuscar([&](nv::ContratoBusqueda &d) { d.Codigo = codigo; });
             forma.articulo->setCodigo(u"12"_s);
             QCOMPARE(forma.articulo->Buscar(), resultado.toInt());
         }
@@ -315,10 +312,10 @@ private Q_SLOTS:
     void model_and_connection_are_the_first_ones_known()
     {
         Formulario forma;
-        forma.ajusta(u"BusquedaArticulos=5"_s);
-        QCOMPARE(forma.articulo->Modelo(), qint16(5));
-        forma.ajusta(u"BusquedaArticulos=7"_s);
-        QCOMPARE(forma.articulo->Modelo(), qint16(5));
+        for (const QString &modelo : {u"5"_s, u"7"_s}) {
+            forma.ajusta(u"BusquedaArticulos="_s + modelo);
+            QCOMPARE(forma.articulo->Modelo(), qint16(5));
+        }
         {
             auto segunda = nv::datos::abrirEmbebida(u":memory:"_s);
             nvArticulo otra;

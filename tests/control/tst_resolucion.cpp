@@ -1,7 +1,6 @@
 #include "Formulario.h"
 #include "support/Programa.h"
 
-#include "common/ContratoBusqueda.h"
 #include "control/ClaseEntrada.h"
 
 #include <QApplication>
@@ -172,7 +171,7 @@ private Q_SLOTS:
                  → BusquedaArticulos=1 * Familia_2=5 → 2 1 1 5 6 1 0,0,0· → ,1,2 → |[ ]||txtCodigo|P|,1,2 (,1,2))"_s)) {
             Formulario forma;
             forma.ajusta(QString(ajustes).replace(u"*"_s, todo));
-            forma.conductor.con<ContratoBusqueda>([&](ContratoBusqueda &d) {
+            forma.alBuscar([&](ContratoBusqueda &d) {
                 const QLatin1StringView clase(dynamic_cast<QWidget &>(d).metaObject()->className());
                 const QString dado =
                     QString::asprintf(" %d %d %d %d %d %d,%d,%d ", d.MultiResultado, d.SeleccionarTodo, d.AlmacenStock,
@@ -180,7 +179,6 @@ private Q_SLOTS:
                 QCOMPARE(clase.last(1) + dado + d.Busqueda_Descripcion, recibe);
                 d.Codigo = codigo;
                 d.Descripcion = u"(%1)"_s.arg(codigo);
-                dynamic_cast<QWidget &>(d).hide();
             });
             QVERIFY(forma.confirma(tecleado, tecleado.isEmpty() ? Qt::Key_F3 : Qt::Key_Return));
             const nvArticulo &a = *forma.articulo;
@@ -199,11 +197,10 @@ private Q_SLOTS:
                  → Familia_1=-1 → //0     → 0
                  →              → /0/0    → 5)"_s)) {
             forma.ajusta(ajustes);
-            forma.conductor.con<ContratoBusqueda>([&](ContratoBusqueda &d) {
+            forma.alBuscar([&](ContratoBusqueda &d) {
                 QCOMPARE(u"%1/%2/%3"_s.arg(d.Busqueda_Descripcion, d.Busqueda_Codigo).arg(d.Busqueda_Marca), recibe);
                 d.Codigo = marca == u"0" ? QString() : u"12"_s;
                 d.Busqueda_Marca = marca.toShort();
-                dynamic_cast<QWidget &>(d).hide();
             });
             QVERIFY(forma.confirma(tecleado, tecleado.isEmpty() ? Qt::Key_F3 : Qt::Key_Return) &&
                     forma.articulo->Familia_1 == 0);
