@@ -150,7 +150,8 @@ private Q_SLOTS:
             QCOMPARE(forma.caja()->selectedText(), seleccion);
         }
         QVERIFY2(forma.sentencias.isEmpty() && forma.articulo->Text() == u"123", "leaving the box resolves nothing");
-        forma.articulo->setEnabled(false);
+        forma.despues->setFocus();
+        static_cast<QWidget *>(forma.articulo)->setEnabled(false); // as any widget
         QVERIFY(!forma.articulo->Enabled() && fondo(forma.caja()) == QColor(224, 224, 224));
         forma.articulo->setEnabled(true);
         QCOMPARE(fondo(forma.caja()), normal);

@@ -139,13 +139,15 @@ private Q_SLOTS:
     void focus_comes_back_from_a_refused_offer_if_it_can()
     {
         Formulario forma;
-        for (const bool visible : {true, false}) {
+        const std::pair<QString, bool> casosFoco[] = {{u"/123"_s, true}, {u".NADA"_s, true}, {u"/123"_s, false}};
+        for (const auto &[entrada, visible] : casosFoco) {
             forma.despues->setFocus();
-            forma.articulo->Emular_Enter(u"*NADA"_s);
+            forma.conductor.con<QDialog>([](QDialog &lista) { lista.close(); });
+            forma.articulo->Emular_Enter(u"*SU-1"_s);
             QVERIFY(forma.focusWidget() == forma.despues);
             forma.articulo->setVisible(visible);
             forma.conductor.responde(u"No"_s);
-            forma.articulo->Emular_Enter(u"/123"_s);
+            forma.articulo->Emular_Enter(entrada);
             forma.articulo->show();
             QCOMPARE(forma.focusWidget() == forma.caja(), visible);
         }
