@@ -174,6 +174,7 @@ Q_SIGNALS:
     void MouseDown(qint16 &Button, qint16 &Shift, float &X, float &Y);
     void MouseMove(qint16 &Button, qint16 &Shift, float &X, float &Y);
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
+    /// The box may be ended in every event but this one, in which the toolkit still needs it: `deleteLater` there.
     void Change();
     /// The container's form should store the property again.
     void PropertyChanged(const QString &propiedad);

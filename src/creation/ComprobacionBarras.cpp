@@ -30,6 +30,8 @@ ComprobacionBarras::ComprobacionBarras(nvTextBox *caja, const nvTextBox *articul
     });
     connect(m_caja, &QLineEdit::textChanged, this, [this] { m_comprobado = false; });
     connect(m_caja, &nvTextBox::Salida, this, &ComprobacionBarras::alSalir);
+    // While the focus is on its way the toolkit cannot bear that the window goes with a box: Enter asks before.
+    connect(m_caja, &nvTextBox::Intro, this, &ComprobacionBarras::alSalir);
 }
 
 void ComprobacionBarras::conectar(::cEmpresa &empresa, Conexion &conexion)

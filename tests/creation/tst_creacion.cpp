@@ -230,6 +230,7 @@ private Q_SLOTS:
             todo 200 R; sql DROP TABLE Articulos_Ref; F9              → 0
             todo 200 R; txtCodBarras = 9638507; ratón                 → 0
             todo 200 R; txtCodBarras = 9638507; ratón                 → 1
+            todo 200 R; txtCodBarras = 9638507; -> txtCodBarras; Enter → 1
             todo 200 R; txtCodBarras = 4006381333931; ratón           → 0
             todo 200 R; sql DROP TABLE Almacen_Articulos; F12         → 0
             todo 200 R; sql DROP TABLE Almacen_Articulos; cierra      → 0)"_s)) {
