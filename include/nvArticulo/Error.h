@@ -42,6 +42,8 @@ Error noCoinciden();
 /// Run without the company context that the host hands in.
 Error sinEmpresa();
 Error sinConexion();
+/// The company's search model is none of ours.
+Error sinModelo(const QString &modelo);
 Error conexionCerrada();
 } // namespace errores
 

@@ -5,8 +5,8 @@
 #include <QVariant>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
-class QLabel;
 class cEmpresa;
 
 namespace NVUTConfig {
@@ -19,9 +19,11 @@ class CajaCodigo;
 class ComprobadorReferencias;
 class Conexion;
 class Dialogos;
+class EtiquetaElidida;
 struct AjustesCaja;
 struct EstadoCaja;
 struct PeticionBusqueda;
+struct Resolucion;
 struct Servicios;
 } // namespace nv
 
@@ -70,6 +72,7 @@ class nvArticulo : public QWidget
     Q_PROPERTY(short AlmacenStock MEMBER AlmacenStock DESIGNABLE false STORED false)
     Q_PROPERTY(bool SeleccionarTodo MEMBER SeleccionarTodo DESIGNABLE false STORED false)
     Q_PROPERTY(bool GuardarBusqueda MEMBER GuardarBusqueda DESIGNABLE false STORED false)
+    Q_PROPERTY(bool AvisarNoEncontrado MEMBER AvisarNoEncontrado STORED false)
 
 public:
     enum eFormsFichas { FichaArticulos = 0, FichaArticulos_Mini = 1, FichaArticulos_Mini_1 = 2 };
@@ -145,10 +148,19 @@ public:
     qint16 AlmacenStock = 0;
     bool SeleccionarTodo = false;
     bool GuardarBusqueda = false;
+    bool AvisarNoEncontrado = true; ///< whether the box itself says that nothing has the code
 
     /// Load the description of the code in the box (`Articulos`); True when the item exists. Errors are shown.
     bool Cargar() { return Refrescar_Datos(); }
     bool Refrescar_Datos();
+    /// What came of `Confirmar`.
+    enum class eConfirmacion { Existe, NoExiste, Fallo };
+    /// For a form that is accepted while the box still has the focus: resolves what stands in it exactly as Enter does,
+    /// unless it is resolved already. No event, no move of the focus; what names no item stays as typed, selected. An
+    /// error is shown and gives `Fallo`.
+    eConfirmacion Confirmar();
+    /// Empties the label.
+    void OlvidarNombre();
     void SelectText();
     void Refresh();
     /// As F3 in an emptied box; the numeric value of the box afterwards, 0 when nothing was chosen or a dialog of this
@@ -176,6 +188,8 @@ Q_SIGNALS:
     void MouseUp(qint16 &Button, qint16 &Shift, float &X, float &Y);
     /// The box may be ended in every event but this one, in which the toolkit still needs it: `deleteLater` there.
     void Change();
+    /// Enter found nothing under this text, nobody was asked about it, and the box is empty again.
+    void NoEncontrado(const QString &Texto);
     /// The container's form should store the property again.
     void PropertyChanged(const QString &propiedad);
 
@@ -190,17 +204,14 @@ private:
     void alTeclaAbajo(qint16 &codigo, qint16 &estado);
     void alIntro();
     void alCambiar();
-    void reenviarRaton(void (nvArticulo::*senal)(qint16 &, qint16 &, float &, float &), qint16 boton, qint16 estado,
-                       QPointF lugar);
     void pintarSegunEstado();
-    void disponer();
-    QString corchetes(int twipsDescontados) const;
     void ponerTexto(const QString &texto, const QString &nombre);
     void ponerNombre(const QString &nombre);
     void ponerFuente(const QFont &fuente);
     template <class Valor>
     void cambiar(Valor &miembro, const Valor &valor, const QString &propiedad);
 
+    std::optional<nv::Resolucion> resuelta(const nv::EstadoCaja &partida, const Ocupada &ocupada);
     void lanzarBusqueda();
     nv::PeticionBusqueda peticion() const;
     nv::AjustesCaja ajustes() const;
@@ -208,7 +219,7 @@ private:
     void aplicar(const nv::EstadoCaja &partida, const nv::EstadoCaja &nuevo);
 
     nv::CajaCodigo *m_caja;
-    QLabel *m_nombre;
+    nv::EtiquetaElidida *m_nombre;
     std::unique_ptr<nv::Servicios> m_servicios;
     std::shared_ptr<nv::Dialogos> m_dialogos;
     std::unique_ptr<nv::EstadoCaja> m_estado; ///< but text and name, which the widgets hold

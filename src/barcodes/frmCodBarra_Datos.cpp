@@ -4,6 +4,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Error.h"
 #include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Twips.h"
@@ -26,6 +27,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
     m_articulo->setObjectName(u"txtArticulo"_s);
     m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
     m_codBarras->setObjectName(u"txtCB"_s);
+    m_codBarras->setMaxLength(30);
     m_codBarras->setMaximumWidth(nv::twips::aPixeles(2600, this));
     m_unidades->setObjectName(u"txtUnidades"_s);
     m_unidades->setNumerico(true);
@@ -43,6 +45,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
     todo->addLayout(campos);
     todo->addLayout(botonera());
     todo->setSizeConstraint(QLayout::SetFixedSize);
+    connect(m_articulo, &nvArticulo::Change, m_articulo, &nvArticulo::OlvidarNombre);
     atajosAceptarCancelar();
 }
 
@@ -81,9 +84,27 @@ void frmCodBarra_Datos::aceptar()
             campo->setFocus();
         return;
     }
-    CodBarras = m_codBarras->text();
+    const QPointer<frmCodBarra_Datos> vivo(this);
+    const nvArticulo::eConfirmacion articulo = m_articulo->Confirmar();
+    if (!vivo || articulo == nvArticulo::eConfirmacion::Fallo)
+        return;
+    if (articulo == nvArticulo::eConfirmacion::NoExiste) {
+        m_articulo->setFocus();
+        nv::Aviso::mostrar(m_articulo,
+                           m_articulo->Text().isEmpty() ? u"Falta el artículo"_s : u"Ese artículo no existe"_s);
+        return;
+    }
+    const QString pedido = std::exchange(CodBarras, m_codBarras->text());
     Articulo = m_articulo->Text();
     Unidades = unidades < 1 ? qint16(1) : unidades;
-    Aceptado = true;
-    hide();
+    const bool hecho = !AlAceptar || AlAceptar(*this);
+    if (!vivo)
+        return;
+    Aceptado = hecho;
+    if (hecho) {
+        hide();
+    } else {
+        CodBarras = pedido;
+        m_codBarras->setFocus();
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "platform/widgets/FormularioModal.h"
 
+#include <functional>
+
 class cEmpresa;
 class nvArticulo;
 class nvTextBox;
@@ -32,6 +34,8 @@ public:
     QString Articulo;                                  ///< item code as text
     QString CodBarras;
     qint16 Unidades = 1; ///< result: units per scan, at least 1
+    /// What accepting does while the form is up; false keeps it there.
+    std::function<bool(frmCodBarra_Datos &)> AlAceptar;
 
 protected:
     void aceptar() override;

@@ -36,6 +36,12 @@ Error conexionCerrada()
     return {ConexionCerrada, u"La conexión con la base de datos está cerrada."_s};
 }
 
+Error sinModelo(const QString &modelo)
+{
+    return {0,
+            u"El modelo de búsqueda %1 no existe. Revise el parámetro BusquedaArticulos de la empresa."_s.arg(modelo)};
+}
+
 Error sinConexion()
 {
     return {SinObjeto, u"No se ha establecido la conexión con la base de datos."_s};

@@ -79,6 +79,22 @@ QString recortado(QStringView texto)
     return texto.toString();
 }
 
+QString lineaLimpia(const QString &texto)
+{
+    QString linea;
+    for (const QChar c : texto) {
+        const bool fin = c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+        if (fin && !linea.trimmed().isEmpty())
+            break;
+        const QChar::Category clase = c.category();
+        if (c == u'\t')
+            linea += u' ';
+        else if (!fin && clase != QChar::Other_Control && clase != QChar::Other_Format)
+            linea += c;
+    }
+    return linea.trimmed();
+}
+
 bool esNumerico(QStringView texto)
 {
     const QString sinBlancos = recortado(texto);

@@ -16,6 +16,10 @@ constexpr bool esDigito(QChar c)
 /// Without the blanks (U+0020 only) at both ends.
 QString recortado(QStringView texto);
 
+/// What a one-line box takes of a text from elsewhere: the first line that holds something, without control characters
+/// and without blanks of any kind at its ends.
+QString lineaLimpia(const QString &texto);
+
 /// Whether the text reads as a number with Spanish signs: blanks around, one sign in front, ASCII digits, single "." as
 /// group separator anywhere before the one decimal ",", an exponent E or D. Nothing else: no hexadecimal, no currency sign.
 bool esNumerico(QStringView texto);

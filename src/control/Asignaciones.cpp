@@ -6,21 +6,13 @@
 #include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Mensajes.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace nv {
 
 namespace {
-
-/// What the user left in an item box without confirming it must read as the code that Enter would have made of it. A
-/// text that Enter reads otherwise ("+12" is a PLU) is refused: it would attach to another item.
-qint32 codigoDe(const QString &texto)
-{
-    const QString limpio = recortado(texto);
-    if (!esNumerico(limpio) || limpio.startsWith(u'+') || limpio.startsWith(u'-'))
-        throw Error{errores::NoCoinciden, u"«%1» no es un código de artículo."_s.arg(texto.left(60)), {}};
-    return ValEntero32(QString(limpio).remove(u'.').remove(u','));
-}
 
 bool hayFila(Conexion &conexion, const Sentencia &sentencia)
 {
@@ -35,38 +27,48 @@ bool traspasar(QWidget *padre, const QString &pregunta)
 } // namespace
 
 template <class Operacion>
-bool Asignaciones::guardada(Operacion &&operacion)
+bool Asignaciones::guardada(QWidget *padre, Operacion &&operacion)
 {
+    const QPointer<QWidget> anterior = std::exchange(m_padre, QPointer<QWidget>(padre));
+    bool hecha = true;
     try {
-        return operacion();
+        operacion();
     } catch (const Error &error) {
         const QString texto = m_yaBorrado.isEmpty() ? error.descripcion : error.descripcion + u'\n' + m_yaBorrado;
         mensajes::mostrar(m_padre, u"¡ Error inesperado !"_s, texto, mensajes::Icono::Critico);
-        return false;
+        hecha = false;
     }
+    m_padre = anterior;
+    return hecha;
 }
 
 bool Asignaciones::referencia(qint32 &articulo, qint32 &proveedor, QString &referencia, ValoresCreacion &recordados)
 {
-    return guardada([&] {
+    bool atachada = false;
+    guardada(m_padre, [&] {
         if (m_empresa.ValorBooleano(u"EsUlvaro"_s)) {
             DatosCreacion datos{recordados, articulo, proveedor, referencia};
             if (!m_dialogos.crearArticulo(m_padre, m_empresa, m_conexion, datos))
-                return false;
+                return;
             articulo = datos.Codigo;
             proveedor = datos.Proveedor;
             referencia = datos.Ref;
             recordados = datos;
-            return true;
+            atachada = true;
+            return;
         }
-        DatosReferencia datos{QString::number(articulo), proveedor, referencia};
-        if (!m_dialogos.pedirReferencia(m_padre, m_servicios, datos))
-            return false;
-        articulo = codigoDe(datos.Articulo);
-        proveedor = datos.Proveedor;
-        referencia = datos.Referencia;
-        return atacharReferencia(articulo, proveedor, referencia);
+        const DatosReferencia pedida{QString::number(articulo), proveedor, referencia};
+        m_dialogos.pedirReferencia(m_padre, m_servicios, pedida, [&](QWidget *forma, const DatosReferencia &datos) {
+            return guardada(forma, [&] {
+                const qint32 codigo = ValEntero32(datos.Articulo);
+                proveedor = datos.Proveedor;
+                atachada = atacharReferencia(codigo, proveedor, datos.Referencia);
+                articulo = atachada ? codigo : articulo;
+                referencia = atachada ? datos.Referencia : referencia;
+            });
+        });
     });
+    return atachada;
 }
 
 bool Asignaciones::atacharReferencia(qint32 articulo, qint32 proveedor, const QString &referencia)
@@ -85,6 +87,11 @@ bool Asignaciones::atacharReferencia(qint32 articulo, qint32 proveedor, const QS
         m_yaBorrado = u"La referencia %1 ya se ha quitado de los demás artículos del proveedor %2."_s.arg(
             referencia, QString::number(proveedor));
     }
+    Sentencia mia(u"SELECT Ref FROM Articulos_Ref WHERE Cod_Empresa =");
+    mia << empresa << u" AND Cod_Articulo =" << articulo << u" AND Cod_Prov =" << proveedor << u" AND Ref ='"
+        << ComoEscrito(referencia) << u"'";
+    if (hayFila(m_conexion, mia))
+        return true;
     Sentencia principal(u"SELECT Cod_Articulo FROM Articulos_Ref WHERE Cod_Empresa =");
     principal << empresa << u" AND Cod_Articulo =" << articulo << u" AND Principal = 1";
     const bool tienePrincipal = hayFila(m_conexion, principal);
@@ -97,14 +104,19 @@ bool Asignaciones::atacharReferencia(qint32 articulo, qint32 proveedor, const QS
 
 bool Asignaciones::codigoBarras(qint32 &articulo, QString &codigoBarras)
 {
-    return guardada([&] {
-        DatosCodigoBarras datos{QString::number(articulo), codigoBarras};
-        if (!m_dialogos.pedirCodigoBarras(m_padre, m_servicios, datos))
-            return false;
-        articulo = codigoDe(datos.Articulo);
-        codigoBarras = datos.CodBarras;
-        return atacharCodigoBarras(articulo, codigoBarras);
+    bool atachado = false;
+    guardada(m_padre, [&] {
+        m_dialogos.pedirCodigoBarras(m_padre, m_servicios, {QString::number(articulo), codigoBarras},
+                                     [&](QWidget *forma, const DatosCodigoBarras &datos) {
+                                         return guardada(forma, [&] {
+                                             const qint32 codigo = ValEntero32(datos.Articulo);
+                                             atachado = atacharCodigoBarras(codigo, datos.CodBarras);
+                                             articulo = atachado ? codigo : articulo;
+                                             codigoBarras = atachado ? datos.CodBarras : codigoBarras;
+                                         });
+                                     });
     });
+    return atachado;
 }
 
 bool Asignaciones::atacharCodigoBarras(qint32 articulo, const QString &codigoBarras)
@@ -120,14 +132,23 @@ bool Asignaciones::atacharCodigoBarras(qint32 articulo, const QString &codigoBar
             otro = registros.texto(u"Cod_Articulo");
     }
     if (!otro.isEmpty()) {
+        Sentencia suyo(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =");
+        suyo << empresa << u" AND Cod_Barras ='" << ComoEscrito(codigoBarras) << u"' AND Principal = 1";
+        const QString pierde = hayFila(m_conexion, suyo)
+                                   ? u"\nEs su código de barras principal: ese artículo se quedará sin él."_s
+                                   : QString();
         if (!traspasar(m_padre, u"El código de barras especificado ya existe en el artículo: "_s + otro +
-                                    u" ¿Desea traspasarlo?"_s))
+                                    u" ¿Desea traspasarlo?"_s + pierde))
             return false;
         Sentencia borra(u"DELETE FROM Articulos_CBarras WHERE Cod_Empresa =");
         borra << empresa << u" And Cod_Barras ='" << ComoEscrito(codigoBarras) << u"'";
         m_conexion.Ejecutar(borra);
         m_yaBorrado = u"El código de barras %1 ya se ha quitado del artículo %2."_s.arg(codigoBarras, otro);
     }
+    Sentencia mio(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =");
+    mio << empresa << u" AND Cod_Articulo =" << articulo << u" AND Cod_Barras ='" << ComoEscrito(codigoBarras) << u"'";
+    if (hayFila(m_conexion, mio))
+        return true;
     Sentencia principal(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =");
     principal << empresa << u" AND Cod_Articulo =" << articulo << u" AND Principal = 1";
     const bool tienePrincipal = hayFila(m_conexion, principal);

@@ -31,7 +31,7 @@ private:
     bool atacharReferencia(qint32 articulo, qint32 proveedor, const QString &referencia);
     bool atacharCodigoBarras(qint32 articulo, const QString &codigoBarras);
     template <class Operacion>
-    bool guardada(Operacion &&operacion);
+    bool guardada(QWidget *padre, Operacion &&operacion);
 
     Conexion &m_conexion;
     const Servicios &m_servicios;

@@ -1,6 +1,8 @@
 #include "control/CajaCodigo.h"
 
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Teclas.h"
+#include "platform/widgets/Twips.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -9,9 +11,15 @@
 #include <QPointer>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace nv {
 
 namespace {
+
+constexpr QColor ConFoco(192, 255, 255);
+constexpr QColor Deshabilitada(224, 224, 224);
+constexpr QColor Letra(0, 0, 0);
 
 bool pasajero(Qt::FocusReason motivo)
 {
@@ -21,21 +29,26 @@ bool pasajero(Qt::FocusReason motivo)
 } // namespace
 
 CajaCodigo::CajaCodigo(QWidget *padre)
-    : QLineEdit(padre)
+    : CajaTexto(padre)
 {
     setMaxLength(21);
 }
 
-void CajaCodigo::pintarFondo(const QColor &color)
+void CajaCodigo::pintarEstado(bool habilitada)
 {
-    QPalette paleta = palette();
-    paleta.setColor(QPalette::Base, color);
+    QPalette paleta;
+    if (!habilitada || hasFocus()) {
+        paleta = palette();
+        paleta.setColor(QPalette::Base, habilitada ? ConFoco : Deshabilitada);
+        paleta.setColor(QPalette::Text, Letra);
+    }
     setPalette(paleta);
 }
 
-void CajaCodigo::restaurarFondo()
+void CajaCodigo::decirNoEncontrado(const QString &escrito)
 {
-    setPalette(QPalette());
+    m_recuperable = escrito;
+    Aviso::mostrar(this, u"«%1» no existe (Ctrl+Z lo recupera)"_s.arg(escrito));
 }
 
 bool CajaCodigo::event(QEvent *evento)
@@ -47,7 +60,7 @@ bool CajaCodigo::event(QEvent *evento)
             return true;
         }
     }
-    return QLineEdit::event(evento);
+    return CajaTexto::event(evento);
 }
 
 void CajaCodigo::keyPressEvent(QKeyEvent *evento)
@@ -68,6 +81,11 @@ void CajaCodigo::keyPressEvent(QKeyEvent *evento)
         Q_EMIT intro();
         return;
     }
+    if (evento->matches(QKeySequence::Undo) && text().isEmpty() && !m_recuperable.isEmpty() && !isReadOnly()) {
+        evento->accept();
+        teclear(m_recuperable);
+        return;
+    }
     escribir(evento);
 }
 
@@ -77,7 +95,7 @@ void CajaCodigo::escribir(QKeyEvent *evento)
     const QString texto = evento->key() == Qt::Key_Backspace ? QString(QChar(8)) : evento->text();
     // Delete is no character although it comes with one.
     if (texto.size() != 1 || evento->key() == Qt::Key_Delete) {
-        QLineEdit::keyPressEvent(evento);
+        CajaTexto::keyPressEvent(evento);
         return;
     }
     const auto tecleado = static_cast<qint16>(texto.front().unicode());
@@ -86,11 +104,11 @@ void CajaCodigo::escribir(QKeyEvent *evento)
     if (!vivo || ascii == 0) {
         evento->accept();
     } else if (ascii == tecleado) {
-        QLineEdit::keyPressEvent(evento);
+        CajaTexto::keyPressEvent(evento);
     } else {
         evento->accept();
         if (!isReadOnly())
-            insert(QString(QChar(static_cast<char16_t>(ascii))));
+            teclear(QString(QChar(static_cast<char16_t>(ascii))));
     }
 }
 
@@ -101,7 +119,7 @@ void CajaCodigo::keyReleaseEvent(QKeyEvent *evento)
     const QPointer<CajaCodigo> vivo(this);
     Q_EMIT teclaArriba(codigo, estado);
     if (vivo)
-        QLineEdit::keyReleaseEvent(evento);
+        CajaTexto::keyReleaseEvent(evento);
 }
 
 void CajaCodigo::inputMethodEvent(QInputMethodEvent *evento)
@@ -119,12 +137,12 @@ void CajaCodigo::inputMethodEvent(QInputMethodEvent *evento)
     }
     QInputMethodEvent filtrado(evento->preeditString(), evento->attributes());
     filtrado.setCommitString(quedan, evento->replacementStart(), evento->replacementLength());
-    QLineEdit::inputMethodEvent(&filtrado);
+    CajaTexto::inputMethodEvent(&filtrado);
 }
 
 void CajaCodigo::focusInEvent(QFocusEvent *evento)
 {
-    QLineEdit::focusInEvent(evento);
+    CajaTexto::focusInEvent(evento);
     if (pasajero(evento->reason()))
         return;
     // Coming back from another program must not lay a selection over what is half typed.
@@ -135,34 +153,43 @@ void CajaCodigo::focusInEvent(QFocusEvent *evento)
 
 void CajaCodigo::focusOutEvent(QFocusEvent *evento)
 {
-    QLineEdit::focusOutEvent(evento);
+    CajaTexto::focusOutEvent(evento);
     if (!pasajero(evento->reason()))
         Q_EMIT desenfocada();
+}
+
+void CajaCodigo::avisarRaton(SenalRaton senal, const QMouseEvent &evento, Qt::MouseButtons botones)
+{
+    qint16 boton = teclas::boton(botones);
+    qint16 estado = teclas::estado(evento.modifiers());
+    auto x = static_cast<float>(twips::dePixeles(qRound(evento.position().x()), this));
+    auto y = static_cast<float>(twips::dePixeles(qRound(evento.position().y()), this));
+    Q_EMIT(this->*senal)(boton, estado, x, y);
 }
 
 void CajaCodigo::mousePressEvent(QMouseEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
-    Q_EMIT ratonAbajo(teclas::boton(evento->button()), teclas::estado(evento->modifiers()), evento->position());
+    avisarRaton(&CajaCodigo::ratonAbajo, *evento, evento->button());
     if (vivo)
-        QLineEdit::mousePressEvent(evento);
+        CajaTexto::mousePressEvent(evento);
 }
 
 void CajaCodigo::mouseMoveEvent(QMouseEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
-    Q_EMIT ratonMovido(teclas::boton(evento->buttons()), teclas::estado(evento->modifiers()), evento->position());
+    avisarRaton(&CajaCodigo::ratonMovido, *evento, evento->buttons());
     if (vivo)
-        QLineEdit::mouseMoveEvent(evento);
+        CajaTexto::mouseMoveEvent(evento);
 }
 
 void CajaCodigo::mouseReleaseEvent(QMouseEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
     const bool dentro = evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint());
-    QLineEdit::mouseReleaseEvent(evento);
+    CajaTexto::mouseReleaseEvent(evento);
     const bool segundo = std::exchange(m_trasDobleClic, false);
-    Q_EMIT ratonArriba(teclas::boton(evento->button()), teclas::estado(evento->modifiers()), evento->position());
+    avisarRaton(&CajaCodigo::ratonArriba, *evento, evento->button());
     if (vivo && dentro && !segundo)
         Q_EMIT clic();
 }
@@ -170,9 +197,9 @@ void CajaCodigo::mouseReleaseEvent(QMouseEvent *evento)
 void CajaCodigo::mouseDoubleClickEvent(QMouseEvent *evento)
 {
     const QPointer<CajaCodigo> vivo(this);
-    QLineEdit::mouseDoubleClickEvent(evento);
+    CajaTexto::mouseDoubleClickEvent(evento);
     m_trasDobleClic = true;
-    Q_EMIT ratonAbajo(teclas::boton(evento->button()), teclas::estado(evento->modifiers()), evento->position());
+    avisarRaton(&CajaCodigo::ratonAbajo, *evento, evento->button());
     if (vivo)
         Q_EMIT dobleClic();
 }

@@ -1,21 +1,24 @@
 #pragma once
 
-#include <QLineEdit>
+#include "platform/widgets/CajaTexto.h"
 
 namespace nv {
 
 /// The code box inside the item component: hands every key, character and mouse move to its owner first, by reference,
 /// and inserts the character that is left.
-class CajaCodigo : public QLineEdit
+class CajaCodigo : public CajaTexto
 {
     Q_OBJECT
 
 public:
     explicit CajaCodigo(QWidget *padre);
 
-    /// Background of the box, and the theme's own again: the owner decides by its own state.
-    void pintarFondo(const QColor &color);
-    void restaurarFondo();
+    /// Light cyan with the focus, light grey while its owner is disabled, else the theme's own colours; dark letters on
+    /// both, whatever the theme.
+    void pintarEstado(bool habilitada);
+
+    /// Says at the box that nothing has this code; Ctrl+Z in the emptied box brings it back.
+    void decirNoEncontrado(const QString &escrito);
 
 Q_SIGNALS:
     void teclaAbajo(qint16 &codigo, qint16 &estado);
@@ -25,9 +28,10 @@ Q_SIGNALS:
     void intro();
     void clic();
     void dobleClic();
-    void ratonAbajo(qint16 boton, qint16 estado, QPointF lugar);
-    void ratonMovido(qint16 boton, qint16 estado, QPointF lugar);
-    void ratonArriba(qint16 boton, qint16 estado, QPointF lugar);
+    /// In twips from the box's corner.
+    void ratonAbajo(qint16 &boton, qint16 &estado, float &x, float &y);
+    void ratonMovido(qint16 &boton, qint16 &estado, float &x, float &y);
+    void ratonArriba(qint16 &boton, qint16 &estado, float &x, float &y);
     void enfocada();
     void desenfocada();
 
@@ -45,7 +49,10 @@ protected:
 
 private:
     void escribir(QKeyEvent *evento);
+    using SenalRaton = void (CajaCodigo::*)(qint16 &, qint16 &, float &, float &);
+    void avisarRaton(SenalRaton senal, const QMouseEvent &evento, Qt::MouseButtons botones);
 
+    QString m_recuperable;        ///< what was not found last
     bool m_trasDobleClic = false; ///< the release that ends a double click is no click
 };
 

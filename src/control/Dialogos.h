@@ -4,6 +4,7 @@
 #include "common/DatosCreacion.h"
 #include "platform/widgets/DialogoPropio.h"
 
+#include <functional>
 #include <memory>
 
 namespace nv {
@@ -54,9 +55,15 @@ public:
     /// PLU choice list.
     virtual qint32 elegirPlu(QWidget *padre, ::cEmpresa &empresa, qint32 plu) = 0;
 
-    /// Barcode data dialog, and supplier reference edit: `datos` go in and come out; false when not accepted.
-    virtual bool pedirCodigoBarras(QWidget *padre, const Servicios &servicios, DatosCodigoBarras &datos) = 0;
-    virtual bool pedirReferencia(QWidget *padre, const Servicios &servicios, DatosReferencia &datos) = 0;
+    /// What accepting does, before the form `padre` goes: false when it failed, which was shown; then the form stays
+    /// with what was typed.
+    template <class Datos>
+    using AlAceptar = std::function<bool(QWidget *padre, const Datos &datos)>;
+    /// Barcode data dialog, and supplier reference edit. `datos.Articulo` comes out as the code of an existing item.
+    virtual void pedirCodigoBarras(QWidget *padre, const Servicios &servicios, const DatosCodigoBarras &datos,
+                                   const AlAceptar<DatosCodigoBarras> &alAceptar) = 0;
+    virtual void pedirReferencia(QWidget *padre, const Servicios &servicios, const DatosReferencia &datos,
+                                 const AlAceptar<DatosReferencia> &alAceptar) = 0;
 
     /// Quick creation form; the item is complete in the database when the result is true.
     virtual bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) = 0;

@@ -30,9 +30,29 @@ bool cabeComoPlu(const QString &texto)
 
 } // namespace
 
+void tomarEleccion(EstadoCaja &estado, const ResultadoBusqueda &resultado, bool varios)
+{
+    if (varios) {
+        estado.multiCodigo = resultado.codigo;
+        estado.multiDescripcion = resultado.codigo.isEmpty() ? QString() : resultado.descripcion;
+    } else {
+        estado.texto = resultado.codigo;
+        estado.nombre = resultado.descripcion;
+        estado.existe = false;
+        estado.pendiente = true;
+    }
+    if (!resultado.codigo.isEmpty())
+        estado.criterios = resultado.criterios;
+}
+
 qint16 modeloDeBusqueda(qint16 conocido, const ::cEmpresa &empresa)
 {
-    return conocido != 0 ? conocido : empresa.ValorEntero16(u"BusquedaArticulos"_s);
+    if (conocido != 0)
+        return conocido;
+    const QString ajuste = recortado(empresa.Valor(u"BusquedaArticulos"_s));
+    if (!ajuste.isEmpty() && !esNumerico(ajuste))
+        throw errores::sinModelo(ajuste);
+    return ValEntero16(ajuste);
 }
 
 bool cargarDescripcion(EstadoCaja &estado, Consultas &consultas, bool vital)
@@ -104,8 +124,10 @@ Resolutor::Paso Resolutor::porReferenciaProveedor(const QString &referencia)
     EstadoCaja &estado = m_hecho.estado;
     const bool algo = estado.proveedor > 0 || !referencia.isEmpty();
     qint32 articulo = algo ? consultas().referenciaProveedor(referencia, estado.proveedor) : -1;
-    if (articulo == -1)
+    if (articulo == -1) {
+        m_atendido = true; // in the list, or there was nothing to look for
         return rechazado(false);
+    }
     if (articulo != 0)
         return encontrado(articulo);
     QString asignada = referencia;
@@ -121,6 +143,7 @@ Resolutor::Paso Resolutor::porLista(qint32 hallado)
 {
     if (hallado > 0)
         return encontrado(hallado);
+    m_atendido = hallado < 0;
     rechazado(false);
     return hallado == 0 ? Paso::Final : Paso::Detenido;
 }
@@ -130,6 +153,8 @@ Resolutor::Paso Resolutor::porCodigoBarras(const QString &codigoBarras)
     qint32 articulo = consultas().codigoBarras(codigoBarras);
     if (articulo != 0)
         return encontrado(articulo);
+    if (codigoBarras.isEmpty()) // nothing that could be attached
+        return rechazado(false);
     QString asignado = codigoBarras;
     const bool creado =
         ofrecerCrear(m_hecho.estado.permisoBarras, ControlBarras,
@@ -189,6 +214,7 @@ Resolutor::Paso Resolutor::porDescripcion(const QString &entrada)
         estado.nombre = resultado->descripcion;
         copiarSiete(estado.criterios, resultado->criterios);
     }
+    m_atendido = true;
     return Paso::Final;
 }
 
@@ -200,6 +226,7 @@ void Resolutor::pasoFinal()
     if (numero) {
         Consultas buscadas = consultas();
         if (!cargarDescripcion(estado, buscadas, m_ajustes.vital)) {
+            m_hecho.noEncontrado = m_ajustes.vital;
             if (m_ajustes.vital)
                 return;
             estado.nombre = u"ARTICULO INEXISTENTE"_s;
@@ -230,6 +257,7 @@ Resolutor::Paso Resolutor::rechazado(bool conFoco)
     m_hecho.estado.nombre.clear();
     m_hecho.tragada = true;
     m_hecho.enfoca = conFoco;
+    m_hecho.noEncontrado = !m_atendido;
     return Paso::Detenido;
 }
 
@@ -240,6 +268,7 @@ bool Resolutor::ofrecerCrear(std::optional<bool> &permiso, int control, const QS
         permiso = consultas().permisoCrear(control);
     if (!m_servicios.empresaExigida().ValorBooleano(u"OficinaCentral"_s) || !*permiso)
         return false;
+    m_atendido = true;
     return mensajes::preguntar(m_ventana, mensajes::atencion(), pregunta) != mensajes::Respuesta::No;
 }
 

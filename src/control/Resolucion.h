@@ -53,10 +53,14 @@ struct AjustesCaja
 struct Resolucion
 {
     EstadoCaja estado;
-    bool tragada = false; ///< the host gets character 0
-    bool avanza = false;  ///< the focus moves on once the host has had its `KeyPress`
-    bool enfoca = false;  ///< the box gets the focus
+    bool tragada = false;      ///< the host gets character 0
+    bool avanza = false;       ///< the focus moves on once the host has had its `KeyPress`
+    bool enfoca = false;       ///< the box gets the focus
+    bool noEncontrado = false; ///< the text named nothing, nobody was asked about it, and it is gone from the box
 };
+
+/// What was chosen in a search opened by F3: a code not yet confirmed, or a list beside the box's own text.
+void tomarEleccion(EstadoCaja &estado, const ResultadoBusqueda &resultado, bool varios);
 
 /// Search model of the company setting "BusquedaArticulos", unless one is known. Throws Error.
 qint16 modeloDeBusqueda(qint16 conocido, const ::cEmpresa &empresa);
@@ -96,6 +100,7 @@ private:
     QPointer<QWidget> m_ventana;
     AjustesCaja m_ajustes;
     Resolucion m_hecho;
+    bool m_atendido = false; ///< the user has seen in a box or dialog that nothing came of it
 };
 
 } // namespace nv

@@ -3,41 +3,20 @@
 #include "common/Valores.h"
 #include "control/CajaCodigo.h"
 #include "control/Consultas.h"
+#include "control/Disposicion.h"
 #include "control/Resolucion.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Foco.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
 #include <QEvent>
-#include <QLabel>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int AnchoCaja = 1380;
-constexpr int AnchoMinimo = 930;
-constexpr int AltoMinimo = 195;
-
-bool enDisposicion(const QWidget *widget)
-{
-    const QWidget *padre = widget->parentWidget();
-    return padre && padre->layout();
-}
-
-/// What "forget the criteria" leaves: the code reads "0".
-nv::CriteriosBusqueda criteriosOlvidados()
-{
-    nv::CriteriosBusqueda criterios;
-    criterios.Busqueda_Codigo = u"0"_s;
-    return criterios;
-}
-
-} // namespace
 
 /// Marks the box as resolving or searching for as long as it lives, with a nested loop of a dialog inside. The box may
 /// die first: this is the one place that says whether it has.
@@ -65,7 +44,7 @@ private:
 nvArticulo::nvArticulo(QWidget *padre)
     : QWidget(padre)
     , m_caja(new nv::CajaCodigo(this))
-    , m_nombre(new QLabel(this))
+    , m_nombre(new nv::EtiquetaElidida(this))
     , m_servicios(std::make_unique<nv::Servicios>())
     , m_dialogos(nv::crearDialogos())
     , m_estado(std::make_unique<nv::EstadoCaja>())
@@ -74,7 +53,6 @@ nvArticulo::nvArticulo(QWidget *padre)
     m_caja->setObjectName(u"txtCodigo"_s);
     m_caja->setAccessibleName(u"Código de artículo"_s);
     m_nombre->setObjectName(u"lblNombre"_s);
-    m_nombre->setTextFormat(Qt::PlainText);
     // Off the edge of the box; an indent would push the text down too.
     m_nombre->setContentsMargins(nv::twips::aPixeles(90, this), 0, 0, 0);
     m_nombre->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -103,12 +81,9 @@ void nvArticulo::conectarCaja()
     connect(m_caja, &CajaCodigo::desenfocada, this, &nvArticulo::pintarSegunEstado);
     connect(m_caja, &CajaCodigo::clic, this, &nvArticulo::Click);
     connect(m_caja, &CajaCodigo::dobleClic, this, &nvArticulo::DblClick);
-    connect(m_caja, &CajaCodigo::ratonAbajo, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseDown, b, e, p); });
-    connect(m_caja, &CajaCodigo::ratonMovido, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseMove, b, e, p); });
-    connect(m_caja, &CajaCodigo::ratonArriba, this,
-            [this](qint16 b, qint16 e, QPointF p) { reenviarRaton(&nvArticulo::MouseUp, b, e, p); });
+    connect(m_caja, &CajaCodigo::ratonAbajo, this, &nvArticulo::MouseDown);
+    connect(m_caja, &CajaCodigo::ratonMovido, this, &nvArticulo::MouseMove);
+    connect(m_caja, &CajaCodigo::ratonArriba, this, &nvArticulo::MouseUp);
 }
 
 bool nvArticulo::Refrescar_Datos()
@@ -148,8 +123,13 @@ QVariant nvArticulo::Emular_Enter(const QString &strCodigo)
     const QVariant nada = QVariant::fromValue(qint16(0));
     if (m_ocupada)
         return nada;
+    const QString linea = nv::lineaLimpia(strCodigo);
+    if (linea.size() > m_caja->maxLength()) {
+        m_caja->avisarLargo(linea.size());
+        return nada;
+    }
     const QPointer<nvArticulo> vivo(this);
-    m_caja->setText(strCodigo);
+    m_caja->setText(linea);
     if (vivo)
         alIntro();
     return vivo && Existe() ? QVariant(Codigo()) : nada;
@@ -168,41 +148,83 @@ void nvArticulo::alTeclaAbajo(qint16 &codigo, qint16 &mayusculas)
         nv::foco::atras(m_caja);
 }
 
-/// Resolves what was typed, shows what came of it, tells the host, moves on. An error is one message, and everything is
-/// what it was before.
+/// Nothing when it failed: one message, and everything is what it was before.
+std::optional<nv::Resolucion> nvArticulo::resuelta(const nv::EstadoCaja &partida, const Ocupada &ocupada)
+{
+    try {
+        nv::Resolutor resolutor(*m_servicios, m_dialogos, window(), ajustes(), partida);
+        return resolutor.resolver();
+    } catch (const nv::Error &error) {
+        const QString carga = u"nvArticulos::Cargar"_s;
+        if (ocupada.viva())
+            nv::mensajes::mostrar(window(), error.origen == carga ? carga : nv::mensajes::atencion(), error.descripcion,
+                                  nv::mensajes::Icono::Critico);
+        // The next scan must replace what failed, not go on behind it.
+        if (ocupada.viva())
+            m_caja->selectAll();
+        return {};
+    }
+}
+
+/// Resolves what was typed, shows what came of it, tells the host, moves on.
 void nvArticulo::alIntro()
 {
+    if (m_caja->rechazaIncompleto())
+        return;
     qint16 ascii = nv::teclas::Intro;
     bool avanza = false;
     if (!m_ocupada) {
         const Ocupada ocupada(this);
-        try {
-            const nv::EstadoCaja partida = estado();
-            nv::Resolutor resolutor(*m_servicios, m_dialogos, window(), ajustes(), partida);
-            const nv::Resolucion hecho = resolutor.resolver();
-            if (ocupada.viva())
-                aplicar(partida, hecho.estado);
-            if (ocupada.viva() && hecho.enfoca && m_caja->isEnabled() && m_caja->isVisible())
-                m_caja->setFocus();
-            ascii = hecho.tragada ? qint16{0} : ascii;
-            avanza = hecho.avanza;
-        } catch (const nv::Error &error) {
-            const QString carga = u"nvArticulos::Cargar"_s;
-            if (ocupada.viva())
-                nv::mensajes::mostrar(window(), error.origen == carga ? carga : nv::mensajes::atencion(),
-                                      error.descripcion, nv::mensajes::Icono::Critico);
-            // The next scan must replace what failed, not go on behind it.
-            if (ocupada.viva())
-                m_caja->selectAll();
+        const nv::EstadoCaja partida = estado();
+        const std::optional<nv::Resolucion> hecho = resuelta(partida, ocupada);
+        if (!hecho || !ocupada.viva())
             return;
-        }
+        aplicar(partida, hecho->estado);
+        if (ocupada.viva() && hecho->enfoca && m_caja->isEnabled() && m_caja->isVisible())
+            m_caja->setFocus();
         if (!ocupada.viva())
             return;
+        ascii = hecho->tragada ? qint16{0} : ascii;
+        avanza = hecho->avanza;
+        if (hecho->noEncontrado && !partida.texto.trimmed().isEmpty()) {
+            if (AvisarNoEncontrado)
+                m_caja->decirNoEncontrado(partida.texto);
+            Q_EMIT NoEncontrado(partida.texto);
+            if (!ocupada.viva())
+                return;
+        }
     }
     const QPointer<nvArticulo> vivo(this);
+    const QPointer<QWidget> antes = window()->focusWidget();
     Q_EMIT KeyPress(ascii);
-    if (vivo && avanza)
+    // A host that has sent the focus somewhere wants it there.
+    if (vivo && avanza && window()->focusWidget() == antes)
         nv::foco::adelante(m_caja);
+}
+
+nvArticulo::eConfirmacion nvArticulo::Confirmar()
+{
+    if (m_ocupada)
+        return eConfirmacion::Fallo;
+    if (!Pendiente())
+        return Existe() ? eConfirmacion::Existe : eConfirmacion::NoExiste;
+    const Ocupada ocupada(this);
+    const nv::EstadoCaja partida = estado();
+    const std::optional<nv::Resolucion> hecho = resuelta(partida, ocupada);
+    if (!hecho || !ocupada.viva())
+        return eConfirmacion::Fallo;
+    if (hecho->estado.existe) {
+        aplicar(partida, hecho->estado);
+        return ocupada.viva() ? eConfirmacion::Existe : eConfirmacion::Fallo;
+    }
+    m_caja->setFocus();
+    m_caja->selectAll();
+    return eConfirmacion::NoExiste;
+}
+
+void nvArticulo::OlvidarNombre()
+{
+    ponerNombre({});
 }
 
 void nvArticulo::lanzarBusqueda()
@@ -217,7 +239,8 @@ void nvArticulo::lanzarBusqueda()
     nv::CriteriosBusqueda criterios = m_estado->criterios;
     if (Familia_1 == -1) {
         Familia_1 = 0;
-        m_estado->criterios = criteriosOlvidados();
+        m_estado->criterios = {};
+        m_estado->criterios.Busqueda_Codigo = u"0"_s; // as the component starts
         criterios = {};
     }
     pedida.familia[0] = std::max(Familia_1, qint16{0});
@@ -227,17 +250,7 @@ void nvArticulo::lanzarBusqueda()
     const nv::EstadoCaja partida = estado();
     nv::EstadoCaja nuevo = partida;
     const bool varios = MultiResultado || resultado->codigo.isEmpty();
-    if (varios) {
-        nuevo.multiCodigo = resultado->codigo;
-        nuevo.multiDescripcion = resultado->codigo.isEmpty() ? QString() : resultado->descripcion;
-    } else {
-        nuevo.texto = resultado->codigo;
-        nuevo.nombre = resultado->descripcion;
-        nuevo.existe = false;
-        nuevo.pendiente = true;
-    }
-    if (!resultado->codigo.isEmpty())
-        nuevo.criterios = resultado->criterios;
+    nv::tomarEleccion(nuevo, *resultado, varios);
     aplicar(partida, nuevo);
     if (ocupada.viva() && !varios)
         m_caja->selectAll();
@@ -278,6 +291,7 @@ void nvArticulo::aplicar(const nv::EstadoCaja &partida, const nv::EstadoCaja &nu
     m_estado->cualidades = nuevo.cualidades;
     m_estado->multiCodigo = nuevo.multiCodigo;
     m_estado->multiDescripcion = nuevo.multiDescripcion;
+    m_nombre->setAtenuada(m_estado->pendiente);
 }
 
 /// The host hears of the change first and still sees the former state.
@@ -289,30 +303,26 @@ void nvArticulo::alCambiar()
         return;
     m_estado->existe = false;
     m_estado->pendiente = true;
-}
-
-void nvArticulo::reenviarRaton(void (nvArticulo::*senal)(qint16 &, qint16 &, float &, float &), qint16 boton,
-                               qint16 mayusculas, QPointF lugar)
-{
-    auto x = static_cast<float>(nv::twips::dePixeles(qRound(lugar.x()), this));
-    auto y = static_cast<float>(nv::twips::dePixeles(qRound(lugar.y()), this));
-    Q_EMIT(this->*senal)(boton, mayusculas, x, y);
+    m_nombre->setAtenuada(true);
 }
 
 QSize nvArticulo::sizeHint() const
 {
-    return {nv::twips::aPixeles(AnchoCaja + 4000, this), m_caja->sizeHint().height()};
+    return nv::disposicion::preferida(*m_caja);
 }
 
 QSize nvArticulo::minimumSizeHint() const
 {
-    return {nv::twips::aPixeles(AnchoCaja, this), m_caja->minimumSizeHint().height()};
+    return nv::disposicion::minima(*m_caja);
 }
 
 void nvArticulo::resizeEvent(QResizeEvent *evento)
 {
     QWidget::resizeEvent(evento);
-    disponer();
+    nv::disposicion::colocar(*this, *m_caja, *m_nombre);
+    const QString hueco = nv::disposicion::corchetes(*this);
+    if (!hueco.isEmpty() && m_nombre->text().isEmpty())
+        ponerNombre(hueco);
 }
 
 void nvArticulo::changeEvent(QEvent *evento)
@@ -322,48 +332,14 @@ void nvArticulo::changeEvent(QEvent *evento)
         pintarSegunEstado();
 }
 
-/// Text-field colour while the component itself is enabled, light grey while not, whatever its form's state.
+/// Whatever its form's state, the component's own decides.
 void nvArticulo::pintarSegunEstado()
 {
-    if (!Enabled())
-        m_caja->pintarFondo(QColor(224, 224, 224));
-    else if (m_caja->hasFocus())
-        m_caja->pintarFondo(QColor(192, 255, 255));
-    else
-        m_caja->restaurarFondo();
-}
-
-void nvArticulo::disponer()
-{
-    using nv::twips::aPixeles;
-    if (height() < aPixeles(AltoMinimo, this))
-        return;
-    const int caja = aPixeles(AnchoCaja, this);
-    if (width() >= caja) {
-        const int alto = nv::twips::dePixeles(height(), this);
-        m_caja->setGeometry(0, 0, caja, height());
-        m_nombre->setGeometry(caja, aPixeles((alto - AltoMinimo) / 2, this), width() - caja, aPixeles(alto - 90, this));
-    } else if (!enDisposicion(this)) {
-        // A layout has the last word on the width of its widgets.
-        resize(aPixeles(AnchoMinimo, this), height());
-    }
-    const QString hueco = corchetes(AnchoCaja);
-    if (!hueco.isEmpty() && m_nombre->text().isEmpty())
-        ponerNombre(hueco);
-}
-
-/// "[", blanks and "]" for the free width in blanks of the component's font; empty when there is no room.
-QString nvArticulo::corchetes(int twipsDescontados) const
-{
-    const int blanco = nv::twips::dePixeles(fontMetrics().horizontalAdvance(u' '), this);
-    const int libres = blanco > 0 ? (nv::twips::dePixeles(width(), this) - twipsDescontados) / blanco - 2 : 0;
-    return libres >= 1 ? u'[' + QString(libres, u' ') + u']' : QString();
+    m_caja->pintarEstado(Enabled());
 }
 
 void nvArticulo::ponerNombre(const QString &nombre)
 {
     m_nombre->setText(nombre);
     m_caja->setAccessibleDescription(nombre.startsWith(u'[') ? QString() : nombre);
-    const bool cabe = m_nombre->fontMetrics().horizontalAdvance(nombre) <= m_nombre->width();
-    m_nombre->setToolTip(cabe ? QString() : u"<span>"_s + nombre.toHtmlEscaped() + u"</span>"_s);
 }

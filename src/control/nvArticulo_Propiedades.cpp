@@ -1,5 +1,6 @@
 #include "common/Valores.h"
 #include "control/CajaCodigo.h"
+#include "control/Disposicion.h"
 #include "control/Resolucion.h"
 #include "nvArticulo/BolsaPropiedades.h"
 #include "nvArticulo/Conexion.h"
@@ -7,7 +8,7 @@
 #include "nvArticulo/nvArticulo.h"
 #include "platform/widgets/Teclas.h"
 
-#include <QLabel>
+#include "platform/widgets/EtiquetaElidida.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +60,7 @@ QString nvArticulo::Text() const
 
 void nvArticulo::setText(const QString &texto)
 {
-    const QString hueco = corchetes(1785);
+    const QString hueco = nv::disposicion::corchetesDeTexto(*this);
     ponerTexto(texto, hueco.isEmpty() ? m_nombre->text() : hueco);
     Q_EMIT PropertyChanged(u"Text"_s);
 }

@@ -31,6 +31,7 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
     m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
     m_proveedor->setObjectName(u"txtProv"_s);
     m_referencia->setObjectName(u"txtReferencia"_s);
+    m_referencia->setMaxLength(50);
     m_referencia->setMaximumWidth(nv::twips::aPixeles(3500, this));
 
     auto *campos = new QFormLayout;
@@ -42,6 +43,7 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
     todo->addLayout(campos);
     todo->addLayout(botonera());
     todo->setSizeConstraint(QLayout::SetFixedSize);
+    connect(m_articulo, &nvArticulo::Change, m_articulo, &nvArticulo::OlvidarNombre);
     atajosAceptarCancelar();
 }
 
@@ -84,8 +86,14 @@ bool frmReferencias_Modificar::validar()
     Falta falta = campoQueFalta();
     if (falta.mensaje.isEmpty() && !m_proveedor->Cargar())
         falta = {u"El proveedor especificado no existe."_s, m_proveedor};
-    if (falta.mensaje.isEmpty() && !m_articulo->Refrescar_Datos())
-        falta = {u"El artículo especificado no existe."_s, vivo ? m_articulo : nullptr};
+    if (falta.mensaje.isEmpty()) {
+        const auto articulo = m_articulo->Confirmar();
+        if (!vivo || articulo == nvArticulo::eConfirmacion::Fallo)
+            return false;
+        // Read again: it may be gone since it was confirmed.
+        if (articulo == nvArticulo::eConfirmacion::NoExiste || !m_articulo->Refrescar_Datos())
+            falta = {u"El artículo especificado no existe."_s, vivo ? m_articulo : nullptr};
+    }
     if (!vivo)
         return false;
     if (!admiteDuplicada()) {
@@ -155,6 +163,13 @@ void frmReferencias_Modificar::aceptar()
     Proveedor = m_proveedor->Codigo();
     Referencia = m_referencia->text();
     Articulo = m_articulo->Value();
-    Aceptado = true;
-    hide();
+    const QPointer<frmReferencias_Modificar> vivo(this);
+    const bool hecho = !AlAceptar || AlAceptar(*this);
+    if (!vivo)
+        return;
+    Aceptado = hecho;
+    if (hecho)
+        hide();
+    else
+        m_referencia->setFocus();
 }

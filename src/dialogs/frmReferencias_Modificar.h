@@ -4,6 +4,7 @@
 #include "platform/widgets/FormularioModal.h"
 
 #include <QPointer>
+#include <functional>
 
 class nvArticulo;
 class nvProveedor;
@@ -33,6 +34,8 @@ public:
     QString Articulo;                                  ///< item code as decimal text; "0" = none
     qint32 Proveedor = 0;
     QString Referencia;
+    /// What accepting does while the form is up; false keeps it there.
+    std::function<bool(frmReferencias_Modificar &)> AlAceptar;
 
 protected:
     void aceptar() override;

@@ -42,7 +42,8 @@ public:
         return lista.vivo() ? lista->Codigo : -1;
     }
 
-    bool pedirCodigoBarras(QWidget *padre, const Servicios &servicios, DatosCodigoBarras &datos) override
+    void pedirCodigoBarras(QWidget *padre, const Servicios &servicios, const DatosCodigoBarras &datos,
+                           const AlAceptar<DatosCodigoBarras> &alAceptar) override
     {
         const DialogoPropio<frmCodBarra_Datos> forma(new frmCodBarra_Datos(padre));
         forma->cEmpresa = servicios.empresa;
@@ -50,14 +51,12 @@ public:
         forma->Comprobador = servicios.comprobador;
         forma->Articulo = datos.Articulo;
         forma->CodBarras = datos.CodBarras;
+        forma->AlAceptar = [&](frmCodBarra_Datos &f) { return alAceptar(&f, {f.Articulo, f.CodBarras}); };
         forma->MostrarModal();
-        if (!forma.vivo() || !forma->Aceptado)
-            return false;
-        datos = {forma->Articulo, forma->CodBarras};
-        return true;
     }
 
-    bool pedirReferencia(QWidget *padre, const Servicios &servicios, DatosReferencia &datos) override
+    void pedirReferencia(QWidget *padre, const Servicios &servicios, const DatosReferencia &datos,
+                         const AlAceptar<DatosReferencia> &alAceptar) override
     {
         const DialogoPropio<frmReferencias_Modificar> forma(new frmReferencias_Modificar(padre));
         forma->cEmpresa = servicios.empresa;
@@ -66,11 +65,10 @@ public:
         forma->Articulo = datos.Articulo;
         forma->Proveedor = datos.Proveedor;
         forma->Referencia = datos.Referencia;
+        forma->AlAceptar = [&](frmReferencias_Modificar &f) {
+            return alAceptar(&f, {f.Articulo, f.Proveedor, f.Referencia});
+        };
         forma->MostrarModal();
-        if (!forma.vivo() || !forma->Aceptado)
-            return false;
-        datos = {forma->Articulo, forma->Proveedor, forma->Referencia};
-        return true;
     }
 
     bool crearArticulo(QWidget *padre, ::cEmpresa &empresa, Conexion &conexion, DatosCreacion &datos) override

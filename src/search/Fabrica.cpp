@@ -38,10 +38,7 @@ DialogoPropio<ContratoBusqueda> crearDialogoBusqueda(qint16 modelo, QWidget *pad
     case 8:
         return Dialogo(new frmBusqueda_Articulos_9(padre));
     default:
-        throw Error{
-            0,
-            u"El modelo de búsqueda %1 no existe. Revise el parámetro BusquedaArticulos de la empresa."_s.arg(modelo),
-            {}};
+        throw errores::sinModelo(QString::number(modelo));
     }
 }
 

@@ -38,10 +38,14 @@ private Q_SLOTS:
             /590   → txtArticulo=77 txtCB=591 F9  →         → 12,841,1 77,591,1 → ¡ Atención !
             /590   → txtArticulo=77 txtCB=841 F9  → No      → =                 → Confirmar
             /590   → txtArticulo=77 txtCB=841 F9  → Sí      → 77,841,1          → Confirmar
-            /590   → F9                           → Aceptar → =                 → ¡ Error inesperado !
-            /590   → txtArticulo=AB F9            → Aceptar → =                 → ¡ Error inesperado !
-            /590   → txtArticulo=+12 F9           → Aceptar → =                 → ¡ Error inesperado !
-            /590   → txtArticulo=-12 F9           → Aceptar → =                 → ¡ Error inesperado !
+            /590   → txtArticulo=12 txtCB=841 F9  →         → 12,841,1          → ¡ Atención !
+            /590   → F9 F12                       →         → =                 → ¡ Atención !
+            /590   → txtArticulo=AB F9 F12        →         → =                 → ¡ Atención !
+            /590   → txtArticulo=+12 F9 F12       →         → =                 → ¡ Atención !
+            /590   → txtArticulo=.55 F9 F12       → No      → =                 → ¡ Atención !
+            /590   → txtArticulo=-12 F9 F12       → No      → =                 → ¡ Atención !
+            /590   → txtArticulo=12 txtCB=5'0 F9 F12 → Aceptar → =              → ¡ Error inesperado !
+            /590   → txtCB=12 txtArticulo=/841 F9 →         → 12,12,0 12,841,1  → ¡ Atención !
             /590   → txtArticulo=12 F12           →         → =                 → ¡ Atención !
             .NUEVA → txtArticulo=77 txtProv=8 F9  →         → 12,ABC,1 12,COMUN,1 77,COMUN,1 77,NUEVA,0   → ¡ Atención !
             .NUEVA → txtArticulo=1234 txtProv=8 F9 →        → 12,ABC,1 12,COMUN,1 77,COMUN,1 1234,NUEVA,1 → ¡ Atención !
@@ -100,9 +104,9 @@ private Q_SLOTS:
     {
         Formulario forma;
         for (const auto &[entrada, tabla, guion, dice] : casos<4>(uR"(
-            /1  → CBarras → txtArticulo=77 txtCB=8412345678905 F9
+            /1  → CBarras → txtArticulo=77 txtCB=8412345678905 F9 F12
                 ¬ → El código de barras 8412345678905 ya se ha quitado del artículo 12.
-            .NO → Ref     → txtArticulo=77 txtProv=7 txtReferencia=ABC F9
+            .NO → Ref     → txtArticulo=77 txtProv=7 txtReferencia=ABC F9 F12
                 ¬ → La referencia ABC ya se ha quitado de los demás artículos del proveedor 7.)"_s)) {
             forma.ejecuta(
                 u"CREATE TRIGGER falla%1 BEFORE INSERT ON Articulos_%1 BEGIN SELECT RAISE(ABORT, 'lleno'); END"_s.arg(

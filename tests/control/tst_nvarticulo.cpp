@@ -1,5 +1,6 @@
 #include "Formulario.h"
 #include "support/Programa.h"
+#include "support/Ventana.h"
 
 #include "nvArticulo/BolsaPropiedades.h"
 #include "nvArticulo/Error.h"
@@ -62,7 +63,7 @@ private Q_SLOTS:
         otra.ReadProperties(llena);
         QVERIFY2(!caja->isEnabled() && otra.Enabled(), "the box alone is stored disabled");
         otra.setEnabled(true);
-        QVERIFY(caja->isEnabled() && !caja->hasFrame() && caja->maxLength() == 21);
+        QVERIFY(caja->isEnabled() && !caja->hasFrame() && otra.MaxLength() == 21);
         QCOMPARE(caja->toolTip(), u"<span>&lt;a&gt;</span>"_s);
         for (const int appearance : {-1, 2})
             QVERIFY_THROWS_EXCEPTION(nv::Error, otra.setAppearance(appearance));
@@ -119,11 +120,11 @@ private Q_SLOTS:
         Formulario forma;
         const QString nombre = u"TORNILLO <M8> & TUERCA"_s;
         for (const auto &[holgura, aviso] :
-             {std::pair(50, QString()), std::pair(-20, u"<span>%1</span>"_s.arg(nombre.toHtmlEscaped()))}) {
+             {std::pair(50, QString()), std::pair(-20, u"<p>%1</p>"_s.arg(nombre.toHtmlEscaped()))}) {
             forma.articulo->resize(92 + QFontMetrics(forma.articulo->Font()).horizontalAdvance(nombre) + holgura, 24);
             forma.articulo->setCodigo(u"12"_s);
             QVERIFY(forma.articulo->Cargar());
-            QCOMPARE(forma.articulo->findChild<QLabel *>()->toolTip(), aviso);
+            QCOMPARE(ayuda(forma.articulo->findChild<QLabel *>(), {3, 3}), aviso);
         }
     }
 

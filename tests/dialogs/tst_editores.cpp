@@ -2,6 +2,7 @@
 #include "dialogs/frmReferencias_Modificar.h"
 #include "support/Ventana.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -107,12 +108,13 @@ private Q_SLOTS:
              tabla(u"1→84→84→→→1|84|1;1→84→85→6→→1|85|6;1→84→84→0→→1|84|1;1→84→84→32767→→1|84|32767;1→84→84→1→→1|84|1;"
                    u"1→84→84→32768→Las unidades no pueden pasar de 32767.→1|84|1;"
                    u"1→84→→2→Debe especificar datos validos.→1|84|1;"
-                   u"1→→84→2→Debe especificar datos validos.→1||1;→84→84→-3→→|84|3"_s)) {
+                   u"1→→84→2→Debe especificar datos validos.→1||1;→84→84→-3→-→|84|1;8→84→84→2→-→8|84|1"_s)) {
             frmCodBarra_Datos dialogo(m_ventana.get());
             dialogo.cEmpresa = &m_empresa;
             dialogo.Articulo = c[0];
             dialogo.CodBarras = c[1];
             const bool vale = c[4].isEmpty();
+            const bool sinArticulo = c[4] == u"-"; // said at its box
             Conductor conductor;
             conductor.con<frmCodBarra_Datos>([&](frmCodBarra_Datos &f) {
                 QVERIFY(f.findChild<QWidget *>(u"txtArticulo"_s)->isAncestorOf(f.focusWidget()));
@@ -128,14 +130,17 @@ private Q_SLOTS:
                 QCOMPARE(f.isVisible(), !vale);
                 if (f.isVisible()) {
                     QVERIFY(unidades->hasFocus() == c[4].contains(u"unidades"));
+                    const auto *aviso = f.findChild<QLabel *>(u"lblAviso"_s);
+                    QCOMPARE(aviso && aviso->isVisible(), sinArticulo);
                     pulsar(&f, u"F12"_s);
                 }
             });
-            if (!vale)
+            if (!vale && !sinArticulo)
                 conductor.responde(u"Aceptar"_s);
             dialogo.MostrarModal();
             QVERIFY(conductor.terminado() && dialogo.Aceptado == vale);
-            QCOMPARE(conductor.cajas().empty() ? QString() : conductor.cajas().back().texto, c[4]);
+            QCOMPARE(conductor.cajas().empty() ? QString() : conductor.cajas().back().texto,
+                     sinArticulo ? QString() : c[4]);
             QCOMPARE(u"%1|%2|%3"_s.arg(dialogo.Articulo, dialogo.CodBarras).arg(dialogo.Unidades), c[5]);
         }
     }

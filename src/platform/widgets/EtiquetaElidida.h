@@ -13,10 +13,15 @@ public:
     explicit EtiquetaElidida(QWidget *padre = nullptr);
 
     QSize minimumSizeHint() const override;
+    /// Painted paler, whatever palette or style sheet says: what it shows does not hold at present.
+    void setAtenuada(bool valor);
 
 protected:
     void paintEvent(QPaintEvent *evento) override;
     bool event(QEvent *evento) override;
+
+private:
+    bool m_atenuada = false;
 };
 
 } // namespace nv

@@ -6,7 +6,6 @@
 
 #include <QKeyEvent>
 #include <QPointer>
-#include <QValidator>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -49,59 +48,21 @@ QString numeroPegado(const QString &insertado)
 
 } // namespace
 
-/// Filters what the user types, pastes or drops; texts set by the program pass unchanged.
-class FiltroTexto : public QValidator
-{
-public:
-    explicit FiltroTexto(nvTextBox *caja)
-        : QValidator(caja)
-        , m_caja(caja)
-    {}
-
-    State validate(QString &texto, int &cursor) const override
-    {
-        const QString anterior = std::exchange(m_anterior, texto);
-        // setText leaves the box unmodified: that is how a program's text is told from the user's.
-        if (!m_caja->isModified() || (!m_caja->mayusculas() && !m_caja->numerico()))
-            return Acceptable;
-        const State estado = filtrar(anterior, texto, cursor);
-        m_anterior = estado == Invalid ? anterior : texto;
-        return estado;
-    }
-
-private:
-    State filtrar(const QString &anterior, QString &texto, int &cursor) const
-    {
-        const qsizetype comun = std::min(anterior.size(), texto.size());
-        qsizetype inicio = 0;
-        while (inicio < comun && anterior[inicio] == texto[inicio])
-            ++inicio;
-        qsizetype final = 0;
-        while (final < comun - inicio && anterior[anterior.size() - 1 - final] == texto[texto.size() - 1 - final])
-            ++final;
-        const qsizetype longitud = texto.size() - inicio - final;
-        QString insertado = texto.mid(inicio, longitud);
-        if (m_caja->numerico())
-            insertado = numeroPegado(insertado);
-        if (m_caja->mayusculas())
-            insertado = enMayusculas(insertado);
-        texto.replace(inicio, longitud, insertado);
-        cursor = static_cast<int>(std::clamp<qsizetype>(cursor + insertado.size() - longitud, 0, texto.size()));
-        // What the program put there may be no number: the user must be able to correct it.
-        const auto vale = [this](const QString &t) {
-            return esNumeroParcial(t, m_caja->conSigno(), m_caja->decimales());
-        };
-        return !m_caja->numerico() || vale(texto) || !vale(anterior) ? Acceptable : Invalid;
-    }
-
-    nvTextBox *m_caja;
-    mutable QString m_anterior;
-};
-
 nvTextBox::nvTextBox(QWidget *padre)
-    : QLineEdit(padre)
+    : CajaTexto(padre)
+{}
+
+QString nvTextBox::admitido(const QString &insertado) const
 {
-    setValidator(new FiltroTexto(this));
+    const QString numero = m_numerico ? numeroPegado(insertado) : insertado;
+    return m_mayusculas ? enMayusculas(numero) : numero;
+}
+
+/// What a program put there may be no number: the user must be able to correct it.
+bool nvTextBox::vale(const QString &texto, const QString &anterior) const
+{
+    return !m_numerico || esNumeroParcial(texto, m_conSigno, m_decimales) ||
+           !esNumeroParcial(anterior, m_conSigno, m_decimales);
 }
 
 void nvTextBox::setNumerico(bool valor)
@@ -119,6 +80,8 @@ void nvTextBox::keyPressEvent(QKeyEvent *evento)
 {
     if (nv::teclas::esIntro(*evento)) {
         evento->accept();
+        if (rechazaIncompleto())
+            return;
         const QPointer<nvTextBox> vivo(this);
         bool tratada = false;
         Q_EMIT Intro(tratada);
@@ -133,13 +96,13 @@ void nvTextBox::keyPressEvent(QKeyEvent *evento)
     }
     const QString texto = m_mayusculas ? enMayusculas(evento->text()) : evento->text();
     if (texto == evento->text()) {
-        QLineEdit::keyPressEvent(evento);
+        CajaTexto::keyPressEvent(evento);
         return;
     }
     // Already in capitals when it arrives, so that the box keeps its undo history.
     QKeyEvent mayuscula(evento->type(), evento->key(), evento->modifiers(), texto, evento->isAutoRepeat(),
                         static_cast<quint16>(evento->count()));
-    QLineEdit::keyPressEvent(&mayuscula);
+    CajaTexto::keyPressEvent(&mayuscula);
     evento->setAccepted(mayuscula.isAccepted());
 }
 
@@ -169,7 +132,7 @@ bool entreCampos(const QFocusEvent &evento)
 void nvTextBox::focusInEvent(QFocusEvent *evento)
 {
     const int cursor = cursorPosition();
-    QLineEdit::focusInEvent(evento);
+    CajaTexto::focusInEvent(evento);
     if (!entreCampos(*evento))
         return;
     if (m_seleccionarAlEntrar) {
@@ -183,7 +146,7 @@ void nvTextBox::focusInEvent(QFocusEvent *evento)
 
 void nvTextBox::focusOutEvent(QFocusEvent *evento)
 {
-    QLineEdit::focusOutEvent(evento);
+    CajaTexto::focusOutEvent(evento);
     if (entreCampos(*evento) && isVisible() && isEnabled())
         Q_EMIT Salida();
 }

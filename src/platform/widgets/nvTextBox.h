@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QLineEdit>
+#include "platform/widgets/CajaTexto.h"
 
 /// The suite's text box. Enter moves the focus on along the tab order unless a handler of `Intro` says it was dealt
 /// with; it never presses a default button.
-class nvTextBox : public QLineEdit
+class nvTextBox : public nv::CajaTexto
 {
     Q_OBJECT
     Q_PROPERTY(bool mayusculas READ mayusculas WRITE setMayusculas)
@@ -39,6 +39,10 @@ protected:
     void keyPressEvent(QKeyEvent *evento) override;
     void focusInEvent(QFocusEvent *evento) override;
     void focusOutEvent(QFocusEvent *evento) override;
+
+    bool seleccionaAlEntrar() const override { return m_seleccionarAlEntrar; }
+    QString admitido(const QString &insertado) const override;
+    bool vale(const QString &texto, const QString &anterior) const override;
 
 private:
     bool m_mayusculas = false;

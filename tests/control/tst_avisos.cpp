@@ -1,0 +1,158 @@
+#include "Formulario.h"
+#include "support/Programa.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QLabel>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
+
+/// At the counter: what mouse, clipboard and scanner bring into the item box, and the word in place of silence.
+class tst_Avisos : public QObject
+{
+    Q_OBJECT
+
+    static QString aviso(const Formulario &forma)
+    {
+        const auto *etiqueta = forma.findChild<QLabel *>(u"lblAviso"_s);
+        return etiqueta && etiqueta->isVisible() ? etiqueta->text() : QString();
+    }
+    /// How dark the darkest pixel of the description is.
+    static int tinta(const Formulario &forma)
+    {
+        const QImage imagen = forma.articulo->findChild<QLabel *>(u"lblNombre"_s)->grab().toImage();
+        int claro = 255;
+        for (int i = 0; i < imagen.width() * imagen.height(); ++i)
+            claro = std::min(claro, qGray(imagen.pixel(i % imagen.width(), i / imagen.width())));
+        return 255 - claro;
+    }
+
+private Q_SLOTS:
+    void a_click_into_the_box_lets_the_next_scan_replace_the_old_code()
+    {
+        Formulario forma;
+        forma.articulo->setCodigo(u"12"_s);
+        forma.despues->setFocus();
+        QTest::mouseClick(forma.caja(), Qt::LeftButton, {}, QPoint(20, 5));
+        teclear(forma.caja(), u"8412345678905"_s);
+        QCOMPARE(forma.caja()->text(), u"8412345678905"_s);
+    }
+
+    void pasted_and_emulated_codes_are_one_clean_line()
+    {
+        for (const QString &pegado : {u"12\n"_s, u"\t.ABC\r\n"_s, u" \u00a08412345678905\r\n"_s}) {
+            Formulario forma;
+            QGuiApplication::clipboard()->setText(pegado);
+            QTest::keySequence(forma.caja(), QKeySequence::Paste);
+            QTest::keyClick(forma.caja(), Qt::Key_Return);
+            QVERIFY2(forma.conductor.terminado() && forma.articulo->Existe() && forma.articulo->Codigo() == u"12",
+                     qPrintable(pegado));
+            QCOMPARE(forma.articulo->Emular_Enter(pegado).toString(), u"12"_s);
+        }
+    }
+
+    void what_the_box_cannot_hold_is_never_looked_up()
+    {
+        const QString gs1 = u"/0100232533000008320300137539220000328"_s;
+        Formulario forma;
+        QVERIFY(forma.confirma(gs1));
+        QVERIFY2(forma.sentencias.isEmpty() && forma.caja()->hasFocus(), "nobody is asked whether to create it");
+        QCOMPARE(forma.caja()->selectedText(), gs1.left(21));
+        QCOMPARE(aviso(forma), u"No cabe: son más de 21 caracteres"_s);
+        QCOMPARE(forma.articulo->Emular_Enter(gs1).metaType(), QMetaType::fromType<qint16>());
+        QCOMPARE(aviso(forma), u"No cabe: son 38 caracteres y caben 21"_s);
+        QVERIFY(forma.confirma(u"12"_s) && forma.articulo->Existe());
+    }
+
+    void a_description_that_is_not_confirmed_is_paler()
+    {
+        Formulario forma;
+        QVERIFY(forma.confirma(u"12"_s));
+        const int llena = tinta(forma);
+        forma.articulo->setFocus();
+        QTest::keyClick(forma.caja(), Qt::Key_7);
+        QVERIFY2(forma.articulo->Nombre() == u"TORNILLO <M8> & TUERCA" && tinta(forma) < llena - 60, "still there");
+        QVERIFY(forma.confirma(u"12"_s) && tinta(forma) == llena);
+        forma.setStyleSheet(u"QLabel { color: black }"_s);
+        const int conHoja = tinta(forma);
+        forma.articulo->setCodigo(u"77"_s);
+        forma.articulo->setText(u"77"_s);
+        forma.articulo->Cargar();
+        QTest::keyClick(forma.caja(), Qt::Key_7);
+        QVERIFY2(tinta(forma) < conHoja - 60, "whatever a style sheet says");
+    }
+
+    void what_nothing_has_is_said_and_can_be_brought_back()
+    {
+        for (const auto &[entrada, ajustes, dice] : casos<3>(uR"(
+            99            →                  → sí
+            AB            →                  → sí
+            8400000000009 →                  → sí
+            +41           →                  → sí
+            *NADA         →                  → sí
+            /840          → OficinaCentral=0 → sí
+            .NADA         → OficinaCentral=0 → sí
+            99            → AvisarNoEncontrado=0 → callado
+            99            → Vital=0          →
+            ·             →                  →
+            /             → OficinaCentral=1 → sí
+            12            →                  →)"_s)) {
+            Formulario forma;
+            forma.ajusta(ajustes);
+            QSignalSpy oidos(forma.articulo, &nvArticulo::NoEncontrado);
+            QVERIFY(forma.confirma(entrada));
+            QCOMPARE(aviso(forma), dice == u"sí" ? u"«%1» no existe (Ctrl+Z lo recupera)"_s.arg(entrada) : QString());
+            if (dice.isEmpty())
+                QVERIFY(oidos.isEmpty());
+            if (dice != u"sí")
+                continue;
+            QCOMPARE(oidos.value(0).value(0).toString(), entrada);
+            QVERIFY(forma.caja()->text().isEmpty());
+            forma.articulo->setFocus();
+            QTest::keySequence(forma.caja(), QKeySequence::Undo);
+            QVERIFY(forma.caja()->text() == entrada && aviso(forma).isEmpty());
+        }
+        Formulario forma; // who has answered a question knows
+        forma.conductor.responde(u"No"_s);
+        QVERIFY(forma.confirma(u"/840"_s) && aviso(forma).isEmpty());
+    }
+
+    void a_focus_that_the_host_sets_in_enter_is_respected()
+    {
+        Formulario forma;
+        connect(forma.articulo, &nvArticulo::KeyPress, &forma, [&](qint16 &tecla) {
+            if (tecla == 13)
+                forma.antes->setFocus();
+        });
+        QVERIFY(forma.confirma(u"12"_s));
+        QVERIFY(forma.antes->hasFocus());
+    }
+
+    void what_the_host_sets_in_change_stays()
+    {
+        Formulario forma;
+        forma.articulo->setProveedor(7);
+        connect(forma.articulo, &nvArticulo::Change, &forma, [&] {
+            if (forma.articulo->Text() == u"12")
+                forma.articulo->setProveedor(8);
+        });
+        QVERIFY(forma.confirma(u".ABC"_s));
+        QVERIFY(forma.articulo->Existe() && forma.articulo->Proveedor() == 8);
+    }
+
+    void search_model_that_is_no_number_is_a_fault_of_the_settings()
+    {
+        Formulario forma;
+        forma.ajusta(u"BusquedaArticulos=quizá"_s);
+        forma.conductor.responde(u"Aceptar"_s);
+        QTest::keyClick(forma.caja(), Qt::Key_F3);
+        QVERIFY(forma.conductor.terminado());
+        QVERIFY2(forma.dicho().contains(u"El modelo de búsqueda quizá no existe."_s), qPrintable(forma.dicho()));
+    }
+};
+
+NV_PRUEBA(tst_Avisos)
+#include "tst_avisos.moc"
