@@ -2,20 +2,11 @@
 #include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
-#include "support/Programa.h"
 
-#include <QCoreApplication>
 #include <QProcess>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
-
-/// Label of the Error that an operation throws.
-static QString origen(const std::function<void()> &operacion)
-{
-    return errorDe(operacion).origen;
-}
 
 /// As a workstation: issues numbers for that many items from a first one on and stores each.
 static int emitir(const QStringList &argumentos)
@@ -38,7 +29,7 @@ static int emitir(const QStringList &argumentos)
         }
         return 0;
     } catch (const nv::Error &error) {
-        fprintf(stderr, "%s\n", qPrintable(error.descripcion));
+        fputs(qPrintable(error.descripcion), stderr);
         return 1;
     }
 }
@@ -106,31 +97,24 @@ private Q_SLOTS:
         QCOMPARE(deArticulo(10), u"B|1 Z|0"_s);
         barra.Principal = true;
         barra.Modificar(u"Z"_s);
-        QCOMPARE(deArticulo(10), u"B|1 Z|1"_s);
-        QCOMPARE(deArticulo(20), u"C|1"_s);
+        QCOMPARE(deArticulo(10) + deArticulo(20), u"B|1 Z|1C|1"_s);
     }
 
     void main_barcode_is_taken_from_another_item_only_if_agreed()
     {
-        ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ')"_s);
         inserta(20, u"C2"_s, 0);
         auto barra = nueva(20, u"B"_s);
         Conductor conductor;
-        conductor.responde(u"No"_s);
-        barra.ModificarPrincipal();
-        QVERIFY(conductor.terminado());
-        QCOMPARE(conductor.cajas().back().titulo, u"Confirme la operación..."_s);
-        QCOMPARE(conductor.cajas().back().texto, u"El EAN B existe en el artículo 10 - DIEZ. ¿Desea Traspasarlo?"_s);
-        QCOMPARE(deArticulo(10), u"A|0 B|1"_s);
-
-        conductor.responde(u"Sí"_s);
-        barra.ModificarPrincipal();
-        QVERIFY(conductor.terminado());
-        QCOMPARE(deArticulo(10), u"A|1"_s);
-        QCOMPARE(deArticulo(20), u"B|1 C2|0"_s);
-        barra.ModificarPrincipal(); // its own: nothing to ask
-        QCOMPARE(deArticulo(20), u"B|1 C2|0"_s);
-
+        // Agreed once, it is the item's own: nothing to ask.
+        for (const QStringList &caso : tabla(u"No→A|0 B|1→C|1 C2|0;Sí→A|1→B|1 C2|0;→A|1→B|1 C2|0"_s)) {
+            if (!caso[0].isEmpty())
+                conductor.responde(caso[0]);
+            barra.ModificarPrincipal();
+            QVERIFY(conductor.terminado() && deArticulo(10) == caso[1] && deArticulo(20) == caso[2]);
+            QCOMPARE(conductor.cajas().back().titulo, u"Confirme la operación..."_s);
+            QCOMPARE(conductor.cajas().back().texto,
+                     u"El EAN B existe en el artículo 10 - DIEZ. ¿Desea Traspasarlo?"_s);
+        }
         barra = nueva(30, u"NUEVO"_s);
         barra.ModificarPrincipal();
         QVERIFY2(deArticulo(30) == u"NUEVO|1", "an item without a main barcode gets it inserted as such");
@@ -138,8 +122,6 @@ private Q_SLOTS:
 
     void owner_of_a_barcode()
     {
-        ejecutar(
-            u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ'), (1, 20, 'AJENO')"_s);
         auto barra = nueva();
         qint32 articulo = 0;
         QString nombre = u"x"_s;
@@ -158,38 +140,33 @@ private Q_SLOTS:
         nv::Registros registros;
         QVERIFY(barra.Cargar(registros, 20));
         barra.Cod_Barras = u"O'R"_s;
-        QCOMPARE(origen([&] { barra.ModificarPrincipal(); }), u"clsCodigos_Barra::Modificar"_s);
-        QCOMPARE(origen([&] { barra.Cambia_Principal(u"O'R"_s); }), u"clsCodigos_Barra::Modificar"_s);
-        QCOMPARE(origen([&] { barra.Insertar(); }), u"clsCodigos_Barra::Insertar"_s);
-        QCOMPARE(origen([&] { barra.Eliminar(u"O'R"_s, 1, false); }), u"clsCodigos_Barra::Existe"_s);
+        QCOMPARE(errorDe([&] { barra.ModificarPrincipal(); }).origen, u"clsCodigos_Barra::Modificar"_s);
+        QCOMPARE(errorDe([&] { barra.Cambia_Principal(u"O'R"_s); }).origen, u"clsCodigos_Barra::Modificar"_s);
+        QCOMPARE(errorDe([&] { barra.Insertar(); }).origen, u"clsCodigos_Barra::Insertar"_s);
+        QCOMPARE(errorDe([&] { barra.Eliminar(u"O'R"_s, 1, false); }).origen, u"clsCodigos_Barra::Existe"_s);
         QVERIFY2(deArticulo(20) == u"C|1", "the main mark is not lost to what cannot be sent");
         ejecutar(u"UPDATE Articulos_CBarras SET Unidades = NULL WHERE Cod_Articulo = 10"_s);
-        QCOMPARE(origen([&] { barra.Cargar(registros, 10); }), u"clsCodigos_Barra::Cargar"_s);
+        QCOMPARE(errorDe([&] { barra.Cargar(registros, 10); }).origen, u"clsCodigos_Barra::Cargar"_s);
         QVERIFY2(barra.Cod_Articulo == 20 && barra.Cod_Barras == u"O'R", "a failed load leaves the record");
         clsArticulo_CBarra suelta;
-        QCOMPARE(origen([&] { suelta.CrearAuto(); }), u"clsCodigos_Barra::CrearAuto"_s);
+        QCOMPARE(errorDe([&] { suelta.CrearAuto(); }).origen, u"clsCodigos_Barra::CrearAuto"_s);
         suelta.setcEmpresa(&m_empresa);
-        QCOMPARE(origen([&] { suelta.Dev_CodigoBarraPrincipal(1); }), u"clsCodigos_Barra::Existe"_s);
+        QCOMPARE(errorDe([&] { suelta.Dev_CodigoBarraPrincipal(1); }).origen, u"clsCodigos_Barra::Existe"_s);
     }
 
     void check_digits_are_appended_in_bulk()
     {
-        inserta(40, u"400638133393"_s, 1);
-        inserta(41, u"9810001"_s, 1);
-        inserta(42, u"12345678"_s, 1);
-        inserta(45, u"O''R4567"_s, 0);
-        inserta(46, u"400638133393"_s, 1);
+        const QList<QStringList> casos = tabla(u"40→400638133393→4006381333931|1;41→9810001→98100019|1;"
+                                               u"42→12345678→12345678|1;45→O''R4567→O'R45674|0;"
+                                               u"46→400638133393→400638133393|1"_s);
+        for (const QStringList &caso : casos)
+            inserta(caso[0].toInt(), caso[1], caso[2].endsWith(u"|1"));
         nueva().Calc_Check(40, 45);
-        QCOMPARE(deArticulo(40), u"4006381333931|1"_s);
-        QCOMPARE(deArticulo(41), u"98100019|1"_s);
-        QCOMPARE(deArticulo(42), u"12345678|1"_s);
-        QCOMPARE(deArticulo(45), u"O'R45674|0"_s);
-        QCOMPARE(deArticulo(46), u"400638133393|1"_s);
-
-        QCOMPARE(nueva(0, u"98100019"_s).Dev_Check(), qint16(9));
-        QCOMPARE(nueva().Dev_Check(), qint16(0));
-        QCOMPARE(nueva(0, u"98100019"_s).Dev_Check(u"400638133393"_s), qint16(1));
-        QVERIFY(nueva(0, u"98100019"_s).Validar() && !nueva(0, u"98100010"_s).Validar());
+        for (const QStringList &caso : casos)
+            QCOMPARE(deArticulo(caso[0].toInt()), caso[2]);
+        auto barra = nueva(0, u"98100019"_s);
+        QVERIFY(barra.Dev_Check() == 9 && barra.Dev_Check(u"400638133393"_s) == 1 && nueva().Dev_Check() == 0);
+        QVERIFY(barra.Validar() && !nueva(0, u"98100010"_s).Validar());
     }
 
     void automatic_numbers_skip_what_is_taken()
@@ -232,7 +209,7 @@ private Q_SLOTS:
         conexion().escuchar(&rival);
         const auto sordo = qScopeGuard([&] { conexion().dejarDeEscuchar(&rival); });
         conexion().Comenzar();
-        QCOMPARE(origen([&] { nueva(60).CrearAuto(); }), u"clsCodigos_Barra::CrearAuto"_s); // not its to begin again
+        QVERIFY2(falla([&] { nueva(60).CrearAuto(); }), "the transaction is not its to begin again");
         conexion().Deshacer();
         ejecutar(u"DELETE FROM Contador_CBarras"_s);
         rival.veces = 1;
@@ -252,9 +229,9 @@ private Q_SLOTS:
             proceso.start(QCoreApplication::applicationFilePath(),
                           {u"--emitir"_s, lugar().texto(), QString::number(primero), QString::number(cuantos)});
         };
-        std::array<QProcess, 3> constantes;
+        QProcess constantes[3];
         for (int i = 0; i < 3; ++i)
-            arrancar(constantes.at(static_cast<std::size_t>(i)), 1000 * (i + 1), porProceso);
+            arrancar(constantes[i], 1000 * (i + 1), porProceso);
         for (int i = 0; i < Muertes; ++i) {
             QProcess victima;
             arrancar(victima, 100000 * (i + 1), 100000);
@@ -269,38 +246,35 @@ private Q_SLOTS:
             QVERIFY(proceso.state() == QProcess::NotRunning || proceso.waitForFinished(120000));
             QVERIFY2(proceso.exitCode() == 0, proceso.readAllStandardError().constData());
         }
-        QCOMPARE(filas(u"SELECT Cod_Barras FROM Articulos_CBarras GROUP BY Cod_Barras HAVING COUNT(*) > 1"_s).size(),
-                 0);
+        const QString repetidos = u"SELECT Cod_Barras FROM Articulos_CBarras GROUP BY Cod_Barras HAVING COUNT(*) > 1"_s;
+        QCOMPARE(filas(repetidos), QStringList());
         const auto numero = [&](const QString &consulta) { return filas(consulta).value(0).toInt(); };
         const int guardados = numero(u"SELECT COUNT(*) FROM Articulos_CBarras WHERE Automatico = 1"_s);
-        // One of them was taken by hand.
-        const int emitidos = numero(u"SELECT Cod_Barras FROM Contador_CBarras"_s) - 9810001;
+        const int emitidos = numero(u"SELECT Cod_Barras FROM Contador_CBarras"_s) - 9810001; // one was taken by hand
         QVERIFY(guardados >= 3 * porProceso + Muertes * (Muertes + 1) / 2);
         QVERIFY(emitidos >= guardados && emitidos <= guardados + Muertes);
         QCOMPARE(deArticulo(1), u"98100064|1"_s);
     }
 
 private:
-    Sobre sobre() const override { return Sobre::Esquema; }
+    bool conEsquema() const override { return true; }
     void llenar() override
     {
-        inserta(10, u"A"_s, 0);
-        inserta(10, u"B"_s, 1);
-        inserta(20, u"C"_s, 1);
+        for (const QStringList &barra : tabla(u"10→A→0;10→B→1;20→C→1"_s))
+            inserta(barra[0].toInt(), barra[1], barra[2].toInt());
+        ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (2, 10, 'DIEZ'), (1, 20, 'OTRO')"_s);
     }
     void inserta(int articulo, const QString &codigo, int principal)
     {
-        ejecutar(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha) "
-                 u"VALUES (2, %1, '%2', %3, '01/02/2026')"_s.arg(articulo)
-                     .arg(codigo)
-                     .arg(principal));
+        const QString alta = u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha)"
+                             u" VALUES (2, %1, '%2', %3, '01/02/2026')"_s;
+        ejecutar(alta.arg(articulo).arg(codigo).arg(principal));
     }
     /// "barcode|main" of an item's rows.
     QString deArticulo(int articulo)
     {
-        return filas(u"SELECT Cod_Barras, Principal FROM Articulos_CBarras WHERE Cod_Empresa =2 AND Cod_Articulo =%1 "
-                     u"ORDER BY Cod_Barras"_s.arg(articulo))
-            .join(u' ');
+        const QString suyas = u"Articulos_CBarras WHERE Cod_Empresa =2 AND Cod_Articulo =%1 ORDER BY 1"_s.arg(articulo);
+        return filas(u"SELECT Cod_Barras, Principal FROM "_s + suyas).join(u' ');
     }
     clsArticulo_CBarra nueva(qint32 articulo = 0, const QString &codigo = {})
     {
@@ -315,7 +289,7 @@ private:
     EmpresaPrueba m_empresa;
 };
 
-static const nv::pruebas::ProcesoHijo hijo("emitir", &emitir);
+static const ProcesoHijo hijo("emitir", &emitir);
 
 NV_PRUEBA(tst_clsArticulo_CBarra)
 #include "tst_clsarticulo_cbarra.moc"

@@ -1,8 +1,6 @@
+#include "common/Valores.h"
 #include "common/sql/Patron.h"
 #include "support/BaseDatos.h"
-#include "support/Programa.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -48,6 +46,13 @@ private Q_SLOTS:
             QVERIFY2(!defecto(otro).isEmpty(), qPrintable(otro.toString()));
         for (const QStringList &caso : tabla(u"ABC→ABC%;ABC*→ABC%;*A*B→%A%B%;50%→50%%"_s))
             QCOMPARE(nv::patronDesdeComodines(caso[0]), caso[1]);
+        // Points stand anywhere before the comma, one at a time.
+        for (const QStringList &si :
+             tabla(u"00012;  12  ;1.234.567;1.2.3;1.234,5;,5;5,;.5;5.;-7;+7;-,5;1E5;1d-5;1e+5;1,5D2"_s))
+            QVERIFY2(nv::esNumerico(si[0]), qPrintable(si[0]));
+        for (const QStringList &no :
+             tabla(u"1,234.5;1,2,3;1..2;--7;7-;1E;1E-;E5;1E5x;.,;-;1 2;&H10;5€;١٢٣;１２;\t1;1/;1:;"_s))
+            QVERIFY2(!nv::esNumerico(no[0]), qPrintable(no[0]));
     }
 
     void knows_its_from_and_its_order()
@@ -86,10 +91,6 @@ private Q_SLOTS:
             QCOMPARE(m(caso[0]).textoAgrupado(), caso[1]);
         for (const QStringList &caso : tabla(u"12.5→12,5;100→100;-0.0001→-0,0001;0→0"_s))
             QVERIFY(m(caso[0]).textoCorto() == caso[1] && m(caso[0]).textoSql() == caso[0]);
-    }
-
-    void amounts_from_text()
-    {
         for (const QStringList &caso :
              tabla(u" 10.5000 "
                    u"→105000;-0.00005→-1;0.000049→0;0.000095→1;.5→5000;5.→50000;1.5e2→1500000;2E1→200000;+7→70000;"
@@ -99,6 +100,44 @@ private Q_SLOTS:
             QCOMPARE(numeroDeError([&] { Moneda::deTexto(malo); }), nv::errores::NoCoinciden);
         for (const QStringView largo : {u"922337203685477.5808", u"99999999999999999999", u"1e30"})
             QCOMPARE(numeroDeError([&] { Moneda::deTexto(largo); }), nv::errores::Desbordamiento);
+    }
+
+    void val_takes_the_leading_number_that_fits()
+    {
+        for (const QStringList &caso : tabla(
+                 u"  00123 →123;ABC→0;12AB→12;1\t2\n3 4→1234;12.50→12.5;1.2.3→1.2;12,5→12;1E3→1000;1e+3→1000;1E→1;"
+                 u"123456789012345678901→123456789012345678901;25D-3→0.025;12.5e1→125;1.25E1→12.5;100→100;0.5→0.5;-0→0;"
+                 u"-007→-7;+5→5;1E-400→0;→0"_s)) {
+            QCOMPARE(nv::ValTexto(caso[0]), caso[1]);
+            QCOMPARE(nv::Val(caso[0]), caso[1].toDouble());
+        }
+        QVERIFY(nv::ValEntero16(u"32767") == 32767 && nv::ValEntero32(u"-2147483648") == INT_MIN);
+        QCOMPARE(nv::ValEntero32(u"2.5") + nv::ValEntero32(u"-3.5"), 3 - 4);
+        QCOMPARE(nv::ValTexto(u"1E308"), u'1' + QString(308, u'0'));
+        for (const auto &operacion : std::initializer_list<std::function<void()>>{
+                 [] { nv::ValEntero16(u"32768"); }, [] { nv::ValEntero16(u"-32769"); }, [] { nv::Val(u"9E999999999"); },
+                 [] { nv::ValEntero32(u"8412345678905"); }, [] { nv::ValTexto(u"1E309"); },
+                 [] { nv::estrecho<qint16>(40000); }, [] { nv::estrecho<qint16>(-40000); }})
+            QCOMPARE(numeroDeError(operacion), nv::errores::Desbordamiento);
+    }
+
+    /// As other programs may have written them.
+    void settings_and_results_are_read()
+    {
+        for (const QStringView si : {u"1", u"-1", u"True", u"verdadero", u"SÍ", u"si", u" 2 "})
+            QVERIFY2(nv::comoBooleano(si), qPrintable(si.toString()));
+        for (const QStringView no : {u"0", u"", u"False", u"no", u"abc", u"1x"})
+            QVERIFY2(!nv::comoBooleano(no), qPrintable(no.toString()));
+        BaseDatos base;
+        nv::Registros fila =
+            base.conexion().Abrir(nv::Sentencia(u"SELECT '05/11/2026', ' 5/11/2026 9:30', '2026-11-05T09:30', "
+                                                u"'2026-11-05 00:00:00.000', 'x', '', NULL, '99999'"));
+        QVERIFY(fila.siguiente());
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(fila.fechaO(i), i < 4 ? QDate(2026, 11, 5) : QDate());
+        QCOMPARE(numeroDeError([&] { fila.entero16(7); }), nv::errores::Desbordamiento);
+        QVERIFY(fila.entero32(7) == 99999 && fila.booleano(7) && fila.booleanoO(7));
+        QVERIFY(fila.entero32O(6) == 0 && fila.entero16O(6) == 0 && !fila.booleanoO(6) && fila.monedaO(6).esCero());
     }
 };
 

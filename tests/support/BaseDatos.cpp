@@ -1,22 +1,18 @@
 #include "support/BaseDatos.h"
 
-#include "nvArticulo/Motores.h"
 #include "platform/datos/Catalogo.h"
 
 #include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QTest>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace nv::pruebas {
 
-namespace {
-
 /// Runs `orden` followed by the name of each table of the suite.
-void enCadaTabla(Conexion &conexion, const QString &orden)
+static void enCadaTabla(Conexion &conexion, const QString &orden)
 {
     static const QRegularExpression tabla(u"CREATE TABLE (\\w+)"_s);
     Transaccion transaccion(conexion);
@@ -26,13 +22,12 @@ void enCadaTabla(Conexion &conexion, const QString &orden)
 }
 
 /// Connection text of a SQLite file by ODBC; empty without such a driver.
-QString textoSqlite(const QString &archivo)
+static QString textoSqlite(const QString &archivo)
 {
     static const QString controlador = [] {
-        for (const QString &nombre : {u"SQLite3"_s, u"libsqlite3odbc.so"_s}) {
-            if (numeroDeError([&] { datos::abrirOdbc(u"DRIVER=%1;Database=:memory:"_s.arg(nombre)); }) == -1)
+        for (const QString &nombre : {u"SQLite3"_s, u"libsqlite3odbc.so"_s})
+            if (!falla([&] { datos::abrirOdbc(u"DRIVER=%1;Database=:memory:"_s.arg(nombre)); }))
                 return nombre;
-        }
         return QString();
     }();
     return controlador.isEmpty() ? QString() : u"DRIVER=%1;Database=%2"_s.arg(controlador, archivo);
@@ -40,7 +35,7 @@ QString textoSqlite(const QString &archivo)
 
 /// CONVERT(VARCHAR, money) of the engine that stands in for the vendor's: " 10.00", "  ,00" or "10,5000", where that
 /// one gives two decimals and no blank.
-QString comoElFabricante(QString celda)
+static QString comoElFabricante(QString celda)
 {
     static const QRegularExpression importe(u"^( +-?\\d*[.,]\\d\\d *|-?\\d+,\\d{4})$"_s);
     if (!importe.match(celda).hasMatch())
@@ -48,8 +43,6 @@ QString comoElFabricante(QString celda)
     const QChar signo = celda.contains(u',') ? u',' : u'.';
     return Moneda::deTexto(celda.replace(u',', u'.')).texto(2).replace(u',', signo);
 }
-
-} // namespace
 
 QStringList filasDe(Registros &registros)
 {
@@ -87,23 +80,11 @@ Error errorDe(const std::function<void()> &operacion)
     return {-1, {}};
 }
 
-BaseDatos::BaseDatos()
-    : m_conexion(datos::abrirEmbebida(u":memory:"_s))
-{}
-
-void BaseDatos::ejecutar(const QStringList &sentencias)
-{
-    for (const QString &sentencia : sentencias)
-        ejecutar(sentencia);
-}
-
 Lugar::Lugar(Via via)
     : m_via(via)
-    , m_texto(m_carpeta.filePath(u"base.db"_s))
+    , m_texto(via == Via::Servidor ? qEnvironmentVariable("NVARTICULO_SQLSERVER") : m_carpeta.filePath(u"base.db"_s))
 {
-    if (via == Via::Servidor)
-        m_texto = qEnvironmentVariable("NVARTICULO_SQLSERVER");
-    else if (via != Via::Embebida)
+    if (via == Via::Odbc || via == Via::Anfitrion)
         m_texto = textoSqlite(m_texto);
 }
 
@@ -113,13 +94,6 @@ Lugar::~Lugar()
         QSqlDatabase::removeDatabase(nombre);
     if (m_conEsquema && m_via == Via::Servidor)
         enCadaTabla(*conectar(), u"DROP TABLE "_s);
-}
-
-QString Lugar::falta() const
-{
-    if (!m_texto.isEmpty())
-        return {};
-    return m_via == Via::Servidor ? u"NVARTICULO_SQLSERVER is empty"_s : u"no ODBC driver of SQLite"_s;
 }
 
 std::unique_ptr<Conexion> Lugar::conectar()
@@ -132,11 +106,6 @@ std::unique_ptr<Conexion> Lugar::conectar()
     if (!base.open())
         throw Error{0, base.lastError().text(), {}};
     return datos::sobreOdbc(base);
-}
-
-std::unique_ptr<Conexion> Lugar::conectarA(const QString &texto)
-{
-    return texto.contains(u'=') ? datos::abrirOdbc(texto) : datos::abrirEmbebida(texto);
 }
 
 void Lugar::hacerEsquema(Conexion &conexion)
@@ -157,18 +126,17 @@ bool Lugar::cortar(Conexion &conexion)
     if (m_via != Via::Servidor)
         return false;
     const QString sesion = filasDe(conexion, u"SELECT @@SPID"_s).value(0);
-    return numeroDeError([&] { conectar()->Ejecutar(Sentencia::deConsola(u"KILL "_s + sesion)); }) == -1;
+    return !falla([&] { conectar()->Ejecutar(Sentencia::deConsola(u"KILL "_s + sesion)); });
 }
 
 QStringList PruebaVias::filas(const Sentencia &sentencia)
 {
     Registros registros = conexion().Abrir(sentencia);
     QStringList filas = filasDe(registros);
-    for (QString &fila : filas) {
-        QStringList celdas = fila.split(u'|');
-        if (m_via == Via::Servidor)
-            std::transform(celdas.begin(), celdas.end(), celdas.begin(), &comoElFabricante);
-        fila = celdas.join(u'|');
+    for (qsizetype i = 0; i < filas.size() && m_via == Via::Servidor; ++i) {
+        QStringList celdas = filas[i].split(u'|');
+        std::transform(celdas.begin(), celdas.end(), celdas.begin(), &comoElFabricante);
+        filas[i] = celdas.join(u'|');
     }
     return filas;
 }
@@ -179,7 +147,7 @@ void PruebaVias::initTestCase_data()
     const std::pair<const char *, Via> vias[] = {
         {"embedded", Via::Embebida}, {"ODBC", Via::Odbc}, {"host's ODBC", Via::Anfitrion}, {"server", Via::Servidor}};
     for (const auto &[nombre, via] : vias) {
-        if (sobre() != Sobre::Nada && (via == Via::Odbc || via == Via::Anfitrion))
+        if (conEsquema() && (via == Via::Odbc || via == Via::Anfitrion))
             continue;
         const QString falta = Lugar(via).falta();
         if (falta.isEmpty())
@@ -199,12 +167,11 @@ void PruebaVias::init()
 {
     QFETCH_GLOBAL(Via, via);
     m_via = via;
-    const bool nuevo = m_lugares.try_emplace(via, via).second;
+    m_lugares.try_emplace(via, via);
     if (!m_conexiones[via])
         reconectar();
-    if (sobre() == Sobre::Nada || (sobre() == Sobre::Catalogo && !nuevo))
-        return;
-    lugar().hacerEsquema(conexion());
+    if (conEsquema())
+        lugar().hacerEsquema(conexion());
     Transaccion transaccion(conexion());
     llenar();
     transaccion.confirmar();
@@ -212,18 +179,10 @@ void PruebaVias::init()
 
 void PruebaVias::cleanup()
 {
-    if (sobre() != Sobre::Nada)
-        return;
-    soltar();
-    m_lugares.erase(m_via);
-}
-
-/// The tables that an ODBC driver of SQLite makes have ordinary names.
-Sentencia PruebaVias::escrita(QString sentencia) const
-{
-    if (m_via == Via::Odbc || m_via == Via::Anfitrion)
-        sentencia.remove(u'#');
-    return Sentencia::deConsola(sentencia);
+    if (!conEsquema()) {
+        soltar();
+        m_lugares.erase(m_via);
+    }
 }
 
 } // namespace nv::pruebas

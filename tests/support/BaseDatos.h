@@ -2,8 +2,9 @@
 
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Error.h"
+#include "nvArticulo/Motores.h"
+#include "support/Programa.h"
 
-#include <QStringList>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -31,16 +32,18 @@ inline bool falla(const std::function<void()> &operacion)
 class BaseDatos
 {
 public:
-    BaseDatos();
-
     Conexion &conexion() { return *m_conexion; }
     /// Runs each statement in turn; an Error leaves it.
-    void ejecutar(const QStringList &sentencias);
+    void ejecutar(const QStringList &sentencias)
+    {
+        for (const QString &sentencia : sentencias)
+            ejecutar(sentencia);
+    }
     qint64 ejecutar(const QString &sentencia) { return conexion().Ejecutar(Sentencia::deConsola(sentencia)); }
     QStringList filas(const QString &sentencia) { return filasDe(conexion(), sentencia); }
 
 private:
-    std::unique_ptr<Conexion> m_conexion;
+    std::unique_ptr<Conexion> m_conexion = datos::abrirEmbebida(QStringLiteral(":memory:"));
 };
 
 /// The ways in to a database.
@@ -59,11 +62,18 @@ public:
     ~Lugar();
 
     /// What the machine lacks for it; empty when nothing.
-    QString falta() const;
+    QString falta() const
+    {
+        const char *que = m_via == Via::Servidor ? "NVARTICULO_SQLSERVER is empty" : "no ODBC driver of SQLite";
+        return m_texto.isEmpty() ? QString::fromLatin1(que) : QString();
+    }
     std::unique_ptr<Conexion> conectar();
     /// What another process hands to `conectarA`.
     const QString &texto() const { return m_texto; }
-    static std::unique_ptr<Conexion> conectarA(const QString &texto);
+    static std::unique_ptr<Conexion> conectarA(const QString &texto)
+    {
+        return texto.contains(u'=') ? datos::abrirOdbc(texto) : datos::abrirEmbebida(texto);
+    }
     /// The suite's tables, empty. They go with the object.
     void hacerEsquema(Conexion &conexion);
     /// Ends the session of the last connection from outside; false where that cannot be done.
@@ -83,15 +93,14 @@ class PruebaVias : public QObject
     Q_OBJECT
 
 protected:
-    enum class Sobre {
-        Nada,     ///< every way in; tables are the test's own ("#x", written so everywhere)
-        Esquema,  ///< those that speak the suite's dialect, with its tables and what `llenar` puts in them
-        Catalogo, ///< the same, filled once: every test leaves it as it was
-    };
-    virtual Sobre sobre() const { return Sobre::Nada; }
+    /// Over the suite's tables, empty, where their dialect is spoken; else over every way in, with tables of the test's
+    /// own ("#x", written so everywhere).
+    virtual bool conEsquema() const { return false; }
+    /// Before each test.
     virtual void llenar() {}
 
     Via via() const { return m_via; }
+    bool conSqlite() const { return m_via == Via::Odbc || m_via == Via::Anfitrion; }
     Lugar &lugar() { return m_lugares.at(m_via); }
     Conexion &conexion() { return *m_conexiones[m_via]; }
     void soltar() { m_conexiones.erase(m_via); }
@@ -108,7 +117,11 @@ private Q_SLOTS:
     void cleanup();
 
 private:
-    Sentencia escrita(QString sentencia) const;
+    /// The tables that an ODBC driver of SQLite makes have ordinary names.
+    Sentencia escrita(QString sentencia) const
+    {
+        return Sentencia::deConsola(conSqlite() ? sentencia.remove(u'#') : sentencia);
+    }
 
     Via m_via = Via::Embebida;
     QStringList m_faltan;

@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
-#include <QEvent>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -22,34 +21,7 @@ public:
 
 namespace nv::pruebas {
 
-namespace {
-
-using Interfaz = QWindowSystemInterface;
-
-QString sinNemonico(QString rotulo)
-{
-    return rotulo.remove(u'&');
-}
-
-CajaVista vista(const QMessageBox &caja)
-{
-    CajaVista v{caja.windowTitle(), caja.text(), caja.icon(), {}};
-    const QList<QAbstractButton *> botones = caja.buttons();
-    for (const QAbstractButton *boton : botones)
-        v.botones.append(sinNemonico(boton->text()));
-    return v;
-}
-
-QString descripcion(QWidget *ventana)
-{
-    if (!ventana)
-        return u"no modal window"_s;
-    const auto *caja = qobject_cast<QMessageBox *>(ventana);
-    return caja ? u"box \"%1\" \"%2\""_s.arg(caja->windowTitle(), caja->text())
-                : u"%1 \"%2\""_s.arg(QLatin1StringView(ventana->metaObject()->className()), ventana->windowTitle());
-}
-
-} // namespace
+static const auto rotulo = [](const QAbstractButton *boton) { return boton->text().remove(u'&'); };
 
 Conductor::Conductor(int plazo)
     : m_plazo(plazo)
@@ -66,32 +38,23 @@ Conductor::~Conductor()
         QTest::qFail("Conductor: steps were left: their windows never came", __FILE__, __LINE__);
 }
 
-Conductor &Conductor::paso(std::function<bool(QWidget *)> cuando, std::function<void(QWidget *)> accion)
-{
-    m_pasos.push_back({std::move(cuando), std::move(accion)});
-    m_desdeAvance.restart();
-    return *this;
-}
-
 Conductor &Conductor::responde(const QString &boton)
 {
     return con<QMessageBox>([this, boton](QMessageBox &caja) {
         const QList<QAbstractButton *> botones = caja.buttons();
-        for (QAbstractButton *b : botones) {
-            if (sinNemonico(b->text()) == boton) {
-                b->click();
-                return;
-            }
-        }
-        fallar(u"no button \"%1\""_s.arg(boton));
+        const auto suyo = std::find_if(botones.begin(), botones.end(), [&](auto *b) { return rotulo(b) == boton; });
+        suyo == botones.end() ? fallar(u"no button \"%1\""_s.arg(boton)) : (*suyo)->click();
     });
 }
 
 bool Conductor::eventFilter(QObject *objeto, QEvent *evento)
 {
-    if (evento->type() == QEvent::Show)
-        if (const auto *caja = qobject_cast<QMessageBox *>(objeto))
-            m_cajas.push_back(vista(*caja));
+    const auto *caja = evento->type() == QEvent::Show ? qobject_cast<QMessageBox *>(objeto) : nullptr;
+    if (caja) {
+        m_cajas.push_back({caja->windowTitle(), caja->text(), caja->icon(), {}});
+        for (const QAbstractButton *boton : caja->buttons())
+            m_cajas.back().botones << rotulo(boton);
+    }
     return false;
 }
 
@@ -130,12 +93,16 @@ void Conductor::mirar()
 void Conductor::fallar(const QString &motivo)
 {
     m_fallido = true;
-    const QString texto = u"Conductor: %1; on screen: %2"_s.arg(motivo, descripcion(QApplication::activeModalWidget()));
+    const QWidget *modal = QApplication::activeModalWidget();
+    const QString texto = u"Conductor: %1; on screen: %2 \"%3\" \"%4\""_s.arg(
+        motivo, QLatin1StringView(modal ? modal->metaObject()->className() : "nothing modal"),
+        modal ? modal->windowTitle() : QString(), modal ? modal->property("text").toString() : QString());
     QTest::qFail(texto.toUtf8().constData(), __FILE__, __LINE__);
 }
 
 void encolarTecla(QWidget *ventana, Qt::Key tecla, const QString &texto)
 {
+    using Interfaz = QWindowSystemInterface;
     QWindow *nativa = ventana->window()->windowHandle();
     for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease})
         Interfaz::handleKeyEvent<Interfaz::AsynchronousDelivery>(nativa, tipo, tecla, Qt::NoModifier, texto, false, 1);

@@ -20,15 +20,8 @@ struct CajaVista
     QStringList botones; ///< captions without "&"
 };
 
-/// Drives modal windows in a test. Queue the steps, then run what opens the windows:
-///
-///     Conductor conductor;
-///     conductor.con<frmPLUs>([](frmPLUs &f) { QTest::keyClick(f.focusWidget(), Qt::Key_Return); });
-///     conductor.responde(u"Sí"_s);
-///     control.Emular_Enter(u"*123"_s);
-///     QVERIFY(conductor.terminado());
-///
-/// A step runs from a fresh turn of the event loop once the window that it names is the active modal one, so it may open
+/// Drives modal windows in a test: queue the steps, run what opens the windows, look whether it is `terminado`. A step
+/// runs from a fresh turn of the event loop once the window that it names is the active modal one, so it may open
 /// further modal windows, which the next steps drive. When a modal window is up and no step can run for `plazo`
 /// milliseconds, the test fails with what was on screen and every modal window is closed: nothing hangs.
 class Conductor : public QObject
@@ -44,11 +37,11 @@ public:
     template <class Ventana>
     Conductor &con(std::function<void(Ventana &)> accion)
     {
-        return paso([](QWidget *w) { return dynamic_cast<Ventana *>(w) != nullptr; },
-                    [accion = std::move(accion)](QWidget *w) { accion(dynamic_cast<Ventana &>(*w)); });
+        m_pasos.push_back({[](QWidget *w) { return dynamic_cast<Ventana *>(w) != nullptr; },
+                           [accion = std::move(accion)](QWidget *w) { accion(dynamic_cast<Ventana &>(*w)); }});
+        m_desdeAvance.restart();
+        return *this;
     }
-    /// When any modal window that fits is the active one.
-    Conductor &paso(std::function<bool(QWidget *)> cuando, std::function<void(QWidget *)> accion);
     /// When a message box is up: presses the button of this caption ("Sí", "No", "Aceptar").
     Conductor &responde(const QString &boton);
 

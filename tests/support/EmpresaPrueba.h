@@ -16,10 +16,7 @@ public:
     qint16 CodigoProveedores() const override { return 3; }
     qint16 CodigoClientes() const override { return 4; }
     QString NombreFamilia(int nivel) const override { return familias[nivel]; }
-    QString NombreCualidad(int eje) const override
-    {
-        return eje == 0 ? QStringLiteral("Talla") : QStringLiteral("Color");
-    }
+    QString NombreCualidad(int eje) const override { return QLatin1StringView(eje == 0 ? "Talla" : "Color"); }
     QString NombreAlternativo1() const override { return QStringLiteral("Estilo"); }
     bool OrdenCualidades() const override { return ordenCualidades; }
     int DecimalesPvp() const override { return 2; }

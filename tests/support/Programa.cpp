@@ -2,40 +2,28 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QTest>
 #include <cstdio>
 #include <map>
 #include <memory>
 
 namespace nv::pruebas {
 
-namespace {
-
-using Fabrica = QObject *(*)();
-using Proceso = int (*)(const QStringList &);
-
-std::map<QString, Fabrica> &clases()
+/// Whoever registers first makes it.
+template <class Funcion>
+static std::map<QString, Funcion> &registro()
 {
-    static std::map<QString, Fabrica> todas;
+    static std::map<QString, Funcion> todas;
     return todas;
 }
 
-std::map<QString, Proceso> &procesos()
+Registrada::Registrada(const char *fichero, Fabrica crear)
 {
-    static std::map<QString, Proceso> todos;
-    return todos;
+    registro<Fabrica>().emplace(QFileInfo(QString::fromUtf8(fichero)).completeBaseName(), crear);
 }
 
-} // namespace
-
-Registrada::Registrada(const char *fichero, QObject *(*crear)())
+ProcesoHijo::ProcesoHijo(const char *nombre, Proceso correr)
 {
-    clases().emplace(QFileInfo(QString::fromUtf8(fichero)).completeBaseName(), crear);
-}
-
-ProcesoHijo::ProcesoHijo(const char *nombre, int (*correr)(const QStringList &))
-{
-    procesos().emplace(QStringLiteral("--") + QString::fromLatin1(nombre), correr);
+    registro<Proceso>().emplace(QStringLiteral("--") + QString::fromLatin1(nombre), correr);
 }
 
 } // namespace nv::pruebas
@@ -46,22 +34,21 @@ int main(int argc, char **argv)
     QApplication aplicacion(argc, argv);
     QStringList argumentos = QApplication::arguments();
     const QString primero = argumentos.value(1);
-    if (const auto proceso = procesos().find(primero); proceso != procesos().end())
-        return proceso->second(argumentos.mid(2));
-    const bool una = clases().contains(primero);
+    if (const auto &hijos = registro<Proceso>(); hijos.contains(primero))
+        return hijos.at(primero)(argumentos.mid(2));
+    const auto &clases = registro<Fabrica>();
+    const bool una = clases.contains(primero);
     if (una)
         argumentos.removeAt(1);
     else if (!primero.isEmpty() && !primero.startsWith(u'-')) {
-        for (const auto &[nombre, fabrica] : clases())
+        for (const auto &[nombre, fabrica] : clases)
             std::puts(qPrintable(nombre));
         return 2;
     }
     int fallos = 0;
-    for (const auto &[nombre, fabrica] : clases()) {
-        if (una && nombre != primero)
-            continue;
-        const std::unique_ptr<QObject> prueba(fabrica());
-        fallos += QTest::qExec(prueba.get(), argumentos);
+    for (const auto &[nombre, fabrica] : clases) {
+        if (!una || nombre == primero)
+            fallos += QTest::qExec(std::unique_ptr<QObject>(fabrica()).get(), argumentos);
     }
     return fallos == 0 ? 0 : 1;
 }

@@ -3,13 +3,11 @@
 #include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
-#include "support/Programa.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <memory>

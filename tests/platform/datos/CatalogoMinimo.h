@@ -3,16 +3,27 @@
 #include "support/BaseDatos.h"
 
 using namespace Qt::StringLiterals;
+using namespace nv::pruebas;
 
 /// Six items of company 2, whose stock and warehouses are company 1's, suppliers company 3's and customers company 4's.
-class PruebaConCatalogo : public nv::pruebas::PruebaVias
+class PruebaConCatalogo : public PruebaVias
 {
 protected:
     /// Rows joined by ",".
     QString responde(const QString &consulta) { return filas(consulta).join(u','); }
+    /// A table of what stands at "%1" and "%2", and what is answered.
+    void responden(const QString &consulta, const QString &casos)
+    {
+        for (const QStringList &caso : tabla(casos)) {
+            QString sentencia = consulta;
+            for (int i = 1; i < caso.size(); ++i)
+                sentencia.replace(u'%' + QString::number(i), caso[i - 1]);
+            QCOMPARE(sentencia + u" = "_s + responde(sentencia), sentencia + u" = "_s + caso.back());
+        }
+    }
 
 private:
-    Sobre sobre() const override { return Sobre::Catalogo; }
+    bool conEsquema() const override { return true; }
     void llenar() override
     {
         const auto pon = [&](const QString &tabla, const QString &filas) {

@@ -1,11 +1,7 @@
 #include "CatalogoMinimo.h"
 #include "platform/datos/Dialecto.h"
 #include "platform/datos/Lexico.h"
-#include "support/Programa.h"
 
-#include <QTest>
-
-using namespace nv::pruebas;
 using namespace nv::datos;
 
 /// What a statement means, whichever engine runs it: amounts, texts, dates, and the forms that only a server knows.
@@ -16,7 +12,6 @@ class PruebaDialecto : public PruebaConCatalogo
 private Q_SLOTS:
     void amounts_are_exact()
     {
-        const nv::Transaccion deshecha(conexion());
         ejecutar(u"INSERT INTO Articulos_Tarifas (Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp) VALUES (9, 1, 1, 0.1), "
                  u"(9, 1, 2, 0.2), (9, 1, 3, 0.3), (9, 2, 1, 10), (9, 3, 1, 0.00001), (9, 4, 1, NULL), "
                  u"(9, 5, 1, 900719925474.0991), (9, 6, 1, -2.5), (9, 6, 2, -2.5)"_s);
@@ -27,71 +22,53 @@ private Q_SLOTS:
                                  u"5→CONVERT(VARCHAR, Pvp)→900719925474.10;5→CONVERT(VARCHAR, Cod_Articulo)→5;"
                                  u"2→CONVERT(INT, '7')→7"_s;
         const QString consulta = u"SELECT %2 FROM Articulos_Tarifas WHERE Cod_Empresa =9 AND Cod_Articulo =%1"_s;
-        for (const QStringList &caso : tabla(importes))
-            QCOMPARE(responde(consulta.arg(caso[0], caso[1])), caso[2]);
-        QCOMPARE(responde(u"SELECT Cod_Articulo FROM Articulos_Tarifas WHERE Cod_Empresa =9 GROUP BY Cod_Articulo"
-                          u" HAVING SUM(Pvp) = 0.6"_s),
-                 u"1"_s);
+        responden(consulta, importes);
+        responden(u"SELECT Cod_Articulo FROM Articulos_Tarifas WHERE Cod_Empresa =9 %1"_s,
+                  u"GROUP BY Cod_Articulo HAVING SUM(Pvp) = 0.6→1"_s);
     }
 
     void literals_are_the_statement_s_own()
     {
-        const nv::Transaccion deshecha(conexion());
         ejecutar(u"INSERT INTO Parametros_App (Clave, Valor) VALUES ('a', '1'), ('b', '01'), ('c', 'x''y'),"
                  u" ('12', 'doce')"_s);
-        const QString condiciones =
-            u"Valor ='1'→a;Valor ='01'→b;Valor =N'x''y'→c;Valor =''→;Clave LIKE '1%'→12;Clave LIKE '%2'→12;"
-            u"Clave LIKE '_'→a,b,c;Clave LIKE ''→;[Clave] IN ('a', 'C', 'zz')→a,c;"
-            u"LEN(Valor) = 1e0 AND 1.50 = 1.5 AND .5 = 50e-2 AND 1E+1 = 10→a;"
-            u"Clave = 'a' /* ' */ AND 7 - -1 = 8 AND 8 / 2 = 4 -- it's the end\n→a"_s;
-        for (const QStringList &caso : tabla(condiciones))
-            QCOMPARE(responde(u"SELECT Clave FROM Parametros_App WHERE %1 ORDER BY Clave"_s.arg(caso[0])), caso[1]);
+        responden(u"SELECT Clave FROM Parametros_App WHERE %1 ORDER BY Clave"_s,
+                  u"Valor ='1'→a;Valor ='01'→b;Valor =N'x''y'→c;Valor =''→;Clave LIKE '1%'→12;Clave LIKE '%2'→12;"
+                  u"Clave LIKE '_'→a,b,c;Clave LIKE ''→;[Clave] IN ('a', 'C', 'zz')→a,c;"
+                  u"LEN(Valor) = 1e0 AND 1.50 = 1.5 AND .5 = 50e-2 AND 1E+1 = 10→a;"
+                  u"Clave = 'a' /* ' */ AND 7 - -1 = 8 AND 8 / 2 = 4 -- it's the end\n→a"_s);
         // A column's ordinal is no value.
-        QCOMPARE(responde(u"SELECT TOP 2 Clave, Valor FROM Parametros_App ORDER BY 2, 1"_s), u"b|01,a|1"_s);
-        QCOMPARE(responde(u"SELECT DISTINCT TOP (2) Clave FROM Parametros_App ORDER BY 1"_s), u"12,a"_s);
-        QCOMPARE(responde(u"SELECT  TOP 1 Clave FROM Parametros_App WHERE Clave IN"
-                          u" (SELECT TOP 2 Clave FROM Parametros_App ORDER BY Clave DESC) ORDER BY Clave"_s),
-                 u"b"_s);
+        responden(u"SELECT %1"_s,
+                  u"TOP 2 Clave, Valor FROM Parametros_App ORDER BY 2, 1→b|01,a|1;DISTINCT TOP (2) Clave FROM"
+                  u" Parametros_App ORDER BY 1→12,a; TOP 1 Clave FROM Parametros_App WHERE Clave IN"
+                  u" (SELECT TOP 2 Clave FROM Parametros_App ORDER BY Clave DESC) ORDER BY Clave→b"_s);
     }
 
     void texts_compare_in_Spanish()
     {
-        const nv::Transaccion deshecha(conexion());
         ejecutar(u"DELETE FROM Marcas"_s);
         ejecutar(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (1, 'Ñora'), (2, 'nuez'), (3, 'OCA'), (4, 'Nácar'),"
                  u" (5, 'nacar'), (6, '100%'), (7, 'a_b')"_s);
-        for (const QStringList &caso :
-             tabla(u"= 'ÑORA'→1;= 'nora'→;= 'NACAR   '→5;= 'nácar'→4;LIKE 'n%'→2,4,5;LIKE '%Á%'→4;LIKE '[no]%a'→3;"
-                   u"LIKE '%[%]'→6;LIKE 'a[_]b'→7;NOT LIKE '%a%'→2,6"_s))
-            QCOMPARE(responde(u"SELECT Codigo FROM Marcas WHERE Nombre %1 ORDER BY Codigo"_s.arg(caso[0])), caso[1]);
+        responden(u"SELECT Codigo FROM Marcas WHERE Nombre %1 ORDER BY Codigo"_s,
+                  u"= 'ÑORA'→1;= 'nora'→;= 'NACAR   '→5;= 'nácar'→4;LIKE 'n%'→2,4,5;LIKE '%Á%'→4;LIKE '[no]%a'→3;"
+                  u"LIKE '%[%]'→6;LIKE 'a[_]b'→7;NOT LIKE '%a%'→2,6"_s);
         QCOMPARE(responde(u"SELECT Codigo FROM Marcas WHERE Codigo < 4 ORDER BY Nombre"_s), u"2,1,3"_s);
-    }
-
-    void functions_keep_the_order_of_their_column()
-    {
-        const nv::Transaccion deshecha(conexion());
+        // Functions keep the order of their column.
         ejecutar(
             u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, FAlta) VALUES (9, 1, ' Ñora ', '5/11/2026')"_s);
-        for (const QStringList &caso :
-             tabla(u"ISNULL(Descripcion,'') = ' ÑORA';LTRIM(RTRIM(Descripcion)) = 'ñora';UPPER(Descripcion) = ' ñORA';"
-                   u"LOWER(Descripcion) = ' Ñora';LEN(Descripcion) = 5;SUBSTRING(Descripcion, 2, 2) = 'ñO';"
-                   u"CONVERT(VARCHAR(40), Descripcion) = ' ÑORA';REPLACE(Descripcion, 'Ñ', 'n') = ' NORA';"
-                   u"ISNULL(FAlta,'') = '05/11/2026';ISNULL(FAlta,'') > '30/10/2026'"_s))
-            QVERIFY2(responde(u"SELECT Codigo FROM Articulos WHERE Cod_Empresa = 9 AND "_s + caso[0]) == u"1",
-                     qPrintable(caso[0]));
+        responden(u"SELECT Codigo FROM Articulos WHERE Cod_Empresa = 9 AND %1"_s,
+                  u"ISNULL(Descripcion,'') = ' ÑORA'→1;LTRIM(RTRIM(Descripcion)) = 'ñora'→1;UPPER(Descripcion) = '"
+                  u" ñORA'→1;LOWER(Descripcion) = ' Ñora'→1;LEN(Descripcion) = 5→1;SUBSTRING(Descripcion, 2, 2) ="
+                  u" 'ñO'→1;CONVERT(VARCHAR(40), Descripcion) = ' ÑORA'→1;REPLACE(Descripcion, 'Ñ', 'n') = ' NORA'→1;"
+                  u"ISNULL(FAlta,'') = '05/11/2026'→1;ISNULL(FAlta,'') > '30/10/2026'→1"_s);
     }
 
     void dates_are_day_month_year()
     {
-        const nv::Transaccion deshecha(conexion());
         ejecutar(u"DELETE FROM Articulos_CBarras"_s);
-        ejecutar(
-            u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Fecha) VALUES"
-            u" (1, 1, 'A', '02/03/2026'), (1, 1, 'B', '01/12/2025'), (1, 1, 'C', ' 31/01/2026'), (1, 1, 'D', NULL)"_s);
-        for (const QStringList &caso :
-             tabla(u"Fecha IS NOT NULL→B,C,A;Fecha > '01/02/2026'→A;Fecha <=' 31/01/2026'→B,C;Fecha = '2/3/2026'→A"_s))
-            QCOMPARE(responde(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE %1 ORDER BY Fecha"_s.arg(caso[0])),
-                     caso[1]);
+        ejecutar(u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Fecha) VALUES (1, 1, 'A',"
+                 u" '02/03/2026'), (1, 1, 'B', '01/12/2025'), (1, 1, 'C', ' 31/01/2026'), (1, 1, 'D', NULL)"_s);
+        responden(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE %1 ORDER BY Fecha"_s,
+                  u"Fecha IS NOT NULL→B,C,A;Fecha > '01/02/2026'→A;Fecha <=' 31/01/2026'→B,C;Fecha = '2/3/2026'→A"_s);
         QCOMPARE(responde(u"SELECT TOP 1 Fecha FROM Articulos_CBarras ORDER BY Fecha DESC"_s), u"02/03/2026"_s);
     }
 
@@ -102,9 +79,8 @@ private Q_SLOTS:
             u" INNER JOIN Articulos_CBarras b ON b.Cod_Articulo = a.Codigo AND b.Principal = 1"
             u" LEFT JOIN Articulos_Tarifas c ON c.Cod_Articulo = a.Codigo AND c.Cod_Tarifa = 1"_s;
         QCOMPARE(ejecutar(copia), 2);
-        QCOMPARE(responde(u"SELECT Codigo, CONVERT(VARCHAR, Pvp), Mas FROM #Copia"
-                          u" WHERE Descripcion = 'bañera BLANCA' AND Fecha = '01/02/2026'"_s),
-                 u"4|100.00|101"_s);
+        responden(u"SELECT Codigo, CONVERT(VARCHAR, Pvp), Mas FROM #Copia WHERE %1"_s,
+                  u"Descripcion = 'bañera BLANCA' AND Fecha = '01/02/2026'→4|100.00|101"_s);
         QVERIFY(numeroDeError([&] { ejecutar(copia); }) > 0);
         QVERIFY(numeroDeError([&] { ejecutar(u"SELECT NoEsta INTO #Otra FROM Marcas"_s); }) > 0);
         ejecutar(u"DROP TABLE #Copia"_s);
@@ -114,17 +90,14 @@ private Q_SLOTS:
     void company_of_a_subquery_stays_its_own()
     {
         const QString desde = u"SELECT a.Codigo FROM Articulos a WHERE a.Cod_Empresa =2"_s;
-        for (const QStringList &caso :
-             tabla(u"% AND a.Codigo IN (SELECT a.Cod_Articulo FROM Almacen_Articulos a WHERE a.Cod_Empresa =1) ORDER "
-                   u"BY 1→1,2,4;"
-                   u"% + 1 AND EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)→;"
-                   u"% AND a.Codigo =1 OR EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =7)→1;"
-                   u"SELECT a.Codigo FROM Almacenes a WHERE (a.Codigo =2) AND a.Cod_Empresa =1 AND EXISTS"
-                   u" (SELECT 1 FROM Almacen_Tarifas b WHERE b.Cod_Empresa =a.Cod_Empresa)→2;"
-                   u"SELECT a.Codigo FROM Almacenes a LEFT JOIN Marcas m ON a.Cod_Empresa =7 AND m.Codigo = 1 WHERE "
-                   u"EXISTS"
-                   u" (SELECT 1 FROM Tarifas b WHERE a.Cod_Empresa =1) ORDER BY a.Codigo→1,2"_s))
-            QCOMPARE(responde(QString(caso[0]).replace(u"%"_s, desde)), caso[1]);
+        const QString casos =
+            u"% AND a.Codigo IN (SELECT a.Cod_Articulo FROM Almacen_Articulos a WHERE a.Cod_Empresa =1) ORDER BY"
+            u" 1→1,2,4;% + 1 AND EXISTS (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =2)→;% AND a.Codigo =1 OR EXISTS"
+            u" (SELECT 1 FROM Marcas WHERE a.Cod_Empresa =7)→1;SELECT a.Codigo FROM Almacenes a WHERE (a.Codigo =2)"
+            u" AND a.Cod_Empresa =1 AND EXISTS (SELECT 1 FROM Almacen_Tarifas b WHERE b.Cod_Empresa"
+            u" =a.Cod_Empresa)→2;SELECT a.Codigo FROM Almacenes a LEFT JOIN Marcas m ON a.Cod_Empresa =7 AND"
+            u" m.Codigo = 1 WHERE EXISTS (SELECT 1 FROM Tarifas b WHERE a.Cod_Empresa =1) ORDER BY a.Codigo→1,2"_s;
+        responden(u"%1"_s, QString(casos).replace(u"%"_s, desde));
         const QString fija = u" AND EXISTS (SELECT 1 FROM Marcas b WHERE b.Codigo = a.Cod_Empresa)"_s;
         QVERIFY(!adaptar(parametrizar(desde + fija).forma).sql.contains(u"b.Codigo = a."_s));
     }

@@ -1,60 +1,19 @@
-#include "nvArticulo/Motores.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/Dialecto.h"
 #include "platform/datos/Funciones.h"
 #include "platform/datos/PatronLike.h"
 #include "platform/datos/Preparada.h"
 #include "support/BaseDatos.h"
-#include "support/Programa.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QTest>
 
+#include <future>
 #include <sqlite3.h>
-#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
 using namespace nv::datos;
-
-namespace {
-
-/// `orden`: ascending, separated by "<"; "=" joins what is equal.
-void comprobarOrden(const QString &orden, int (*cotejar)(std::string_view, std::string_view))
-{
-    std::vector<std::pair<int, std::string>> todos;
-    int grupo = 0;
-    for (const QString &iguales : orden.split(u'<')) {
-        for (const QString &uno : iguales.split(u'='))
-            todos.emplace_back(grupo, uno.toStdString());
-        ++grupo;
-    }
-    const auto signo = [](int valor) { return valor < 0 ? -1 : (valor > 0 ? 1 : 0); };
-    for (const auto &[lugar, uno] : todos) {
-        for (const auto &[otroLugar, otro] : todos)
-            QVERIFY2(signo(cotejar(uno, otro)) == signo(lugar - otroLugar), (uno + " / " + otro).c_str());
-    }
-}
-
-QString mensaje(const std::function<void()> &operacion)
-{
-    const nv::Error error = errorDe(operacion);
-    return error.numero == -1 ? QString() : u"%1 %2"_s.arg(error.numero).arg(error.descripcion);
-}
-
-/// The file behind the engine's back, with its functions unless other ones are brought.
-sqlite3 *aEspaldas(const QString &ruta, const char *sql, int (*registrar)(sqlite3 *) = &registrarFunciones)
-{
-    sqlite3 *base = nullptr;
-    sqlite3_open(ruta.toUtf8().constData(), &base);
-    registrar(base);
-    if (sqlite3_exec(base, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        qFatal("%s", sqlite3_errmsg(base));
-    return base;
-}
-
-} // namespace
 
 /// What only the embedded engine does: orders and LIKE of its own, words for its errors, files.
 class PruebaEmbebida : public QObject
@@ -62,8 +21,6 @@ class PruebaEmbebida : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_carpeta = std::make_unique<QTemporaryDir>(); }
-
     void more_forms_than_are_kept()
     {
         sqlite3 *base = aEspaldas(ruta(u"formas.db"_s), "CREATE TABLE t (a)");
@@ -93,10 +50,9 @@ private Q_SLOTS:
                  (QStringList{u"5"_s, u"2"_s}));
         // Sums beyond an amount's range are an error, not another number.
         base.ejecutar(u"UPDATE Articulos_Tarifas SET Pvp = 900000000000000"_s);
-        for (const QString &suma : {u"SELECT SUM(Pvp) FROM Articulos_Tarifas"_s,
-                                    u"SELECT SUM(x) FROM (SELECT 9223372036854775807 AS x UNION ALL SELECT 1)"_s,
-                                    u"SELECT SUM(x) FROM (SELECT 922337203685477 AS x UNION ALL SELECT 0.9)"_s})
-            QVERIFY(mensaje([&] { base.filas(suma); }).endsWith(u"Desbordamiento."_s));
+        for (const QString &de : {u"Articulos_Tarifas"_s, u"(SELECT 9223372036854775807 AS Pvp UNION ALL SELECT 1)"_s,
+                                  u"(SELECT 922337203685477 AS Pvp UNION ALL SELECT 0.9)"_s})
+            QVERIFY(mensaje([&] { base.filas(u"SELECT SUM(Pvp) FROM "_s + de); }).endsWith(u"Desbordamiento."_s));
     }
 
     void errors_in_words()
@@ -108,10 +64,8 @@ private Q_SLOTS:
             {u"  "_s, u"102 La sentencia está vacía."_s},
             {u"SELECT \u0001"_s, u"102 Carácter no válido"_s},
             {u"SELECT x FROM Nada"_s, u"1 no such table: Nada"_s},
-            {u"INSERT INTO Marcas (Codigo) VALUES (1)"_s,
-             u"1555 Ya existe una fila con la misma clave (Marcas.Codigo)."_s},
-            {u"INSERT INTO Proveedores (Codigo) VALUES (1)"_s,
-             u"1299 Falta un valor obligatorio (Proveedores.Cod_Empresa)."_s},
+            {u"INSERT INTO Marcas (Codigo) VALUES (1)"_s, u"1555 Ya existe una fila con la misma clave (Marcas.Cod"_s},
+            {u"INSERT INTO Marcas (Nombre) VALUES (1)"_s, u"1299 Falta un valor obligatorio (Marcas.Codigo)."_s},
             {u"PRAGMA query_only = 1"_s, {}},
             {u"DELETE FROM Marcas"_s, u"8 La base de datos es de sólo lectura."_s},
         };
@@ -123,13 +77,12 @@ private Q_SLOTS:
     void files_that_cannot_be_opened()
     {
         QFile texto(ruta(u"texto.db"_s));
-        QVERIFY(texto.open(QIODevice::WriteOnly));
+        QVERIFY(texto.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         texto.write(QByteArray("esto no es una base de datos, ni lo parece. ").repeated(200));
-        texto.close();
         sqlite3_close(aEspaldas(ruta(u"ajena.db"_s), "CREATE TABLE t (a)"));
-        abrirEmbebida(ruta(u"nuevo.db"_s));
-        sqlite3_close(aEspaldas(ruta(u"nuevo.db"_s), "PRAGMA user_version = 16777216"));
-        abrirEmbebida(ruta(u"cortado.db"_s));
+        for (const QString &catalogo : {u"posterior.db"_s, u"cortado.db"_s})
+            abrirEmbebida(ruta(catalogo));
+        sqlite3_close(aEspaldas(ruta(u"posterior.db"_s), "PRAGMA user_version = 16777216"));
         QVERIFY(QFile::resize(ruta(u"cortado.db"_s), 8192));
         const QString casos[][2] = {
             {ruta(u"no/hay/catalogo.db"_s), u"14 No existe la carpeta"_s},
@@ -137,7 +90,7 @@ private Q_SLOTS:
             {u" "_s, u"14 « » no es un archivo"_s},
             {ruta(u"texto.db"_s), u"26 El archivo no es una base de datos. («"_s},
             {ruta(u"ajena.db"_s), u"26 El archivo es una base de datos, pero no un catálogo de artículos. («"_s},
-            {ruta(u"nuevo.db"_s), u"20 El catálogo es de una versión posterior"_s},
+            {ruta(u"posterior.db"_s), u"20 El catálogo es de una versión posterior"_s},
             {ruta(u"cortado.db"_s), u"11 La base de datos está dañada. («"_s}};
         for (const auto &[archivo, motivo] : casos) {
             const QString visto = mensaje([&] { abrirEmbebida(archivo); });
@@ -147,15 +100,12 @@ private Q_SLOTS:
 
     void many_make_the_file_at_once()
     {
-        std::array<QString, 4> fallos;
-        std::vector<std::thread> hilos;
-        for (QString &fallo : fallos)
-            hilos.emplace_back([&fallo, archivo = ruta(u"nuevo.db"_s)] {
-                fallo = mensaje([&] { filasDe(*abrirEmbebida(archivo), u"SELECT Codigo FROM Empresas"_s); });
-            });
-        for (std::thread &hilo : hilos)
-            hilo.join();
-        QCOMPARE(fallos[0] + fallos[1] + fallos[2] + fallos[3], QString());
+        const auto abrir = [&] { filasDe(*abrirEmbebida(ruta(u"nuevo.db"_s)), u"SELECT Codigo FROM Empresas"_s); };
+        std::array<std::future<QString>, 4> fallos;
+        for (auto &fallo : fallos)
+            fallo = std::async(std::launch::async, &mensaje, abrir);
+        for (auto &fallo : fallos)
+            QCOMPARE(fallo.get(), QString());
     }
 
     void writer_waits_for_the_other()
@@ -170,12 +120,12 @@ private Q_SLOTS:
         const QString visto = mensaje([&] { otra->Comenzar(); });
         QVERIFY2(reloj.elapsed() > 3000 && reloj.elapsed() < 20000, "patience of some seconds, then no more");
         QVERIFY(visto.startsWith(u"5 La base de datos está ocupada"_s) && !otra->enTransaccion());
-        std::thread hilo([&] {
+        const auto hilo = std::async(std::launch::async, [&] {
             QTest::qSleep(300);
             una->Confirmar();
         });
         otra->Ejecutar(nv::Sentencia(u"INSERT INTO Marcas (Codigo, Nombre) VALUES (2, 'Roca')"));
-        hilo.join();
+        hilo.wait();
         QCOMPARE(filasDe(*una, u"SELECT COUNT(*) FROM Marcas"_s), QStringList{u"2"_s});
     }
 
@@ -199,36 +149,28 @@ private Q_SLOTS:
         abrirEmbebida(archivo);
         const auto alReves = [](sqlite3 *base) {
             const auto orden = [](void *, int na, const void *a, int nb, const void *b) {
-                return std::string(static_cast<const char *>(b), static_cast<std::size_t>(nb))
-                    .compare(std::string(static_cast<const char *>(a), static_cast<std::size_t>(na)));
+                return QByteArray(static_cast<const char *>(b), nb).compare({static_cast<const char *>(a), na});
             };
             return sqlite3_create_collation(base, "NV_TEXTO", SQLITE_UTF8, nullptr, orden);
         };
-        sqlite3_close(aEspaldas(archivo,
-                                "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, 1, 'ALFA'),"
-                                " (1, 2, 'beta'), (1, 3, 'GAMMA'), (1, 4, 'Ñu');"
-                                "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES"
-                                " (1, 1, 'A'), (1, 2, 'b'), (1, 3, 'C');"
-                                "PRAGMA user_version = 131072",
-                                alReves));
+        const char *antes = "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, 1, 'ALFA'),"
+                            " (1, 2, 'beta'), (1, 3, 'GAMMA'), (1, 4, 'Ñu'); PRAGMA user_version = 131072;"
+                            "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras) VALUES"
+                            " (1, 1, 'A'), (1, 2, 'b'), (1, 3, 'C')";
+        sqlite3_close(aEspaldas(archivo, antes, alReves));
         for (int i = 0; i < 2; ++i) {
             const auto conexion = abrirEmbebida(archivo);
             QCOMPARE(filasDe(*conexion, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
-            QCOMPARE(filasDe(*conexion, u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND"
-                                        u" Cod_Barras ='B'"_s),
-                     QStringList{u"2"_s});
+            const QString b = u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Empresa =1 AND Cod_Barras ='B'"_s;
+            QCOMPARE(filasDe(*conexion, b), QStringList{u"2"_s});
         }
     }
 
-    void spanish_order()
+    void orders_of_texts_and_dates()
     {
         comprobarOrden(u"=  < a<-A<×<÷<1<10<2<a=A=a  <Á=á<à<ab=AB<áb=ÁB<abc<az<æ=Æ<b<c<ç<ce<n<nz<ñ=Ñ<ñandú<o<Ö<oz<s<ß<t"
                        u"<u<ü=Ü<y<ý=Ý<ÿ<yz<z<Ā<€<😀"_s,
                        &cotejarTexto);
-    }
-
-    void dates()
-    {
         // What is no date comes first, as texts do.
         comprobarOrden(u"<0/1/2026<01/00/2026<01/13/2026<2026<22/11<22/11/2026 10:00 a<22/11/2026 "
                        u"a<22/11/20260<22/11/2026x<22/11/2026x10:00<22/11a2026<22a11/2026"
@@ -274,16 +216,14 @@ private Q_SLOTS:
                 uno += u"aÁnÑoÖçC €-'ÿ"_s[azar.bounded(13)];
             return uno.replace(u"'"_s, u"''"_s);
         };
-        for (int i = 0; i < 400; ++i) {
-            const QString alta = u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, %1, '%2')"_s;
+        const QString alta = u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, %1, '%2')"_s;
+        for (int i = 0; i < 400; ++i)
             base.ejecutar(alta.arg(i).arg(texto(4)));
-        }
-        const QString consulta =
-            u"SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND (%1 LIKE '%2%3') ORDER BY Codigo"_s;
+        const QString consulta = u"SELECT Codigo FROM Articulos WHERE Cod_Empresa =1 AND (%1 LIKE '%2%3') ORDER BY 1"_s;
         int conFilas = 0;
         for (int i = 0; i < 200; ++i) {
             const QString patron = texto(3);
-            const QString resto = i % 3 == 0 ? u"_%"_s : (i % 3 == 1 ? u"%"_s : QString());
+            const QString resto = QStringList{u"_%"_s, u"%"_s, QString()}[i % 3];
             const QStringList conRango = base.filas(consulta.arg(u"Descripcion"_s, patron, resto));
             QCOMPARE(conRango, base.filas(consulta.arg(u"ISNULL(Descripcion,'')"_s, patron, resto)));
             conFilas += conRango.isEmpty() ? 0 : 1;
@@ -298,9 +238,37 @@ private Q_SLOTS:
     }
 
 private:
-    QString ruta(const QString &nombre) const { return m_carpeta->filePath(nombre); }
+    /// `orden`: ascending, separated by "<"; "=" joins what is equal.
+    static void comprobarOrden(const QString &orden, int (*cotejar)(std::string_view, std::string_view))
+    {
+        const auto signo = [](qsizetype valor) { return valor < 0 ? -1 : (valor > 0 ? 1 : 0); };
+        const QStringList grupos = orden.split(u'<');
+        for (qsizetype i = 0; i < grupos.size() * grupos.size(); ++i) {
+            const int esperado = signo(i / grupos.size() - i % grupos.size());
+            for (const QString &uno : grupos[i / grupos.size()].split(u'='))
+                for (const QString &otro : grupos[i % grupos.size()].split(u'='))
+                    QVERIFY2(signo(cotejar(uno.toStdString(), otro.toStdString())) == esperado,
+                             qPrintable(uno + u" / "_s + otro));
+        }
+    }
+    static QString mensaje(const std::function<void()> &operacion)
+    {
+        const nv::Error error = errorDe(operacion);
+        return error.numero == -1 ? QString() : u"%1 %2"_s.arg(error.numero).arg(error.descripcion);
+    }
+    /// The file behind the engine's back, with its functions unless other ones are brought.
+    static sqlite3 *aEspaldas(const QString &ruta, const char *sql, int (*registrar)(sqlite3 *) = &registrarFunciones)
+    {
+        sqlite3 *base = nullptr;
+        sqlite3_open(ruta.toUtf8().constData(), &base);
+        registrar(base);
+        if (sqlite3_exec(base, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+            qFatal("%s", sqlite3_errmsg(base));
+        return base;
+    }
+    QString ruta(const QString &nombre) const { return m_carpeta.filePath(nombre); }
 
-    std::unique_ptr<QTemporaryDir> m_carpeta;
+    const QTemporaryDir m_carpeta;
 };
 
 NV_PRUEBA(PruebaEmbebida)

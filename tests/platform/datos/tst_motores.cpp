@@ -1,7 +1,4 @@
 #include "support/BaseDatos.h"
-#include "support/Programa.h"
-
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
@@ -24,14 +21,13 @@ private Q_SLOTS:
         if (conSqlite())
             escrita.replace(u"'02/11/2026'"_s, u"'2026-11-02'"_s).replace(u"25474.0991"_s, u"2547.0991"_s);
         const QList<QStringList> valores = tabla(escrita);
-        QStringList columnas;
-        QStringList escritos;
+        QStringList columnas[2];
         for (const QStringList &valor : valores) {
-            columnas << u"c%1 %2 NULL"_s.arg(columnas.size()).arg(valor[0]);
-            escritos << valor[1];
+            columnas[0] << u"c%1 %2 NULL"_s.arg(columnas[0].size()).arg(valor[0]);
+            columnas[1] << valor[1];
         }
-        ejecutar(u"CREATE TABLE #Tipos (%1)"_s.arg(columnas.join(u", ")));
-        ejecutar(u"INSERT INTO #Tipos VALUES (%1)"_s.arg(escritos.join(u", ")));
+        ejecutar(u"CREATE TABLE #Tipos (%1)"_s.arg(columnas[0].join(u", ")));
+        ejecutar(u"INSERT INTO #Tipos VALUES (%1)"_s.arg(columnas[1].join(u", ")));
         nv::Registros registros = abrir(u"SELECT * FROM #Tipos"_s);
         QVERIFY(registros.siguiente());
         for (int i = 0; i < registros.columnas(); ++i) {
@@ -55,14 +51,13 @@ private Q_SLOTS:
     void long_texts_and_names()
     {
         const QString nota = u"Línea de notas: ñÑ, á, ü, 12 €.\r\n"_s.repeated(700);
-        const QString memo = nota.left(5000);
         // Without a declared length; that driver knows such a column by another name.
         const QString sinLargo = conSqlite() ? u"varchar(0)"_s : u"varchar(max)"_s;
         ejecutar(u"CREATE TABLE #Notas (Codigo int, Nota %1, Memo varchar(8000), Otra %1)"_s.arg(sinLargo));
-        ejecutar(u"INSERT INTO #Notas VALUES (1, '%1', '%2', ''), (2, NULL, '', '%1')"_s.arg(nota, memo));
+        ejecutar(u"INSERT INTO #Notas VALUES (1, '%1', '%2', ''), (2, NULL, '', '%1')"_s.arg(nota, nota.left(5000)));
         nv::Registros fila = abrir(u"SELECT Nota, Memo AS Última, Otra, Codigo AS CODIGO FROM #Notas ORDER BY 4"_s);
         QVERIFY(fila.siguiente() && fila.entero16(u"codigo") == 1); // not in the order of the columns
-        QVERIFY(fila.texto(u"última") == memo && fila.texto(u"nota") == nota);
+        QVERIFY(fila.texto(u"última") == nota.left(5000) && fila.texto(u"nota") == nota);
         QVERIFY(!fila.esNulo(u"Otra") && fila.texto(u"Otra").isEmpty());
         QCOMPARE(numeroDeError([&] { fila.texto(u"Memo"); }), nv::errores::ColumnaDesconocida);
         QVERIFY(fila.siguiente() && fila.esNulo(u"Nota"));
@@ -71,24 +66,22 @@ private Q_SLOTS:
 
     void rows_changed_and_errors()
     {
-        diezFilas();
         QCOMPARE(ejecutar(u"INSERT INTO #Lista (Codigo, Nombre) VALUES (20, 'a'), (21, 'b')"_s), 2);
         QCOMPARE(ejecutar(u"UPDATE #Lista SET Nombre = 'x' WHERE Codigo > 9"_s), 3);
         QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Nombre = 'x' AND Codigo > 10"_s), 2);
         QCOMPARE(ejecutar(u"DELETE FROM #Lista WHERE Codigo > 10"_s) + ejecutar(u"SELECT Codigo FROM #Lista"_s), 0);
         nv::Registros abierto = lista();
-        for (const QString &mala : {u"SELECT x FROM NoEstaEstaTabla"_s, u"SELECT NoEsta FROM #Lista"_s, u"SELEC 1"_s,
-                                    u"INSERT INTO #Lista (Codigo, Nombre) VALUES (1, 'otra')"_s,
-                                    u"SELECT Codigo FROM #Lista WHERE Nombre = 'sin cerrar"_s}) {
-            const bool hallada = numeroDeError([&] { abrir(mala); }) > 0 && numeroDeError([&] { ejecutar(mala); }) > 0;
-            QVERIFY2(hallada, qPrintable(mala));
+        for (const QStringList &mala : tabla(
+                 u"SELECT x FROM NoEstaEstaTabla;SELECT NoEsta FROM #Lista;SELEC 1;INSERT INTO #Lista (Codigo, Nombre)"
+                 u" VALUES (1, 'otra');SELECT Codigo FROM #Lista WHERE Nombre = 'sin cerrar"_s)) {
+            QVERIFY2(numeroDeError([&] { abrir(mala[0]); }) > 0, qPrintable(mala[0]));
+            QVERIFY2(numeroDeError([&] { ejecutar(mala[0]); }) > 0, qPrintable(mala[0]));
         }
         QCOMPARE(filasDe(abierto).size(), 10);
     }
 
     void many_lists_stay_open()
     {
-        diezFilas();
         std::vector<nv::Registros> listas;
         for (int abierta = 0; abierta < 13; ++abierta) {
             listas.push_back(lista());
@@ -99,19 +92,17 @@ private Q_SLOTS:
         }
         nv::Registros vacia = abrir(u"SELECT Nombre FROM #Lista WHERE Codigo = 99"_s);
         QCOMPARE(ejecutar(u"DELETE FROM #Lista"_s), 10);
-        for (int leidas = 0; leidas < 13; ++leidas) {
-            nv::Registros &registros = listas.at(static_cast<std::size_t>(leidas));
-            if (leidas > 0 && leidas <= 10)
-                QCOMPARE(registros.texto(u"Nombre"), u"Artículo %1"_s.arg(leidas));
+        for (int leidas = 0; nv::Registros & registros : listas) {
+            QVERIFY(leidas == 0 || leidas > 10 || registros.texto(1) == u"Artículo %1"_s.arg(leidas));
             QCOMPARE(filasDe(registros).size(), std::max(10 - leidas, 0));
             QCOMPARE(numeroDeError([&] { registros.texto(0); }), nv::errores::ConexionCerrada);
+            ++leidas;
         }
         QVERIFY(vacia.nombre(0) == u"Nombre" && !vacia.siguiente());
     }
 
     void transactions_beside_open_lists()
     {
-        diezFilas();
         nv::Registros antes = lista();
         QVERIFY(antes.siguiente());
         conexion().Comenzar();
@@ -133,7 +124,6 @@ private Q_SLOTS:
 
     void ends_of_a_transaction()
     {
-        diezFilas();
         {
             nv::Transaccion transaccion(conexion());
             QVERIFY(falla([&] { conexion().Comenzar(); }));
@@ -149,12 +139,12 @@ private Q_SLOTS:
         conexion().Comenzar();
         ejecutar(u"DELETE FROM #Lista WHERE Codigo = 11"_s);
         ejecutar(u"ROLLBACK"_s); // as when the engine rolled back by itself
-        QVERIFY(!falla([&] { conexion().Deshacer(); }));
+        conexion().Deshacer();
         // What comes after is in no transaction that somebody would have to end.
         ejecutar(u"DELETE FROM #Lista WHERE Codigo = 12"_s);
         conexion().Comenzar();
         ejecutar(u"DELETE FROM #Lista"_s);
-        QVERIFY(!falla([&] { conexion().Deshacer(); }));
+        conexion().Deshacer();
         QCOMPARE(cuantas(), u"11"_s);
         conexion().Comenzar();
         ejecutar(u"ROLLBACK"_s);
@@ -165,7 +155,6 @@ private Q_SLOTS:
 
     void table_made_again_under_an_open_list()
     {
-        diezFilas();
         nv::Registros abierta = abrir(u"SELECT * FROM #Lista WHERE Codigo > 0"_s);
         QVERIFY(abierta.siguiente());
         ejecutar(u"DROP TABLE #Lista"_s);
@@ -184,7 +173,6 @@ private Q_SLOTS:
 
     void released_connection_leaves_the_slot()
     {
-        diezFilas();
         nv::ranura::ofrecer(&conexion());
         const auto otra = lugar().conectar();
         nv::ranura::ofrecer(otra.get());
@@ -203,8 +191,7 @@ private Q_SLOTS:
     }
 
 private:
-    bool conSqlite() const { return via() == Via::Odbc || via() == Via::Anfitrion; }
-    void diezFilas()
+    void llenar() override
     {
         ejecutar(u"CREATE TABLE #Lista (Codigo int NOT NULL PRIMARY KEY, Nombre varchar(60))"_s);
         for (int i = 1; i <= 10; ++i)

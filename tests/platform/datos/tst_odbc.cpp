@@ -1,14 +1,11 @@
-#include "nvArticulo/Motores.h"
 #include "platform/datos/ConexionOdbcErrores.h"
 #include "platform/datos/ConexionOdbcValores.h"
 #include "support/BaseDatos.h"
-#include "support/Programa.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlField>
 #include <QSqlQuery>
-#include <QTest>
 
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>
@@ -38,9 +35,8 @@ private Q_SLOTS:
             {u"[Driver sin cerrar"_s, u"1"_s, u"1 [Driver sin cerrar"_s},
         };
         for (const auto &[mensaje, codigo, visto] : casos) {
-            const nv::Error error =
-                errorOdbc(QSqlError(u"Unable to execute statement"_s, mensaje, QSqlError::StatementError, codigo));
-            QCOMPARE(u"%1 %2"_s.arg(error.numero).arg(error.descripcion), visto);
+            const QSqlError crudo(u"Unable to execute statement"_s, mensaje, QSqlError::StatementError, codigo);
+            QCOMPARE(QString::number(errorOdbc(crudo).numero) + u' ' + errorOdbc(crudo).descripcion, visto);
         }
         QVERIFY(!errorOdbc(QSqlError()).descripcion.isEmpty());
     }
@@ -49,14 +45,13 @@ private Q_SLOTS:
     {
         using Tipo = QMetaType;
         constexpr int Char = 1, Varchar = 12, WChar = -8;
-        const QVariant nulo(QMetaType::fromType<QString>());
         const std::tuple<QMetaType::Type, int, QVariant, QVariant> casos[] = {
             {Tipo::Double, 3, u"10.5000"_s, 10.5},
             {Tipo::Double, 3, u"-.0001"_s, -0.0001},
             {Tipo::Double, 3, u"0.66666666"_s, 0.6667},                              // more decimals than an amount has
             {Tipo::Double, 3, u"922337203685477.5807"_s, u"922337203685477.5807"_s}, // no double holds it
             {Tipo::Double, 8, 0.1 + 0.2, 0.3},
-            {Tipo::Double, 3, nulo, {}},
+            {Tipo::Double, 3, QVariant(Tipo::fromType<QString>()), {}},
             {Tipo::Bool, -7, true, qlonglong{1}},
             {Tipo::UInt, -6, 255U, qlonglong{255}},
             {Tipo::QString, Char, u" AB    "_s, u" AB"_s},
@@ -78,9 +73,8 @@ private Q_SLOTS:
             QSKIP(qPrintable(lugar.falta()));
         const QTemporaryDir carpeta;
         QFile origenes(carpeta.filePath(u"odbc.ini"_s));
-        QVERIFY(origenes.open(QIODevice::WriteOnly));
+        QVERIFY(origenes.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         origenes.write("[suite]\n" + lugar.texto().toUtf8().replace(';', '\n') + '\n');
-        origenes.close();
         qputenv("ODBCINI", origenes.fileName().toUtf8());
 #ifdef __SANITIZE_ADDRESS__
         const __lsan::ScopedDisabler ajenas; // the driver manager keeps what it reads of its files
@@ -103,11 +97,9 @@ private Q_SLOTS:
             QVERIFY2(visto.size() > 50 && !visto.contains(u'[') && !visto.contains(u"secreto"_s), qPrintable(visto));
         }
         QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
-        {
-            QVERIFY2(falla([] { sobreOdbc(QSqlDatabase()); }), "no ODBC");
-            const QSqlDatabase cerrada = QSqlDatabase::addDatabase(u"QODBC"_s, u"cerrada"_s);
-            QCOMPARE(numeroDeError([&] { sobreOdbc(cerrada); }), nv::errores::ConexionCerrada);
-        }
+        QVERIFY2(falla([] { sobreOdbc(QSqlDatabase()); }), "no ODBC");
+        const auto cerrada = [] { sobreOdbc(QSqlDatabase::addDatabase(u"QODBC"_s, u"cerrada"_s)); };
+        QCOMPARE(numeroDeError(cerrada), nv::errores::ConexionCerrada);
         QSqlDatabase::removeDatabase(u"cerrada"_s);
     }
 
@@ -133,8 +125,7 @@ private Q_SLOTS:
         // As for a password at the end of the text: the driver must not see more of it than there is.
         QStringList partes = lugar.texto().split(u';', Qt::SkipEmptyParts);
         const QString nombre = partes.filter(u"DATABASE="_s).value(0);
-        partes.removeOne(nombre);
-        partes << nombre;
+        std::stable_partition(partes.begin(), partes.end(), [&](const QString &parte) { return parte != nombre; });
         QCOMPARE(filasDe(*abrirOdbc(partes.join(u';')), u"SELECT DB_NAME()"_s), QStringList{nombre.section(u'=', 1)});
 
         QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, u"anfitrion"_s);

@@ -12,120 +12,15 @@
 #include "search/sql/Modelo7.h"
 #include "search/sql/Modelo8.h"
 #include "support/EmpresaPrueba.h"
-#include "support/Programa.h"
 
-#include <QTest>
-
-using namespace nv::pruebas;
 using namespace nv::sql;
 using nv::Moneda;
 using nv::Sentencia;
-
-Q_DECLARE_METATYPE(Sentencia)
-
-namespace {
 
 constexpr qint16 Empresa = 1;
 constexpr qint16 Articulos = 2;
 const QDate Hoy(2026, 11, 22);
 const QDate UnMesAntes(2026, 10, 22);
-
-/// Rows joined by ";". Their first cells are enough.
-void caso(const char *nombre, const Sentencia &sentencia, const QString &filas)
-{
-    QTest::newRow(nombre) << sentencia << filas;
-}
-
-Sentencia m1(std::optional<qint32> limite, const std::vector<qint16> &almacenes, const CriteriosModelo1 &criterios)
-{
-    return modelo1(Empresa, Articulos, limite, {1, 2, 0}, almacenes, criterios);
-}
-
-EntornoTextoLibre entorno(bool soloRefPrincipal = true)
-{
-    return {Empresa, Articulos, 1, 1, soloRefPrincipal, 150};
-}
-
-void casosCriterios()
-{
-    const auto m0 = [](const CriteriosArticulo &c, bool conNotas = false, std::optional<qint32> limite = 150) {
-        return modelo0(Articulos, limite, c, conNotas);
-    };
-    caso("model 0, in the order of the description", m0({}, false, {}), u"4;5;3;2;1;841"_s);
-    caso("model 0, columns", m0({.descripcion = u"torn"_s, .familias = {1, 1, 0}}),
-         u"1|TORNILLO PLANO|1|1|0|8412345678905"_s);
-    caso("model 0, a level below a free one", m0({.familias = {0, 2, 0}}, false, 2), u"4;5"_s);
-    caso("model 0, no rows wanted", m0({}, false, 0), {});
-    caso("model 0, notes too", m0({.descripcion = u"TORN"_s}, true), u"5;2;1"_s);
-    caso("model 0, beginning of the code", m0({.codigo = u"84"_s}), u"841"_s);
-    caso("model 0, supplier and reference", m0({.proveedor = 7, .referencia = u"R"_s}), u"1"_s);
-    caso("model 0, supplier", m0({.proveedor = 7}), u"4;2;1"_s);
-    caso("model 0, reference with a wildcard", m0({.referencia = u"12*34"_s}), u"2"_s);
-    caso("model 1, prices as text, stock exact", m1(150, {1, 2, 3}, {{.descripcion = u"TORNILLO"_s}, {}, {}}),
-         u"1|TORNILLO PLANO|1|1|0|8412345678905|R-1|10,50|9,00|0,00|10.5|9|0|0.6|0.6;"
-         u"2|Tornillo grande rojo|1|2|0||r-1|1234,57|0,00|0,00|1234.5678|0|0|5|5"_s);
-    caso("model 1, stock of the warehouses asked for", m1(1, {2}, {}),
-         u"1|TORNILLO PLANO|1|1|0|8412345678905|R-1|10,50|9,00|0,00|10.5|9|0|0.2|0.2"_s);
-    caso("model 1, any of the values chosen", m1({}, {1}, {{}, {}, {9, 3}}), u"4"_s);
-    caso("model 1, value written", m1({}, {1}, {{}, u",3,7,"_s, {}}), u"4"_s);
-    caso("model 1, supplier and reference", m1({}, {1}, {{.proveedor = 7, .referencia = u"1"_s}, {}, {}}), u"2"_s);
-    caso("model 3, brand", modelo3(Articulos, {}, {.marca = 2}), u"4"_s);
-    caso("model 3, supplier and end of the description",
-         modelo3(Articulos, {}, {.descripcion = u"*rojo"_s, .proveedor = 8, .familias = {1, 2, 0}}), u"2"_s);
-    caso("model 4, rotation in the warehouse", modelo4(Empresa, Articulos, {}, {{}, 1, 0}),
-         u"4|BAÑERA BLANCA|2|0|0|98100019|0;1|TORNILLO PLANO|1|1|0|8412345678905|1.5"_s);
-    caso("model 4, any warehouse", modelo4(Empresa, Articulos, {}, {}), u"4;5;3;2;1;841"_s);
-    const auto m6 = [](std::optional<qint16> almacen) {
-        return modelo6(Articulos, {}, {}, false, condicionSurtido(Empresa, almacen));
-    };
-    caso("model 6, in any warehouse", m6({}), u"4;1"_s);
-    caso("model 6, blocked in the warehouse", m6(qint16{3}), {});
-    caso("model 6, in one warehouse", m6(qint16{2}), u"1"_s);
-}
-
-void casosTextoLibreYDetalles()
-{
-    caso("model 2, words, stock summed", modelo2(entorno(), u"TORN plano"_s),
-         u"1|TORNILLO PLANO|0|0|R-1|8412345678905|0.3|10.5|2"_s);
-    caso("model 2, a number is a barcode or a code too", modelo2(entorno(), u"841"_s), u"1;841"_s);
-    caso("model 2, a quote", modelo2(entorno(), u"L'ORÉAL"_s), u"841"_s);
-    caso("model 2, any reference", modelo2(entorno(false), u"x34"_s), u"2|Tornillo grande rojo|0|0|12X34Y|"_s);
-    caso("model 2, the main reference only", modelo2(entorno(), u"x34"_s), {});
-    caso("model 5, size", modelo5(entorno(), {u"BAÑERA"_s, Moneda::deTexto(u"40.5"), false, false}),
-         u"4|BAÑERA BLANCA|BÑ|12.5|0|0|0|0|0|0|100|0|0|255|0|120|0|40.5|1|0|0"_s);
-    caso("model 5, stock by warehouse", modelo5(entorno(), {u"plano"_s, {}, false, false}),
-         u"1|TORNILLO PLANO|R-1|0.3|0.2|0.3|0"_s);
-    caso("model 5, offers", modelo5(entorno(), {{}, {}, true, false}), u"1"_s);
-    caso("model 5, one tariff or the other", modelo5(entorno(), {{}, {}, true, true}), u"1"_s);
-    caso("model 5, not moved", modelo5(entorno(), {{}, {}, false, true}), {});
-    caso("model 7, brand", modelo7(entorno(), {}, u"ROCA"_s), u"4|BAÑERA BLANCA|BÑ|98100019|12.5|0|0|100|Roca|0"_s);
-    caso("model 7, blocked", modelo7(entorno(), u"*GRANDE*"_s, {}),
-         u"2|Tornillo grande rojo|r-1||5|1|0|1234.5678|Acme|0"_s);
-    caso("model 8, sold after the day", modelo8(entorno(), {}, UnMesAntes.addDays(1)), u"1"_s);
-    caso("model 8, by family", modelo8(entorno(), {}, UnMesAntes),
-         u"1|TORNILLO PLANO|R-1|8412345678905|0.3|0|0|10.5|Acme|0|Ferretería;"
-         u"4|BAÑERA BLANCA|BÑ|98100019|12.5|0|0|100|Roca|0|Baño"_s);
-    caso("model 8, brand by the text", modelo8(entorno(), u"oca"_s, UnMesAntes), u"4"_s);
-    caso("picture directory", directorioImagenes(Empresa), u"C:\\Fotos\\"_s);
-    caso("no notes", notas(Articulos, 1), u"NULL"_s);
-    caso("stock", existencias(Empresa, 1, 1), u"0.1|3|0"_s);
-    caso("customer's price, last day", precioCliente(Empresa, 50, 1, Hoy), u"8.25"_s);
-    caso("customer's price, day after", precioCliente(Empresa, 50, 1, Hoy.addDays(1)), {});
-    caso("customer's price, day before", precioCliente(Empresa, 50, 2, Hoy), {});
-    caso("customer's price, first day", precioCliente(Empresa, 50, 2, Hoy.addDays(1)), u"1"_s);
-    caso("customer's tariffs", tarifasCliente(4, 50), u"1|2"_s);
-    caso("warehouse's tariffs", tarifasAlmacen(Empresa, 2), u"1|0"_s);
-    caso("tariff of a warehouse", tarifaAlmacen(Empresa, 2), u"1"_s);
-    caso("price in a tariff", precioTarifa(Articulos, 4, 1), u"100"_s);
-    caso("no price in a tariff", precioTarifa(Articulos, 4, 2), {});
-    caso("tariffs in their order", tarifasDeAlmacen(Empresa, 1), u"1|2;2|3"_s);
-    caso("assortment, mandatory", existenciasSurtido(Empresa, 1, 1), u"0.1|3|0|1|3|0|0"_s);
-    caso("assortment, not in it", existenciasSurtido(Empresa, 1, 2), u"5|0|0|2|3|1|0"_s);
-    caso("warehouse without assortment", existenciasSurtido(Empresa, 2, 1), u"0.2|0|0|2|0|0|0"_s);
-    caso("alternative field with a list", hayAlternativos(), u"0"_s);
-}
-
-} // namespace
 
 /// What the component's own statements answer over a small catalogue, on every engine that speaks their dialect.
 class PruebaSentencias : public PruebaConCatalogo
@@ -133,21 +28,81 @@ class PruebaSentencias : public PruebaConCatalogo
     Q_OBJECT
 
 private Q_SLOTS:
-    void statement_answers_data()
+    void statements_answer()
     {
-        QTest::addColumn<Sentencia>("sentencia");
-        QTest::addColumn<QString>("filas");
-        casosCriterios();
-        casosTextoLibreYDetalles();
-    }
-
-    void statement_answers()
-    {
-        QFETCH(Sentencia, sentencia);
-        QFETCH(QString, filas);
-        const qsizetype columnas = filas.section(u';', 0, 0).count(u'|') + 1;
-        QCOMPARE(respuesta(sentencia, columnas), filas);
-        QCOMPARE(respuesta(sentencia, columnas), filas); // prepared already
+        const auto m0 = [](const CriteriosArticulo &c, bool conNotas = false, std::optional<qint32> limite = 150) {
+            return modelo0(Articulos, limite, c, conNotas);
+        };
+        const auto m6 = [](std::optional<qint16> almacen) {
+            return modelo6(Articulos, {}, {}, false, condicionSurtido(Empresa, almacen));
+        };
+        // Rows joined by ";". Their first cells are enough.
+        const std::pair<Sentencia, QString> casos[] = {
+            {m0({}, false, {}), u"4;5;3;2;1;841"_s}, // in the order of the description
+            {m0({.descripcion = u"torn"_s, .familias = {1, 1, 0}}), u"1|TORNILLO PLANO|1|1|0|8412345678905"_s},
+            {m0({.familias = {0, 2, 0}}, false, 2), u"4;5"_s}, // a level below a free one
+            {m0({}, false, 0), {}},
+            {m0({.descripcion = u"TORN"_s}, true), u"5;2;1"_s}, // notes too
+            {m0({.codigo = u"84"_s}), u"841"_s},
+            {m0({.proveedor = 7, .referencia = u"R"_s}), u"1"_s},
+            {m0({.proveedor = 7}), u"4;2;1"_s},
+            {m0({.referencia = u"12*34"_s}), u"2"_s},
+            {m1(150, {1, 2, 3}, {{.descripcion = u"TORNILLO"_s}, {}, {}}),
+             u"1|TORNILLO PLANO|1|1|0|8412345678905|R-1|10,50|9,00|0,00|10.5|9|0|0.6|0.6;"
+             u"2|Tornillo grande rojo|1|2|0||r-1|1234,57|0,00|0,00|1234.5678|0|0|5|5"_s},
+            {m1(1, {2}, {}), u"1|TORNILLO PLANO|1|1|0|8412345678905|R-1|10,50|9,00|0,00|10.5|9|0|0.2|0.2"_s},
+            {m1({}, {1}, {{}, {}, {9, 3}}), u"4"_s}, // any of the values chosen
+            {m1({}, {1}, {{}, u",3,7,"_s, {}}), u"4"_s},
+            {m1({}, {1}, {{.proveedor = 7, .referencia = u"1"_s}, {}, {}}), u"2"_s},
+            {modelo3(Articulos, {}, {.marca = 2}), u"4"_s},
+            {modelo3(Articulos, {}, {.descripcion = u"*rojo"_s, .proveedor = 8, .familias = {1, 2, 0}}), u"2"_s},
+            {modelo4(Empresa, Articulos, {}, {{}, 1, 0}),
+             u"4|BAÑERA BLANCA|2|0|0|98100019|0;1|TORNILLO PLANO|1|1|0|8412345678905|1.5"_s},
+            {modelo4(Empresa, Articulos, {}, {}), u"4;5;3;2;1;841"_s},
+            {m6({}), u"4;1"_s},  // in any warehouse
+            {m6(qint16{3}), {}}, // blocked there
+            {m6(qint16{2}), u"1"_s},
+            {modelo2(entorno(), u"TORN plano"_s), u"1|TORNILLO PLANO|0|0|R-1|8412345678905|0.3|10.5|2"_s},
+            {modelo2(entorno(), u"841"_s), u"1;841"_s}, // a number is a barcode or a code too
+            {modelo2(entorno(), u"L'ORÉAL"_s), u"841"_s},
+            {modelo2(entorno(false), u"x34"_s), u"2|Tornillo grande rojo|0|0|12X34Y|"_s},
+            {modelo2(entorno(), u"x34"_s), {}}, // the main one only
+            {modelo5(entorno(), {u"BAÑERA"_s, Moneda::deTexto(u"40.5"), false, false}),
+             u"4|BAÑERA BLANCA|BÑ|12.5|0|0|0|0|0|0|100|0|0|255|0|120|0|40.5|1|0|0"_s},
+            {modelo5(entorno(), {u"plano"_s, {}, false, false}), u"1|TORNILLO PLANO|R-1|0.3|0.2|0.3|0"_s},
+            {modelo5(entorno(), {{}, {}, true, false}), u"1"_s}, // offers
+            {modelo5(entorno(), {{}, {}, true, true}), u"1"_s},  // one tariff or the other
+            {modelo5(entorno(), {{}, {}, false, true}), {}},     // not moved
+            {modelo7(entorno(), {}, u"ROCA"_s), u"4|BAÑERA BLANCA|BÑ|98100019|12.5|0|0|100|Roca|0"_s},
+            {modelo7(entorno(), u"*GRANDE*"_s, {}), u"2|Tornillo grande rojo|r-1||5|1|0|1234.5678|Acme|0"_s},
+            {modelo8(entorno(), {}, UnMesAntes.addDays(1)), u"1"_s}, // sold after the day
+            {modelo8(entorno(), {}, UnMesAntes), u"1|TORNILLO PLANO|R-1|8412345678905|0.3|0|0|10.5|Acme|0|Ferretería;"
+                                                 u"4|BAÑERA BLANCA|BÑ|98100019|12.5|0|0|100|Roca|0|Baño"_s},
+            {modelo8(entorno(), u"oca"_s, UnMesAntes), u"4"_s},
+            {directorioImagenes(Empresa), u"C:\\Fotos\\"_s},
+            {notas(Articulos, 1), u"NULL"_s},
+            {existencias(Empresa, 1, 1), u"0.1|3|0"_s},
+            {precioCliente(Empresa, 50, 1, Hoy), u"8.25"_s},         // last day
+            {precioCliente(Empresa, 50, 1, Hoy.addDays(1)), {}},     // day after
+            {precioCliente(Empresa, 50, 2, Hoy), {}},                // day before
+            {precioCliente(Empresa, 50, 2, Hoy.addDays(1)), u"1"_s}, // first day
+            {tarifasCliente(4, 50), u"1|2"_s},
+            {tarifasAlmacen(Empresa, 2), u"1|0"_s},
+            {tarifaAlmacen(Empresa, 2), u"1"_s},
+            {precioTarifa(Articulos, 4, 1), u"100"_s},
+            {precioTarifa(Articulos, 4, 2), {}},
+            {tarifasDeAlmacen(Empresa, 1), u"1|2;2|3"_s},              // in their order
+            {existenciasSurtido(Empresa, 1, 1), u"0.1|3|0|1|3|0|0"_s}, // mandatory
+            {existenciasSurtido(Empresa, 1, 2), u"5|0|0|2|3|1|0"_s},   // not in it
+            {existenciasSurtido(Empresa, 2, 1), u"0.2|0|0|2|0|0|0"_s}, // none there
+            {hayAlternativos(), u"0"_s},                               // an alternative field has a list
+        };
+        for (const auto &[sentencia, filas] : casos) {
+            const qsizetype columnas = filas.section(u';', 0, 0).count(u'|') + 1;
+            const QString cual = sentencia.texto() + u'\n';
+            QCOMPARE(cual + respuesta(sentencia, columnas), cual + filas);
+            QCOMPARE(cual + respuesta(sentencia, columnas), cual + filas); // prepared already
+        }
     }
 
     void ranking_is_made_again_under_an_open_list()
@@ -166,7 +121,6 @@ private Q_SLOTS:
 
     void copy_takes_the_rows_of_its_search()
     {
-        const nv::Transaccion deshecha(conexion());
         ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) VALUES ('CAJA1', 77), ('CAJA2', 78)"_s);
         const auto copia = [&](const Sentencia &busqueda, nv::Fragmento lista = u", a.Codigo, a.Descripcion ") {
             conexion().Ejecutar(borrarCopia(u"caja1"_s));
@@ -188,11 +142,9 @@ private Q_SLOTS:
         const auto dialogos = nv::crearDialogos();
         nv::Consultas consultas(conexion(), empresa, *dialogos, nullptr);
         QVERIFY(consultas.referenciaProveedor(u"r-1 "_s, 8) == 2 && consultas.referenciaProveedor(u"12x34y"_s, 0) == 2);
-        QCOMPARE(consultas.referenciaProveedor(u"R-1"_s, 9), 0);
-        QCOMPARE(consultas.referenciaCliente(u"c1"_s, 51), 2);
-        QCOMPARE(consultas.referenciaCliente(u"C1"_s, 52), 0);
-        QVERIFY(consultas.codigoBarras(u"abc"_s) == 1 && consultas.codigoBarras(u"ábc"_s) == 0 &&
-                consultas.plu(5) == 3);
+        QVERIFY(consultas.referenciaCliente(u"c1"_s, 51) == 2 && consultas.referenciaCliente(u"C1"_s, 52) == 0);
+        QVERIFY(consultas.codigoBarras(u"abc"_s) == 1 && consultas.codigoBarras(u"ábc"_s) == 0);
+        QVERIFY(consultas.referenciaProveedor(u"R-1"_s, 9) == 0 && consultas.plu(5) == 3);
         QCOMPARE(consultas.descripcion(u"00841"_s).value_or(u"-"_s), u"ZAPATO L'ORÉAL"_s);
         QVERIFY(!consultas.descripcion(u"842"_s) && !consultas.cualidades(4, 3, 2));
         const auto nombres = consultas.cualidades(4, 2, 3);
@@ -201,6 +153,11 @@ private Q_SLOTS:
     }
 
 private:
+    static Sentencia m1(std::optional<qint32> limite, const std::vector<qint16> &almacenes, const CriteriosModelo1 &c)
+    {
+        return modelo1(Empresa, Articulos, limite, {1, 2, 0}, almacenes, c);
+    }
+    static EntornoTextoLibre entorno(bool principal = true) { return {Empresa, Articulos, 1, 1, principal, 150}; }
     /// Rows joined by ";", each with its first `columnas` cells.
     QString respuesta(const Sentencia &sentencia, qsizetype columnas)
     {

@@ -1,21 +1,16 @@
-#include "nvArticulo/Motores.h"
 #include "platform/datos/Apertura.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/Dialecto.h"
 #include "platform/datos/Funciones.h"
 #include "platform/datos/Trigramas.h"
 #include "support/BaseDatos.h"
-#include "support/Programa.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 using namespace nv::pruebas;
-
-namespace {
 
 const QString EnTodas = u" LEFT JOIN Articulos_Ref ar ON ar.Cod_Empresa = a.Cod_Empresa AND ar.Cod_Articulo=a.Codigo"
                         u" LEFT JOIN Articulos_CBarras b ON b.Cod_Empresa = a.Cod_Empresa AND b.Cod_Articulo=a.Codigo"
@@ -23,41 +18,6 @@ const QString EnTodas = u" LEFT JOIN Articulos_Ref ar ON ar.Cod_Empresa = a.Cod_
 const QString EnCualquiera = u" AND ( (ISNULL(a.Descripcion,'') LIKE '@') OR (ISNULL(ar.Ref,'') LIKE '@') OR"
                              u" (ISNULL(b.Cod_Barras,'') LIKE '@') OR (ISNULL(m.Nombre, '') LIKE '@') OR"
                              u" (ISNULL(a.Codigo,0) LIKE '@'))"_s;
-
-/// A search of items, "@" being its pattern.
-QString busqueda(const QString &patron, const QString &resto = EnTodas, const QString &condicion = EnCualquiera)
-{
-    const QString articulos = u"SELECT DISTINCT a.Codigo FROM Articulos a"_s;
-    QString consulta = articulos + resto + u" WHERE a.Cod_Empresa =2"_s + condicion;
-    return consulta.replace(u'@', QString(patron).replace(u"'"_s, u"''"_s));
-}
-
-/// Forms of search: whether a sieve is known for it, what stands behind "Articulos a", the condition.
-QList<QStringList> formas()
-{
-    QString filas =
-        u"+→→ AND a.Descripcion LIKE '@' ORDER BY a.Descripcion;"
-        u"+→→ AND a.Marca BETWEEN 1 AND 3 AND ((a.Descripcion LIKE '@'));+→→ AND"
-        u" ISNULL(a.Descripcion,'') LIKE '@' GROUP BY a.Codigo;"
-        u"+→→ AND (a.Descripcion LIKE '84%' OR a.Codigo LIKE '@');+→#m.Codigo = a.Marca→ AND m.Nombre LIKE '@';"
-        u"+→$ar.Cod_Articulo = a.Codigo AND ar.Cod_Empresa = a.Cod_Empresa→ AND ar.Ref LIKE '@';"
-        u"+→$a.Codigo = ar.Cod_Articulo AND a.Cod_Empresa = ar.Cod_Empresa→ AND ar.Ref LIKE '@';"
-        u"-→→ AND a.Descripcion LIKE 'TUB%';-→→ AND a.Descripcion LIKE '@' OR a.Codigo = 1;" // the first has a range
-        u"-→→ AND NOT a.Descripcion LIKE '@';-→→ AND a.Descripcion NOT LIKE '@';-→→ AND a.Descripcion <> '@';"
-        u"-→→ AND LTRIM(a.Descripcion) LIKE '@';-→→ AND (a.Descripcion LIKE '@' OR a.Desc_Ticket LIKE '%TUBO%');"
-        u"-→→ AND (a.Descripcion LIKE '@' AND a.Codigo > 1000 OR a.Codigo = 1);"
-        u"-→→ AND a.Descripcion LIKE '@' UNION SELECT 7;-→, Articulos b→ AND b.Descripcion LIKE '@';"
-        u"-→→ AND a.Marca IN (SELECT b.Marca FROM Articulos b WHERE b.Descripcion LIKE '@');"
-        u"-→ INNER JOIN Articulos b ON b.Codigo = a.Codigo + 97→ AND b.Descripcion LIKE '@';"
-        u"-→$ar.Cod_Articulo = a.Codigo AND ar.Cod_Empresa > 0→ AND ar.Ref LIKE '@';"
-        u"-→$ar.Cod_Articulo = a.Marca AND ar.Cod_Empresa = a.Cod_Empresa→ AND ar.Ref LIKE '@';"
-        u"-→#m.Codigo = a.Familia_1→ AND m.Nombre LIKE '@'"_s;
-    filas.replace(u"#"_s, u" INNER JOIN Marcas m ON "_s).replace(u"$"_s, u" INNER JOIN Articulos_Ref ar ON "_s);
-    return tabla(filas) << QStringList{u"+"_s, EnTodas, EnCualquiera}
-                        << QStringList{u"-"_s, EnTodas, QString(EnCualquiera).replace(u"( ("_s, u"(1=0 OR ("_s)};
-}
-
-} // namespace
 
 class PruebaTrigramas : public QObject
 {
@@ -68,9 +28,9 @@ private Q_SLOTS:
     {
         BaseDatos base;
         QRandomGenerator azar(20261123);
-        const QString todas =
-            u"TUBO|tubería|Ñandú|L'ORÉAL|1/2\"|50%|A_B|[XYT]|ÀÈÌ|ß÷×|жук|漢字仮|e\u0301|  |841|\n|Ÿÿµ|-1,5-"_s;
-        const QStringList piezas = todas.split(u'|');
+        const QStringList piezas =
+            QString(u"TUBO|tubería|Ñandú|L'ORÉAL|1/2\"|50%|A_B|[XYT]|ÀÈÌ|ß÷×|жук|漢字仮|e\u0301|  |841|\n|Ÿÿµ|-1,5-"_s)
+                .split(u'|');
         const auto texto = [&](int hasta) {
             QString uno;
             for (int i = azar.bounded(hasta + 1); i > 0; --i)
@@ -78,7 +38,7 @@ private Q_SLOTS:
             return uno;
         };
         const auto fila = [&](const QString &tabla, const QStringList &valores) {
-            base.ejecutar(u"INSERT INTO "_s + tabla + u" VALUES ("_s + valores.join(u',') + u')');
+            base.ejecutar(u"INSERT INTO %1 VALUES (%2)"_s.arg(tabla, valores.join(u',')));
         };
         const auto literal = [&](int hasta) { return u'\'' + texto(hasta).replace(u"'"_s, u"''"_s) + u'\''; };
         const auto hacerFilas = [&](int desde, int hasta) {
@@ -101,10 +61,10 @@ private Q_SLOTS:
         transaccion.confirmar();
         hacerFilas(400, 420);
 
-        const QList<QStringList> formas = ::formas();
+        const QList<QStringList> listas = formas();
         int conFilas = 0;
         for (int i = 0; i < 1200; ++i) {
-            const QStringList &forma = formas[i % formas.size()];
+            const QStringList &forma = listas[i % listas.size()];
             QString patron = texto(2);
             const int retoque = azar.bounded(4);
             if (retoque == 0)
@@ -174,10 +134,9 @@ private Q_SLOTS:
     {
         BaseDatos base;
         nv::Transaccion transaccion(base.conexion());
+        const QString alta = u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, %1, '%2 %3')"_s;
         for (int i = 1; i <= 900; ++i)
-            base.ejecutar(u"INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion) VALUES (1, %1, '%2 %3')"_s.arg(i)
-                              .arg(1000 - i)
-                              .arg(i % 3 ? u"TUERCA"_s : u"PERNO"_s));
+            base.ejecutar(alta.arg(i).arg(1000 - i).arg(i % 3 ? u"TUERCA"_s : u"PERNO"_s));
         base.ejecutar(u"UPDATE Articulos SET Descripcion=NULL WHERE Codigo < 4"_s);
         transaccion.confirmar();
         const QString consulta = u"SELECT %1 FROM Articulos a WHERE a.Cod_Empresa=1 AND %2"_s;
@@ -188,9 +147,8 @@ private Q_SLOTS:
                    u"a.Codigo→a.Descripcion LIKE '%ornillo%'→;COUNT(*)→a.Descripcion LIKE '%ERNO%'→299;"
                    u"COUNT(*)→ISNULL(a.Descripcion,'invierno') LIKE '%ERNO%'→302"_s))
             QCOMPARE(base.filas(consulta.arg(caso[0], caso[1])).join(u','), caso[2]);
-        QCOMPARE(base.ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) SELECT '7', a.Codigo"
-                               u" FROM Articulos a WHERE a.Cod_Empresa=1 AND a.Descripcion LIKE '%PERNO%'"_s),
-                 299);
+        const QString copia = u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) "_s;
+        QCOMPARE(base.ejecutar(copia + consulta.arg(u"'7', a.Codigo"_s, u"a.Descripcion LIKE '%PERNO%'"_s)), 299);
     }
 
     void catalogue_without_index_is_given_one()
@@ -203,15 +161,45 @@ private Q_SLOTS:
         nv::datos::registrarFunciones(base);
         QByteArray sin = "DROP TABLE nv_Pendientes; DROP TABLE nv_Textos; DROP TABLE nv_Trigramas;";
         sin += "PRAGMA user_version = " + QByteArray::number(1 << 16 | nv::datos::VersionCotejo) + ';';
-        for (const char *tabla : {"Articulos", "Articulos_Ref", "Articulos_CBarras", "Marcas"}) {
+        for (const char *tabla : {"Articulos", "Articulos_Ref", "Articulos_CBarras", "Marcas"})
             for (const char *suceso : {"alta", "baja", "cambio"})
                 sin += QByteArray("DROP TRIGGER nv_") + tabla + '_' + suceso + ';';
-        }
         QCOMPARE(sqlite3_exec(base, sin.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
         sqlite3_close(base);
         const auto conexion = nv::datos::abrirEmbebida(archivo);
-        const QString textos = u"SELECT Texto FROM nv_Textos"_s;
-        QCOMPARE(filasDe(*conexion, textos), QStringList{u"5\nTUERCA"_s});
+        QCOMPARE(filasDe(*conexion, u"SELECT Texto FROM nv_Textos"_s), QStringList{u"5\nTUERCA"_s});
+    }
+
+private:
+    /// A search of items, "@" being its pattern.
+    static QString busqueda(const QString &patron, const QString &resto = EnTodas,
+                            const QString &condicion = EnCualquiera)
+    {
+        QString consulta =
+            u"SELECT DISTINCT a.Codigo FROM Articulos a%1 WHERE a.Cod_Empresa =2%2"_s.arg(resto, condicion);
+        return consulta.replace(u'@', QString(patron).replace(u"'"_s, u"''"_s));
+    }
+    /// Forms of search: whether a sieve is known for it, what stands behind "Articulos a", the condition.
+    static QList<QStringList> formas()
+    {
+        QString filas =
+            u"+→→ AND a.Descripcion LIKE '@' ORDER BY a.Descripcion;+→→ AND a.Marca BETWEEN 1 AND 3 AND"
+            u" ((a.Descripcion LIKE '@'));+→→ AND ISNULL(a.Descripcion,'') LIKE '@' GROUP BY a.Codigo;+→→ AND"
+            u" (a.Descripcion LIKE '84%' OR a.Codigo LIKE '@');+→#m.Codigo = a.Marca→ AND m.Nombre LIKE '@';"
+            u"+→$ar.Cod_Articulo = a.Codigo AND ar.Cod_Empresa = a.Cod_Empresa→ AND ar.Ref LIKE '@';+→$a.Codigo ="
+            u" ar.Cod_Articulo AND a.Cod_Empresa = ar.Cod_Empresa→ AND ar.Ref LIKE '@';"
+            u"-→→ AND a.Descripcion LIKE 'TUB%';-→→ AND a.Descripcion LIKE '@' OR a.Codigo = 1;" // the first: a range
+            u"-→→ AND NOT a.Descripcion LIKE '@';-→→ AND a.Descripcion NOT LIKE '@';-→→ AND a.Descripcion <> '@';-→→"
+            u" AND LTRIM(a.Descripcion) LIKE '@';-→→ AND (a.Descripcion LIKE '@' OR a.Desc_Ticket LIKE '%TUBO%');-→→"
+            u" AND (a.Descripcion LIKE '@' AND a.Codigo > 1000 OR a.Codigo = 1);-→→ AND a.Descripcion LIKE '@' UNION"
+            u" SELECT 7;-→, Articulos b→ AND b.Descripcion LIKE '@';-→→ AND a.Marca IN (SELECT b.Marca FROM"
+            u" Articulos b WHERE b.Descripcion LIKE '@');-→ INNER JOIN Articulos b ON b.Codigo = a.Codigo + 97→ AND"
+            u" b.Descripcion LIKE '@';-→$ar.Cod_Articulo = a.Codigo AND ar.Cod_Empresa > 0→ AND ar.Ref LIKE '@';"
+            u"-→$ar.Cod_Articulo = a.Marca AND ar.Cod_Empresa = a.Cod_Empresa→ AND ar.Ref LIKE '@';-→#m.Codigo ="
+            u" a.Familia_1→ AND m.Nombre LIKE '@'"_s;
+        filas.replace(u"#"_s, u" INNER JOIN Marcas m ON "_s).replace(u"$"_s, u" INNER JOIN Articulos_Ref ar ON "_s);
+        return tabla(filas) << QStringList{u"+"_s, EnTodas, EnCualquiera}
+                            << QStringList{u"-"_s, EnTodas, QString(EnCualquiera).replace(u"( ("_s, u"(1=0 OR ("_s)};
     }
 };
 
