@@ -57,6 +57,7 @@ nvArticulo::nvArticulo(QWidget *padre)
     m_nombre->setContentsMargins(nv::twips::aPixeles(90, this), 0, 0, 0);
     m_nombre->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setFocusProxy(m_caja);
+    setFocusPolicy(Qt::StrongFocus); // a label's mnemonic asks the component, not the box inside
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     conectarCaja();
     InitProperties();

@@ -4,6 +4,7 @@
 #include "nvArticulo/cEmpresa.h"
 #include "nvArticulo/clsConfig.h"
 #include "platform/widgets/Campos.h"
+#include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Rejilla.h"
 #include "search/piezas/FranjaMensaje.h"
@@ -11,6 +12,7 @@
 #include "search/sql/Condiciones.h"
 #include "search/sql/CopiaBusqueda.h"
 
+#include <QAbstractItemModel>
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +22,9 @@ namespace nv {
 BusquedaBase::BusquedaBase(QWidget *padre)
     : FormularioModal(padre)
     , m_rejilla(new Rejilla(this))
+    , m_resultado(new EtiquetaElidida(this))
 {
+    m_resultado->setObjectName(u"lblResultado"_s);
     setWindowTitle(u"Búsqueda de Artículos"_s);
     m_rejilla->setObjectName(u"vsListado"_s);
     m_rejilla->setAccessibleName(u"Artículos encontrados"_s);
@@ -102,10 +106,34 @@ bool BusquedaBase::buscar(const std::function<void()> &busqueda)
         const PunteroEspera espera;
         const FranjaMensaje::Aviso aviso(m_franja);
         // The strip lets waiting events run, and the window may go with one of them.
+        if (!vivo)
+            return;
+        busqueda();
         if (vivo)
-            busqueda();
+            m_tope = limite().value_or(0);
     });
-    return hecha && vivo;
+    if (!hecha || !vivo)
+        return false;
+    decirResultado();
+    // Rows that come while the list is walked.
+    connect(m_rejilla->model(), &QAbstractItemModel::rowsInserted, this, &BusquedaBase::decirResultado,
+            Qt::UniqueConnection);
+    return true;
+}
+
+/// In place of silence: an empty list, and one that the company's limit has cut, look like any other.
+void BusquedaBase::decirResultado()
+{
+    const int filas = m_rejilla->filasDatos();
+    const QString mas = masRegistros();
+    QString texto = filas == 1 ? u"%1 artículo"_s : u"%1 artículos"_s;
+    if (filas == 0)
+        texto = u"No hay artículos así"_s;
+    else if (m_tope > 0 && filas >= m_tope)
+        texto = u"%1 mostrados, hay más"_s;
+    else if (!mas.isEmpty())
+        texto = mas;
+    m_resultado->setText(filas == 0 ? texto : texto.arg(filas));
 }
 
 std::optional<qint32> BusquedaBase::limite() const

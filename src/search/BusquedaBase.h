@@ -12,6 +12,7 @@
 namespace nv {
 
 class FranjaMensaje;
+class EtiquetaElidida;
 class Rejilla;
 
 /// What the item search dialogs share: the contract with their opener, Accept with its copy of the search, Cancel, the
@@ -50,6 +51,10 @@ protected:
     void aceptar() override { Aceptar(); }
 
     Rejilla *rejilla() const { return m_rejilla; }
+    /// How many there are, for the foot of the form (`lblResultado`).
+    EtiquetaElidida *resultado() const { return m_resultado; }
+    /// What to say of the number of rows while more of them are still to come; empty: all are there.
+    virtual QString masRegistros() const { return {}; }
     /// The strip that says that a search is running, for the dialogs that have it.
     void ponerFranja();
     /// The next widget of the tab order: before the grid, and after it.
@@ -74,8 +79,11 @@ protected:
 
 private:
     void copiar();
+    void decirResultado();
 
     Rejilla *m_rejilla;
+    EtiquetaElidida *m_resultado;
+    qint32 m_tope = 0; ///< row limit of the last search; 0: none
     FranjaMensaje *m_franja = nullptr;
     Sentencia m_ultima;
     QWidgetList m_antes;

@@ -3,6 +3,8 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/CascadaFamilias.h"
+#include "platform/pickers/SelectorCodigo.h"
+#include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
@@ -55,6 +57,7 @@ void BusquedaCriterios::montarColumna()
     teclas->setForegroundRole(QPalette::PlaceholderText);
     m_pie->setSpacing(twips::aPixeles(45, this));
     m_pie->addWidget(teclas, 1);
+    m_pie->addWidget(resultado());
     m_pie->addLayout(botonera());
     for (auto *pulsador : {findChild<QPushButton *>(u"cmdAceptar"_s), findChild<QPushButton *>(u"cmdCancelar"_s)}) {
         // Narrower than the style would have them, but never than their letters.
@@ -84,6 +87,7 @@ void BusquedaCriterios::conectarRejilla()
         return true;
     };
     connect(rejilla(), &Rejilla::DobleClic, this, &BusquedaCriterios::alDobleClic);
+    connect(rejilla(), &Rejilla::Caracter, this, &BusquedaCriterios::escribirNombre);
     connect(rejilla(), &Rejilla::Espacio, this, [this] {
         if (m_marcadas && MultiResultado)
             m_marcadas->alternar(rejilla()->filaActual());
@@ -140,9 +144,6 @@ void BusquedaCriterios::llenar()
     const QScopedValueRollback<bool> guarda(m_llenando, true);
     const sql::CriteriosArticulo criterios = m_panel->escritos();
     const Sentencia sentencia = consulta(criterios);
-    // What still has to be read of the former list would be read first. One that is refused unsent keeps it.
-    if (sentencia.defecto().isEmpty())
-        m_lista->cerrar();
     Registros registros = ranura::exigida().Abrir(sentencia);
     const LectorFila lector = lectorDeFilas(
         m_configuracion.columnas, registros, [this] { return m_marcadas->celdaNueva(); }, celdasPropias(registros));
@@ -156,9 +157,15 @@ void BusquedaCriterios::llenar()
 
 void BusquedaCriterios::EjecutarBusqueda()
 {
+    const QPointer<BusquedaCriterios> vivo(this);
+    // A code that was typed just now shows what it is before its search does.
+    for (QWidget *campo : m_panel->campos()) {
+        auto *selector = qobject_cast<SelectorCodigo *>(campo);
+        if (selector && selector->isAncestorOf(focusWidget()) && (!selector->Asentar() || !vivo))
+            return;
+    }
     if (!buscar([this] { llenar(); }))
         return;
-    const QPointer<BusquedaCriterios> vivo(this);
     const bool hay = rejilla()->filasDatos() > 0;
     if (hay)
         ordenarTabulacion(true);
@@ -180,6 +187,18 @@ void BusquedaCriterios::volverACriterios()
 {
     mostrarCriterios(true);
     m_panel->nombre()->setFocus(Qt::BacktabFocusReason);
+}
+
+/// A letter typed in the list begins another description.
+void BusquedaCriterios::escribirNombre(const QString &texto)
+{
+    volverACriterios();
+    m_panel->nombre()->setText(texto);
+}
+
+QString BusquedaCriterios::masRegistros() const
+{
+    return m_lista->quedan() ? u"%1 mostrados, siguen más abajo"_s : QString();
 }
 
 bool BusquedaCriterios::puedeAceptar() const

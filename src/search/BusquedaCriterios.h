@@ -75,6 +75,8 @@ private:
     void conectarRejilla();
     void llenar();
     void alDobleClic(int fila, int columna);
+    void escribirNombre(const QString &texto);
+    QString masRegistros() const override;
 
     ConfiguracionCriterios m_configuracion;
     PanelCriterios *m_panel;

@@ -3,6 +3,7 @@
 #include "common/Valores.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
@@ -75,7 +76,9 @@ void BusquedaTextoLibre::montar()
     columna->setSpacing(margen);
     columna->addLayout(m_criterios);
     columna->addWidget(rejilla(), 1);
-    columna->addLayout(botonera());
+    QHBoxLayout *pie = botonera();
+    pie->insertWidget(0, resultado());
+    columna->addLayout(pie);
     tabularDespues(m_todas->casilla());
     for (const QString &nombre : {u"cmdAceptar"_s, u"cmdCancelar"_s})
         tabularDespues(findChild<QPushButton *>(nombre));
@@ -268,16 +271,17 @@ bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
 
 void BusquedaTextoLibre::llenar(const QString &texto)
 {
-    rejilla()->vaciar();
-    m_todas->reiniciar();
     ajustar();
     const Sentencia sentencia = consulta(texto);
+    // Refused, it leaves the former list as it was.
+    Registros registros = ranura::exigida().Abrir(sentencia);
+    rejilla()->vaciar();
+    m_todas->reiniciar();
     std::vector<FilaRejilla> filas;
     const auto mostrar = qScopeGuard([&] {
         rejilla()->anadir(std::move(filas));
         alLlenar();
     });
-    Registros registros = ranura::exigida().Abrir(sentencia);
     // Before the rows: where reading them fails, those that came before stay and can be accepted.
     recordar(sentencia);
     const LectorFila leer = lectorDeFilas(

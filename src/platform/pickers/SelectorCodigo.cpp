@@ -3,6 +3,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
 #include "platform/pickers/ListaCodigos.h"
+#include "platform/widgets/Colores.h"
 #include "platform/widgets/DialogoPropio.h"
 #include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Mensajes.h"
@@ -21,13 +22,14 @@ namespace nv {
 namespace {
 
 constexpr int AnchoCaja = 900; // twips
-constexpr QColor Aviso(176, 0, 32);
+constexpr QColor Desconocido(176, 0, 32);
 
 /// A locked picker still says what it is locked to: its name stays easier to read than other disabled texts.
 QPalette coloresNombre(const QPalette &propia, bool existe)
 {
-    const QColor texto = existe ? propia.color(QPalette::Active, QPalette::WindowText) : Aviso;
     const QColor fondo = propia.color(QPalette::Active, QPalette::Window);
+    const QColor texto =
+        existe ? propia.color(QPalette::Active, QPalette::WindowText) : colores::legible(Desconocido, fondo);
     const auto mezcla = [](int a, int b) { return (2 * a + b) / 3; };
     QPalette colores;
     if (!existe)
@@ -184,7 +186,7 @@ bool SelectorCodigo::Cargar()
     return m_existe;
 }
 
-bool SelectorCodigo::asentar()
+bool SelectorCodigo::Asentar()
 {
     return !m_pendiente || mensajes::guardar(this, titulo(), [this] { Cargar(); });
 }
@@ -192,7 +194,7 @@ bool SelectorCodigo::asentar()
 void SelectorCodigo::alPulsarIntro(bool &tratada)
 {
     const QPointer<SelectorCodigo> vivo(this);
-    if (asentar() && vivo)
+    if (Asentar() && vivo)
         Q_EMIT Intro(tratada);
     else
         tratada = true;
@@ -201,7 +203,7 @@ void SelectorCodigo::alPulsarIntro(bool &tratada)
 void SelectorCodigo::alSalir()
 {
     const QPointer<SelectorCodigo> vivo(this);
-    asentar();
+    Asentar();
     if (vivo)
         Q_EMIT Salida();
 }

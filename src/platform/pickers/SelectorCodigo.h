@@ -40,6 +40,8 @@ public:
     /// Loads the name of the code in the box; true when it exists. An empty box is no error. Throws nv::Error.
     bool Cargar();
     void Limpiar() { setTexto(QString()); }
+    /// Loads the name unless that has been done since the code changed; a failure is shown. True when none was.
+    bool Asentar();
 
     nvTextBox *caja() const { return m_caja; }
 
@@ -79,7 +81,6 @@ private:
     Conexion &conexion() const;
     Sentencia consultaNombre(const QString &codigo) const;
     Sentencia consultaLista() const;
-    bool asentar();
     void alPulsarIntro(bool &tratada);
     void alSalir();
     void elegirEnLista();

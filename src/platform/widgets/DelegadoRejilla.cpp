@@ -1,5 +1,7 @@
 #include "platform/widgets/DelegadoRejilla.h"
 
+#include "platform/widgets/Colores.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
@@ -30,6 +32,16 @@ void DelegadoRejilla::paint(QPainter *pintor, const QStyleOptionViewItem &opcion
     celda.state &= ~(QStyle::State_On | QStyle::State_Off | QStyle::State_NoChange);
     celda.state |= senal.value<Qt::CheckState>() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
     estilo->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &celda, pintor, celda.widget);
+}
+
+void DelegadoRejilla::initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const
+{
+    QStyledItemDelegate::initStyleOption(opcion, indice);
+    const QVariant propio = indice.data(Qt::BackgroundRole);
+    if (!propio.isValid() && !indice.data(Qt::ForegroundRole).isValid())
+        return;
+    const QColor fondo = propio.isValid() ? propio.value<QBrush>().color() : opcion->palette.color(QPalette::Base);
+    opcion->palette.setColor(QPalette::Text, colores::legible(opcion->palette.color(QPalette::Text), fondo));
 }
 
 bool DelegadoRejilla::helpEvent(QHelpEvent *evento, QAbstractItemView *vista, const QStyleOptionViewItem &opcion,

@@ -17,6 +17,10 @@ public:
     bool helpEvent(QHelpEvent *evento, QAbstractItemView *vista, const QStyleOptionViewItem &opcion,
                    const QModelIndex &indice) override;
     QString displayText(const QVariant &valor, const QLocale &configuracion) const override;
+
+protected:
+    /// Letters on a cell's own background, and those in a colour of their own, can be read in every theme.
+    void initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const override;
 };
 
 } // namespace nv

@@ -94,8 +94,8 @@ void FormularioModal::reject()
 void FormularioModal::keyPressEvent(QKeyEvent *evento)
 {
     const bool intro = teclas::esIntro(*evento);
-    auto *boton = qobject_cast<QPushButton *>(focusWidget());
-    // Without default buttons the toolkit leaves Enter on a focused one without effect.
+    auto *boton = qobject_cast<QAbstractButton *>(focusWidget());
+    // Without default buttons the toolkit leaves Enter on a focused one, or on a box to tick, without effect.
     if (intro && boton && !evento->isAutoRepeat())
         boton->click();
     else

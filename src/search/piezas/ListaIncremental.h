@@ -31,9 +31,10 @@ public:
     /// they were.
     void mostrar(Registros registros, LectorFila lector);
     /// Gives the open result up; the rows shown stay, no more come.
-    void cerrar() { m_registros.cerrar(); }
     /// To be told of Page Down before the grid moves.
     void alPaginar();
+    /// Whether rows are still to come.
+    bool quedan() const { return m_registros.abierto(); }
 
 Q_SIGNALS:
     /// Reading further rows failed; the rows already shown stay, no more come.

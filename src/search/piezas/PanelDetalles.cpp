@@ -5,6 +5,7 @@
 #include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Campos.h"
+#include "platform/widgets/Colores.h"
 #include "platform/widgets/Twips.h"
 #include "search/piezas/CajaImagen.h"
 #include "search/sql/Detalles.h"
@@ -177,10 +178,11 @@ void PanelDetalles::mostrarExistencias(const Registros &registros)
 void PanelDetalles::pintarDisponible(const QColor &color)
 {
     for (QLabel *etiqueta : {m_disponible, m_tituloDisponible}) {
-        QPalette colores;
+        QPalette paleta;
         if (color.isValid())
-            colores.setColor(etiqueta->foregroundRole(), color);
-        etiqueta->setPalette(colores);
+            paleta.setColor(etiqueta->foregroundRole(),
+                            colores::legible(color, paleta.color(etiqueta->backgroundRole())));
+        etiqueta->setPalette(paleta);
     }
 }
 

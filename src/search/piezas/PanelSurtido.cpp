@@ -2,6 +2,7 @@
 
 #include "nvArticulo/Registros.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Colores.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "search/sql/Modelo6.h"
 
@@ -62,7 +63,7 @@ QLabel *PanelSurtido::aviso(const QString &texto, const QString &nombre)
     negrita.setBold(true);
     nuevo->setFont(negrita);
     QPalette rojo;
-    rojo.setColor(QPalette::WindowText, QColor(192, 0, 0));
+    rojo.setColor(QPalette::WindowText, colores::legible(QColor(192, 0, 0), rojo.color(QPalette::Window)));
     nuevo->setPalette(rojo);
     nuevo->hide();
     return nuevo;

@@ -1,3 +1,4 @@
+#include "platform/widgets/Colores.h"
 #include "platform/widgets/Rejilla.h"
 #include "support/Ventana.h"
 
@@ -154,6 +155,29 @@ private Q_SLOTS:
         QCOMPARE(ayuda(m->viewport(), celda), QString());
         m->setTexto(4, 0, u"Un <texto> que no cabe en su columna"_s);
         QCOMPARE(ayuda(m->viewport(), celda), u"<p>Un &lt;texto&gt; que no cabe en su columna</p>"_s);
+    }
+
+    void letters_can_be_read_on_any_background_in_a_dark_theme()
+    {
+        const QColor oscuro(30, 30, 30);
+        QPalette tema;
+        tema.setColor(QPalette::Base, oscuro);
+        tema.setColor(QPalette::Text, Qt::white);
+        m->setPalette(tema);
+        filas(1);
+        m->setFilaActual(0);
+        for (const QColor &fondo : {QColor(255, 255, 153), QColor(255, 128, 0), QColor(0, 0, 90), oscuro}) {
+            for (const QColor &letra : {QColor(), QColor(192, 0, 0)}) {
+                m->setColorFondo(1, 1, fondo);
+                m->setColorTexto(1, 1, letra);
+                const QImage celda = m->viewport()->grab(m->visualRect(m->model()->index(0, 1))).toImage();
+                double mejor = 1;
+                for (int i = 0; i < celda.width() * celda.height(); ++i)
+                    mejor = std::max(
+                        mejor, nv::colores::contraste(celda.pixelColor(i % celda.width(), i / celda.width()), fondo));
+                QVERIFY2(mejor > 4, qPrintable(fondo.name() + letra.name()));
+            }
+        }
     }
 
     void last_visible_column_fills_the_width()
