@@ -25,6 +25,7 @@ namespace mostrador {
 using namespace formas;
 
 constexpr int RolTarifa = Qt::UserRole + 1;
+constexpr qsizetype CifrasUnidades = 7; ///< no customer takes more
 
 Documento::Documento(QWidget *padre)
     : QWidget(padre)
@@ -37,6 +38,11 @@ Documento::Documento(QWidget *padre)
     m_lineas = new Lineas;
     connect(m_lineas, &Lineas::VaciadoPedido, this, &Documento::vaciar);
     columna->addWidget(m_lineas, 1);
+    // A scan that begins while the lines have the focus.
+    connect(&m_lineas->rejilla(), &Rejilla::Caracter, this, [this](const QString &caracter) {
+        m_articulo->setFocus();
+        m_articulo->setText(caracter);
+    });
 }
 
 Documento::~Documento()
@@ -65,7 +71,7 @@ QWidget *Documento::entrada()
     m_unidades = nombrado<nvTextBox>(u"txtUnidades"_s);
     m_unidades->setNumerico(true);
     m_unidades->setDecimales(3);
-    m_unidades->setMaxLength(9);
+    m_unidades->setMaxLength(14); // a barcode, too: the next item, scanned too soon
     m_unidades->setFixedWidth(90);
     m_precio = nombrado<QLabel>(u"lblPrecio"_s);
     m_precio->setMinimumWidth(110);
@@ -84,7 +90,13 @@ QWidget *Documento::entrada()
     rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, ayuda, m_anadir}), 1, 1);
     connect(m_unidades, &nvTextBox::Intro, this, [this](bool &tratada) {
         tratada = true;
+        const QString escrito = m_unidades->text();
+        const bool esLectura = escrito.size() > CifrasUnidades && !escrito.contains(u',');
+        if (esLectura)
+            m_unidades->setText(u"1"_s);
         anadirActual();
+        if (esLectura)
+            m_articulo->Emular_Enter(escrito);
     });
     connect(m_anadir, &QPushButton::clicked, this, &Documento::anadirActual);
     connect(m_escaner, &QCheckBox::toggled, this, [this](bool activo) {

@@ -26,7 +26,7 @@ constexpr int MesesDeVentas = 14;
 constexpr Tabla Articulos{
     u"Articulos", u"Cod_Empresa, Codigo, Descripcion, Desc_Ticket, Desc_Memo, Familia_1, Familia_2, Familia_3, Marca, "
                   u"TipoImpuesto, TipoImpuesto2, CualidadX, CualidadY, UnidadesDecimales, Temporada, Alternativo1, "
-                  u"Largo, Ancho, Altura, BajoPedido, Bloqueado, MotivoBaja, FAlta"};
+                  u"Largo, Ancho, Altura, BajoPedido, Bloqueado, MotivoBaja, FAlta, Mod_Ficha"};
 constexpr Tabla CBarras{u"Articulos_CBarras", u"Cod_Empresa, Cod_Articulo, Cod_Barras, Unidades, Fecha, Principal"};
 constexpr Tabla Referencias{u"Articulos_Ref", u"Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal, Fecha"};
 constexpr Tabla ReferenciasCliente{u"Articulos_RefCli", u"Cod_Empresa, Cod_Articulo, Cod_Cli, Ref"};
@@ -161,7 +161,7 @@ private:
         m_escritor.fila(Articulos,
                         {E,       m_codigo,   m_descripcion, ticket, m_notas,   s.familia1, s.familia2, linea,
                          m_marca, s.impuesto, s.impuesto,    talla,  color,     s.porPeso,  epoca,      estilos,
-                         largo,   ancho,      alto,          pedido, bloqueado, baja,       alta});
+                         largo,   ancho,      alto,          pedido, bloqueado, baja,       alta,       1});
     }
 
     void escribirBarras()

@@ -62,7 +62,8 @@ void escribirProveedoresYClientes(Escritor &escritor)
 QString temporada(QDate dia, int indice)
 {
     // V25, I25, V26, I26 for a day of 2026.
-    return u"%1%2"_s.arg(indice % 2 == 0 ? u'V' : u'I').arg((dia.year() - 1 + indice / 2) % 100, 2, 10, QChar(u'0'));
+    return u"%1%2"_s.arg(QChar(indice % 2 == 0 ? u'V' : u'I'))
+        .arg((dia.year() - 1 + indice / 2) % 100, 2, 10, QChar(u'0'));
 }
 
 void escribirMaestros(Conexion &conexion, QDate dia, const QString &dirImagenes)

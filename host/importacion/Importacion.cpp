@@ -20,8 +20,8 @@ namespace mostrador {
 namespace {
 
 constexpr qint16 E = EmpresaDemostracion;
-constexpr Tabla Articulos{u"Articulos",
-                          u"Cod_Empresa, Codigo, Descripcion, Desc_Ticket, TipoImpuesto, TipoImpuesto2, FAlta"};
+constexpr Tabla Articulos{
+    u"Articulos", u"Cod_Empresa, Codigo, Descripcion, Desc_Ticket, TipoImpuesto, TipoImpuesto2, FAlta, Mod_Ficha"};
 constexpr Tabla CBarras{u"Articulos_CBarras", u"Cod_Empresa, Cod_Articulo, Cod_Barras, Unidades, Fecha, Principal"};
 constexpr Tabla Tarifas{u"Articulos_Tarifas", u"Cod_Empresa, Cod_Articulo, Cod_Tarifa, Pvp"};
 constexpr qsizetype LargoDescripcion = 150;
@@ -130,7 +130,7 @@ private:
             nombre.truncate(LargoDescripcion);
         }
         m_codigos.insert(*codigo);
-        m_escritor.fila(Articulos, {E, *codigo, nombre, nombre.left(24), 1, 1, m_dia});
+        m_escritor.fila(Articulos, {E, *codigo, nombre, nombre.left(24), 1, 1, m_dia, 1});
         if (!barras.isEmpty()) {
             m_codigosBarras.insert(barras);
             m_escritor.fila(CBarras, {E, *codigo, barras, 1, m_dia, true});

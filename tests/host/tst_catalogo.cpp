@@ -46,7 +46,7 @@ private Q_SLOTS:
             todo += tabla + filas.join(u'\n');
         }
         QCOMPARE(QCryptographicHash::hash(todo.toUtf8(), QCryptographicHash::Sha1).toHex(),
-                 "6a74225fe039b1f78c41a610402114e8f45e2ce4"_ba);
+                 "a59db575df2efecab4d399b2db620199b9f7e652"_ba);
     }
 
     void samples_open_what_they_are_there_for()
