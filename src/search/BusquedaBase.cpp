@@ -25,6 +25,7 @@ BusquedaBase::BusquedaBase(QWidget *padre)
     , m_resultado(new EtiquetaElidida(this))
 {
     m_resultado->setObjectName(u"lblResultado"_s);
+    m_resultado->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // whole, before any other label
     setWindowTitle(u"Búsqueda de Artículos"_s);
     m_rejilla->setObjectName(u"vsListado"_s);
     m_rejilla->setAccessibleName(u"Artículos encontrados"_s);

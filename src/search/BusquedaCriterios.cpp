@@ -10,7 +10,6 @@
 
 #include <QBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -52,7 +51,8 @@ void BusquedaCriterios::anadirCriterio(const QString &rotulo, const QString &nom
 
 void BusquedaCriterios::montarColumna()
 {
-    auto *teclas = new QLabel(m_configuracion.teclas, this);
+    auto *teclas = new EtiquetaElidida(this);
+    teclas->setText(m_configuracion.teclas);
     teclas->setObjectName(u"lblTeclas"_s);
     teclas->setForegroundRole(QPalette::PlaceholderText);
     m_pie->setSpacing(twips::aPixeles(45, this));
