@@ -15,27 +15,8 @@
 
 namespace nv::pruebas {
 
-/// Company 1 with items of 2, suppliers of 3 and customers of 4.
-inline constexpr const char *CatalogoArticulos[] = {
-    "INSERT INTO Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)",
-    "INSERT INTO Articulos (Cod_Empresa, Codigo, Descripcion, CualidadX, CualidadY) VALUES (1, 99, 'DE OTRA', 0, 0), "
-    "(2, 12, 'TORNILLO <M8> & TUERCA', 0, 0), (2, 23456, 'JAMÓN', 0, 0), (2, 1234, 'CAMISA', 1, 2), "
-    "(2, 77, 'DE OTRO', 0, 0), (2, 13, NULL, 0, 0)",
-    "INSERT INTO Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL'), (2, 2, 5, 'ROJO')",
-    "INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (2, 12, '8412345678905', "
-    "1)",
-    "INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')",
-    "INSERT INTO Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal) VALUES (2, 12, 7, 'ABC', 1), "
-    "(2, 77, 7, 'COMUN', 1), (2, 12, 8, 'COMUN', 1)",
-    "INSERT INTO Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1'), "
-    "(2, 77, 6, 'SU-1'), (2, 77, 6, 'SOLO')",
-    "INSERT INTO Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1), (2, 12, 50, 1), "
-    "(2, 77, 50, 2), (1, 77, 50, 1), (2, 77, 99999, 1), (2, 77, 100000, 1)",
-    "INSERT INTO Balanzas_Dptos (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'FRUTERIA')",
-};
-
-/// A host form with a box before and a box after the item box, over a small catalogue in memory. It notes what it hears
-/// and every statement that goes out.
+/// A host form with a box before and a box after the item box, over a small catalogue in memory (company 1 with items
+/// of 2, suppliers of 3, customers of 4). It notes what it hears and every statement that goes out.
 class Formulario : public QWidget, public OyenteSentencias
 {
 public:
@@ -50,8 +31,22 @@ public:
         resize(600, 200);
         articulo->setcEmpresa(&empresa);
         articulo->setConexion(conexion.get());
-        for (const char *sentencia : CatalogoArticulos)
-            ejecuta(QString::fromUtf8(sentencia));
+        for (const auto &[filas] : casos<1>(QStringLiteral(R"(
+            Empresas (Codigo, Nombre, NoProcesarPermisosControles) VALUES (1, 'Uno', 0)
+            Articulos (Cod_Empresa, Codigo, Descripcion, CualidadX, CualidadY) VALUES (1, 99, 'DE OTRA', 0, 0),
+                ¬ (2, 12, 'TORNILLO <M8> & TUERCA', 0, 0), (2, 23456, 'JAMÓN', 0, 0), (2, 1234, 'CAMISA', 1, 2),
+                ¬ (2, 77, 'DE OTRO', 0, 0), (2, 13, NULL, 0, 0)
+            Cualidades_Des (Cod_Empresa, Cod_Cualidad, Codigo, Nombre) VALUES (2, 1, 7, 'XL'), (2, 2, 5, 'ROJO')
+            Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (2, 12, '8412345678905', 1)
+            Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (3, 7, 'HIERROS'), (3, 8, 'ACEROS')
+            Articulos_Ref (Cod_Empresa, Cod_Articulo, Cod_Prov, Ref, Principal) VALUES (2, 12, 7, 'ABC', 1),
+                ¬ (2, 77, 7, 'COMUN', 1), (2, 12, 8, 'COMUN', 1)
+            Articulos_RefCli (Cod_Empresa, Cod_Articulo, Cod_Cli, Ref) VALUES (2, 12, 5, 'SU-1'), (2, 77, 6, 'SU-1'),
+                ¬ (2, 77, 6, 'SOLO')
+            Balanzas_Articulos (Cod_Empresa, Cod_Articulo, Plu, Dpto) VALUES (2, 23456, 40, 1), (2, 12, 50, 1),
+                ¬ (2, 77, 50, 2), (1, 77, 50, 1), (2, 77, 99999, 1), (2, 77, 100000, 1)
+            Balanzas_Dptos (Cod_Empresa, Codigo, Nombre) VALUES (1, 1, 'FRUTERIA'))")))
+            ejecuta(QStringLiteral("INSERT INTO ") + filas);
         conexion->escuchar(this);
         connect(articulo, &nvArticulo::KeyDown, this, [this](qint16 &c, qint16 &s) { oye("D%d,%d", c, s); });
         connect(articulo, &nvArticulo::KeyUp, this, [this](qint16 &c, qint16 &s) { oye("U%d,%d", c, s); });
@@ -61,11 +56,6 @@ public:
         activateWindow();
         (void)QTest::qWaitForWindowActive(this);
         articulo->setFocus();
-    }
-    ~Formulario() override
-    {
-        if (conexion)
-            conexion->dejarDeEscuchar(this);
     }
 
     void sentencia(const SucesoSentencia &suceso) override { sentencias << suceso.texto; }
@@ -113,10 +103,9 @@ public:
     {
         const QStringList partes{caja()->text(), articulo->Nombre().simplified(),
                                  sucesos.filter(QStringLiteral("P")).join(u' '),
-                                 focusWidget() ? focusWidget()->objectName() : QString()};
-        const QString banderas =
-            QString::fromLatin1(articulo->Existe() ? "E" : "") + QLatin1StringView(articulo->Pendiente() ? "P" : "");
-        return partes.join(u'|') + u'|' + banderas + caja()->selectedText();
+                                 focusWidget() ? focusWidget()->objectName() : QString(),
+                                 QString(articulo->Existe(), u'E') + QString(articulo->Pendiente(), u'P')};
+        return partes.join(u'|') + caja()->selectedText();
     }
 
     QLineEdit *caja() const { return articulo->findChild<QLineEdit *>(QStringLiteral("txtCodigo")); }
