@@ -123,6 +123,14 @@ private Q_SLOTS:
                 const QString nombre = f.findChild<QWidget *>(u"txtArticulo"_s)->property("Nombre").toString();
                 QCOMPARE(nombre.contains(u"UNO"), c[0] == u"1");
                 barras->setText(c[2]);
+                if (sinArticulo) { // too long, and left by Tab: nothing is accepted
+                    barras->setFocus();
+                    teclear(barras, QString(31, u'9'));
+                    QTest::keyClick(barras, Qt::Key_Tab);
+                    pulsar(&f, u"F9"_s);
+                    QVERIFY(f.isVisible() && barras->hasFocus() && barras->text().size() == 30);
+                    barras->setText(c[2]);
+                }
                 auto *unidades = f.findChild<QLineEdit *>(u"txtUnidades"_s);
                 QVERIFY(unidades->alignment().testFlag(Qt::AlignRight));
                 teclear(unidades, c[3]);

@@ -1,5 +1,6 @@
 #include "platform/widgets/FormularioModal.h"
 
+#include "platform/widgets/CajaTexto.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Teclas.h"
 
@@ -65,7 +66,7 @@ void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 
 void FormularioModal::atajosAceptarCancelar()
 {
-    atajo(Qt::Key_F9, [this] { aceptar(); });
+    atajo(Qt::Key_F9, [this] { aceptarCompleto(); });
     atajo(Qt::Key_F12, [this] { cancelar(); });
 }
 
@@ -80,9 +81,21 @@ QHBoxLayout *FormularioModal::botonera(const QString &aceptar, const QString &ca
 {
     auto *fila = new QHBoxLayout;
     fila->addStretch();
-    fila->addWidget(boton(aceptar, u"cmdAceptar"_s, [this] { this->aceptar(); }));
+    fila->addWidget(boton(aceptar, u"cmdAceptar"_s, [this] { aceptarCompleto(); }));
     fila->addWidget(boton(cancelar, u"cmdCancelar"_s, [this] { this->cancelar(); }));
     return fila;
+}
+
+/// What a box could not hold must not be stored as if it were what was scanned.
+void FormularioModal::aceptarCompleto()
+{
+    for (CajaTexto *caja : findChildren<CajaTexto *>()) {
+        if (caja->isVisible() && caja->rechazaIncompleto()) {
+            caja->setFocus();
+            return;
+        }
+    }
+    aceptar();
 }
 
 void FormularioModal::reject()

@@ -43,6 +43,8 @@ protected:
 
 private:
     class Atajos;
+    void aceptarCompleto();
+
     Atajos *m_atajos;
 };
 
