@@ -275,6 +275,7 @@ void BusquedaTextoLibre::llenar(const QString &texto)
     const Sentencia sentencia = consulta(texto);
     // Refused, it leaves the former list as it was.
     Registros registros = ranura::exigida().Abrir(sentencia);
+    m_buscado = texto;
     rejilla()->vaciar();
     m_todas->reiniciar();
     std::vector<FilaRejilla> filas;
@@ -293,6 +294,14 @@ void BusquedaTextoLibre::llenar(const QString &texto)
 int BusquedaTextoLibre::marcadas() const
 {
     return MultiResultado ? m_marcadas->cuantas() : 0;
+}
+
+void BusquedaTextoLibre::aceptar()
+{
+    if (hayCriterios() && m_caja->text() != m_buscado)
+        buscarEscrito();
+    else
+        BusquedaBase::aceptar();
 }
 
 /// A list without items is accepted too, and gives no code.

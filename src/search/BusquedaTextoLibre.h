@@ -53,6 +53,8 @@ protected:
     virtual bool hayCriterios() const { return hayTexto(); }
 
     void alAbrir() override;
+    /// A text that was typed and not yet searched for is searched first.
+    void aceptar() override;
     bool puedeAceptar() const override;
     /// The marked rows whatever row is current, else the current row.
     Eleccion eleccion() const override;
@@ -94,6 +96,7 @@ private:
     bool m_soloRefPrincipal = true;
     bool m_ajustada = false;
     bool m_buscando = false;
+    QString m_buscado; ///< text of the list on screen
 };
 
 } // namespace nv

@@ -261,6 +261,13 @@ private Q_SLOTS:
             QTest::keyClicks(v.d.focusWidget(), u"l"_s);
             QVERIFY(v.enfocado(v.caja()) && v.campo(v.caja())->isVisible());
             QCOMPARE(v.campo<QLineEdit>(v.caja())->text().toLower(), u"cl"_s);
+            if (v.porCriterios())
+                return;
+            v.escribe(v.caja(), u"TUERCA"_s);
+            v.aprieta("cmdAceptar");
+            QVERIFY2(v.d.isVisible() && v.codigos() == u"3", "what was typed is searched for before it is accepted");
+            v.aprieta("cmdAceptar");
+            QVERIFY(!v.d.isVisible());
         });
     }
 
