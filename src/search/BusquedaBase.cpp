@@ -14,6 +14,7 @@
 
 #include <QAbstractItemModel>
 #include <QPointer>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,8 @@ BusquedaBase::BusquedaBase(QWidget *padre)
 {
     m_resultado->setObjectName(u"lblResultado"_s);
     m_resultado->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // whole, before any other label
+    setSizeGripEnabled(true);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
     setWindowTitle(u"Búsqueda de Artículos"_s);
     m_rejilla->setObjectName(u"vsListado"_s);
     m_rejilla->setAccessibleName(u"Artículos encontrados"_s);
@@ -40,6 +43,14 @@ void BusquedaBase::MostrarModal()
     alAbrir();
     if (vivo)
         ejecutar();
+}
+
+void BusquedaBase::dimensionar(int ancho, int alto)
+{
+    // The height leaves room for the title bar.
+    const QSize pantalla = screen()->availableGeometry().size();
+    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
+    resize(QSize(ancho, alto).expandedTo(minimumSizeHint()).boundedTo(sitio));
 }
 
 void BusquedaBase::Aceptar()

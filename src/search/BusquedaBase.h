@@ -55,6 +55,8 @@ protected:
     EtiquetaElidida *resultado() const { return m_resultado; }
     /// What to say of the number of rows while more of them are still to come; empty: all are there.
     virtual QString masRegistros() const { return {}; }
+    /// The size that the form opens with, in pixels: within the screen, and nothing of it cut.
+    void dimensionar(int ancho, int alto);
     /// The strip that says that a search is running, for the dialogs that have it.
     void ponerFranja();
     /// The next widget of the tab order: before the grid, and after it.

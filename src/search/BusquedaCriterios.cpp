@@ -26,7 +26,7 @@ BusquedaCriterios::BusquedaCriterios(QWidget *padre, const ConfiguracionCriterio
     , m_pie(new QHBoxLayout)
     , m_lista(new ListaIncremental(rejilla(), configuracion.bloques))
 {
-    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    ponerColumnas(*rejilla(), configuracion.columnas, configuracion.eleccion);
     if (configuracion.marcadas)
         m_marcadas = new FilasMarcadas(rejilla(), 0, *configuracion.marcadas);
     for (QWidget *campo : m_panel->campos())

@@ -20,7 +20,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -34,19 +33,6 @@ constexpr int Alto = 7200;
 constexpr int AnchoMinimo = 6000;
 constexpr int AltoMinimo = 3000;
 
-/// The widths of these lists are made for a small letter: one in which a whole EAN fits its column.
-QFont letraDeLista(const QWidget *lista)
-{
-    constexpr int anchoEan = 1500; // twips
-    constexpr qreal minima = 7;
-    QFont letra = lista->font();
-    const int margenes = 2 * (lista->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lista) + 1);
-    const int sitio = twips::aPixeles(anchoEan, lista) - margenes - 1;
-    while (letra.pointSizeF() > minima && QFontMetrics(letra).horizontalAdvance(u"0000000000000"_s) > sitio)
-        letra.setPointSizeF(letra.pointSizeF() - 0.5);
-    return letra;
-}
-
 } // namespace
 
 BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoLibre &configuracion)
@@ -55,8 +41,7 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoL
     , m_caja(nuevaCaja(configuracion.caja, u"Descripción"_s))
     , m_criterios(new QHBoxLayout)
 {
-    rejilla()->setFont(letraDeLista(rejilla()));
-    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    ponerColumnas(*rejilla(), configuracion.columnas, configuracion.eleccion);
     m_marcadas = new FilasMarcadas(rejilla(), 0, FilasMarcadas::Signo::Casilla);
     m_todas = new CasillaTodas(rejilla(), m_marcadas);
     rejilla()->setColumnWidth(0, twips::aPixeles(m_todas->anchoColumna(), this));
@@ -83,7 +68,6 @@ void BusquedaTextoLibre::montar()
     for (const QString &nombre : {u"cmdAceptar"_s, u"cmdCancelar"_s})
         tabularDespues(findChild<QPushButton *>(nombre));
     setMinimumSize(twips::aPixeles(AnchoMinimo, this), twips::aPixeles(AltoMinimo, this));
-    setSizeGripEnabled(true);
 }
 
 void BusquedaTextoLibre::conectarRejilla()
@@ -156,15 +140,12 @@ void BusquedaTextoLibre::escribirEnCaja(const QString &texto)
 }
 
 /// As wide as the columns, within the screen, and in its middle.
-void BusquedaTextoLibre::dimensionar()
+void BusquedaTextoLibre::encajar()
 {
     const QRect pantalla = screen()->availableGeometry();
     const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
                        2 * twips::aPixeles(Margen, this);
-    const QSize natural(rejilla()->horizontalHeader()->length() + bordes, twips::aPixeles(Alto, this));
-    // The whole width before a column is cut; the height leaves room for the title bar.
-    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
-    resize(natural.boundedTo(sitio).expandedTo(minimumSize()));
+    dimensionar(rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this));
     move(pantalla.center() - rect().center());
 }
 
@@ -177,7 +158,7 @@ void BusquedaTextoLibre::alAbrir()
     const bool ajustada = fallos.paso([this] { ajustar(); });
     fallos.paso([this] { leerParametro(); });
     ordenarTabulacion(false);
-    dimensionar();
+    encajar();
     m_caja->setFocus();
     m_caja->selectAll();
     if (!fallos.mostrar(this, windowTitle()) || !ajustada || Busqueda_Descripcion.isEmpty())

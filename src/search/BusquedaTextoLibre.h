@@ -85,7 +85,7 @@ private:
     void llenar(const QString &texto);
     bool alPulsar(const QKeyEvent &tecla);
     void escribirEnCaja(const QString &texto);
-    void dimensionar();
+    void encajar();
 
     ConfiguracionTextoLibre m_configuracion;
     nvTextBox *m_caja;

@@ -17,7 +17,6 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
@@ -94,15 +93,10 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     setLayout(columna());
     m_todos->setObjectName(u"chkCheck"_s);
     pie()->insertWidget(0, m_todos);
-    setSizeGripEnabled(true);
-    resize(nv::twips::aPixeles(11400, this), nv::twips::aPixeles(7500, this));
+    dimensionar(nv::twips::conLetra(11400, this), nv::twips::conLetra(7500, this));
 
     nv::Rejilla *lista = rejilla();
-    lista->setEstirarUltima(false);
-    lista->ensanchar(CodigoBarras, QString(13, u'8'));
     lista->ensanchar(Stock, u"Stock Alm 88"_s);
-    // A wider window is for the descriptions.
-    lista->horizontalHeader()->setSectionResizeMode(DescripcionArticulo, QHeaderView::Stretch);
     connect(lista, &nv::Rejilla::Clic, this, [this](int fila, int columna) {
         if (columna == Marcada)
             marcadas()->alternar(fila);

@@ -5,6 +5,8 @@
 #include "platform/widgets/nvTextBox.h"
 #include "search/sql/Modelo8.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using nv::Celda;
 
@@ -25,14 +27,7 @@ constexpr nv::ColumnaBusqueda Columnas[] = {
 };
 
 constexpr int DiasDeVenta = 30;
-
-/// Of each change of the form's width, in hundredths.
-struct Parte
-{
-    Columna columna;
-    int centesimas;
-};
-constexpr std::array<Parte, 3> Partes{{{DescripcionArticulo, 70}, {MarcaArticulo, 20}, {Referencia, 10}}};
+constexpr int ParteMarca = 20; // hundredths of each change of the form's width; the rest is the description's
 
 } // namespace
 
@@ -68,15 +63,10 @@ void frmBusqueda_Articulos_9::showEvent(QShowEvent *evento)
         m_anchoInicial = width();
 }
 
-/// Each share of the whole change, so that nothing is lost to rounding; a column that the user drew keeps its change.
+/// Its share of the whole change, so that nothing is lost to rounding; a column that the user drew keeps its change.
 void frmBusqueda_Articulos_9::repartirAncho()
 {
-    const int cambio = width() - m_anchoInicial;
-    for (std::size_t i = 0; i < Partes.size(); ++i) {
-        const int suya = cambio * Partes[i].centesimas / 100;
-        const int columna = Partes[i].columna;
-        if (!rejilla()->isColumnHidden(columna))
-            rejilla()->setColumnWidth(columna, rejilla()->columnWidth(columna) + suya - m_repartido[i]);
-        m_repartido[i] = suya;
-    }
+    const int suya = (width() - m_anchoInicial) * ParteMarca / 100;
+    rejilla()->setColumnWidth(MarcaArticulo,
+                              rejilla()->columnWidth(MarcaArticulo) + suya - std::exchange(m_repartido, suya));
 }
