@@ -101,11 +101,12 @@ private Q_SLOTS:
 
     void options_that_make_no_sense_are_told()
     {
-        for (const QString &mala : {u"--modelo 9"_s, u"--modelo dos"_s, u"--articulos 0"_s, u"--base a --temporal"_s,
-                                    u"--odbc a --temporal"_s, u"--crear"_s, u"--nada"_s, u"sobra"_s})
+        for (const QString &mala :
+             {u"--modelo 9"_s, u"--modelo dos"_s, u"--articulos 0"_s, u"--letra 2"_s, u"--base a --temporal"_s,
+              u"--odbc a --temporal"_s, u"--crear"_s, u"--nada"_s, u"sobra"_s})
             QVERIFY_EXCEPTION_THROWN(Opciones((u"mostrador "_s + mala).split(u' ')), Error);
-        const Opciones buenas(u"mostrador --modelo 0 --odbc a --crear"_s.split(u' '));
-        QVERIFY(buenas.modelo() == 0 && buenas.articulos() == 20000);
+        const Opciones buenas(u"mostrador --modelo 0 --odbc a --crear --letra 18"_s.split(u' '));
+        QVERIFY(buenas.modelo() == 0 && buenas.articulos() == 20000 && buenas.letra() == 18);
     }
 
 private:
