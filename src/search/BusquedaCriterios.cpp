@@ -60,10 +60,6 @@ void BusquedaCriterios::montarColumna()
     m_pie->addWidget(resultado());
     m_pie->addLayout(botonera());
     for (auto *pulsador : {findChild<QPushButton *>(u"cmdAceptar"_s), findChild<QPushButton *>(u"cmdCancelar"_s)}) {
-        // Narrower than the style would have them, but never than their letters.
-        pulsador->setFixedWidth(
-            std::max(twips::aPixeles(1140, this),
-                     fontMetrics().horizontalAdvance(pulsador->text().remove(u'&')) + twips::aPixeles(240, this)));
         pulsador->setMinimumHeight(twips::aPixeles(360, this));
         tabularDespues(pulsador);
     }

@@ -27,7 +27,14 @@ constexpr nv::ColumnaBusqueda Columnas[] = {
 };
 
 constexpr int DiasDeVenta = 30;
-constexpr int ParteMarca = 20; // hundredths of each change of the form's width; the rest is the description's
+/// Of each change of the form's width, in hundredths; the rest is the description's. The last one is the reference's, which
+/// is hidden: the column before it has it.
+struct Parte
+{
+    Columna columna;
+    int centesimas;
+};
+constexpr std::array<Parte, 2> Partes{{{MarcaArticulo, 20}, {Pvp, 10}}};
 
 } // namespace
 
@@ -63,10 +70,14 @@ void frmBusqueda_Articulos_9::showEvent(QShowEvent *evento)
         m_anchoInicial = width();
 }
 
-/// Its share of the whole change, so that nothing is lost to rounding; a column that the user drew keeps its change.
+/// Each share of the whole change, so that nothing is lost to rounding; a column that the user drew keeps its change.
 void frmBusqueda_Articulos_9::repartirAncho()
 {
-    const int suya = (width() - m_anchoInicial) * ParteMarca / 100;
-    rejilla()->setColumnWidth(MarcaArticulo,
-                              rejilla()->columnWidth(MarcaArticulo) + suya - std::exchange(m_repartido, suya));
+    const int cambio = width() - m_anchoInicial;
+    for (std::size_t i = 0; i < Partes.size(); ++i) {
+        const int suya = cambio * Partes[i].centesimas / 100;
+        const int columna = Partes[i].columna;
+        rejilla()->setColumnWidth(columna,
+                                  rejilla()->columnWidth(columna) + suya - std::exchange(m_repartido[i], suya));
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "search/BusquedaTextoLibre.h"
 
+#include <array>
+
 /// Search model 8: items that can be sold now, by free text over description, reference and brand, grouped by family.
 class frmBusqueda_Articulos_9 : public nv::BusquedaTextoLibre
 {
@@ -19,6 +21,6 @@ protected:
 private:
     void repartirAncho();
 
-    int m_anchoInicial = 0; ///< of the form as it was first shown; 0 before
-    int m_repartido = 0;    ///< pixels that the brand has been given since
+    int m_anchoInicial = 0;           ///< of the form as it was first shown; 0 before
+    std::array<int, 2> m_repartido{}; ///< pixels that each sharing column has been given since
 };

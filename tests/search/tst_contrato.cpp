@@ -1,5 +1,6 @@
 #include "Busquedas.h"
 #include "support/Programa.h"
+#include "support/Recortes.h"
 
 using namespace nv::pruebas;
 
@@ -269,6 +270,25 @@ private Q_SLOTS:
             v.aprieta("cmdAceptar");
             QVERIFY(!v.d.isVisible());
         });
+    }
+
+    void letters_of_any_size_are_whole_and_a_wider_window_is_for_the_descriptions()
+    {
+        for (const int puntos : {9, 14, 18}) {
+            const auto letra = conLetra(puntos);
+            m->abrir(modelo, [this](const Vista &v) {
+                v.busca(u"TORN"_s);
+                QCOMPARE(recortes(&v.d).join(u'\n'), QString());
+                v.d.resize(3900, 700); // wider than all columns of any
+                QCoreApplication::processEvents();
+                const int descripcion = v.columnaCodigo() + 1, antes = v.lista()->columnWidth(descripcion);
+                v.d.resize(4000, 700);
+                QCoreApplication::processEvents();
+                QCOMPARE(v.lista()->columnWidth(descripcion) - antes, modelo == 8 ? 70 : 100);
+                v.pulsa(Qt::Key_F6);
+                QCOMPARE(recortes(&v.d).join(u'\n'), QString());
+            });
+        }
     }
 
 private:

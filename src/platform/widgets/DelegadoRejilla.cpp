@@ -20,10 +20,10 @@ bool conFoco(const QStyleOptionViewItem &opcion)
     return opcion.widget && opcion.widget->hasFocus();
 }
 
-/// A quarter of the second.
+/// Two fifths of the second.
 QColor mezcla(const QColor &uno, const QColor &otro)
 {
-    const auto parte = [](int a, int b) { return (3 * a + b) / 4; };
+    const auto parte = [](int a, int b) { return (3 * a + 2 * b) / 5; };
     return QColor(parte(uno.red(), otro.red()), parte(uno.green(), otro.green()), parte(uno.blue(), otro.blue()));
 }
 

@@ -19,6 +19,7 @@ namespace nv {
 namespace {
 
 constexpr int AnchoPorDefecto = 960; // twips
+constexpr int MinimoElastica = 2000;
 
 QPalette conFranjas(QPalette paleta)
 {
@@ -43,7 +44,9 @@ public:
 protected:
     void paintSection(QPainter *pintor, const QRect &lugar, int columna) const override
     {
+        pintor->save(); // the style leaves its clip behind
         QHeaderView::paintSection(pintor, lugar, columna);
+        pintor->restore();
         if (!m_rejilla->hasFocus() || m_rejilla->filaActual() != 0)
             return;
         const int grosor = std::max(2, lugar.height() / 6);
@@ -171,7 +174,16 @@ void Rejilla::ajustarElastica()
     if (elastica < 0 || elastica >= m_modelo->columnCount())
         return;
     const int ocupado = horizontalHeader()->length() - columnWidth(elastica);
-    setColumnWidth(elastica, std::max(anchoPrevisto(elastica), viewport()->width() - ocupado));
+    setColumnWidth(elastica, std::max(minimoElastica(), viewport()->width() - ocupado));
+}
+
+/// Where there is not room for all, a chosen column gives some of its own before another is out of sight.
+int Rejilla::minimoElastica() const
+{
+    const int previsto = anchoPrevisto(m_estirada);
+    if (m_elastica < 0 || m_minimos.contains(m_elastica))
+        return previsto;
+    return std::max(previsto * 3 / 5, std::min(previsto, twips::conLetra(MinimoElastica, this)));
 }
 
 void Rejilla::ajustarAlto()

@@ -40,8 +40,8 @@ public:
     void ensanchar(int columna, const QString &texto);
     /// Cells "1"/"0" drawn as ticked and empty boxes.
     void setColumnaCasilla(int columna);
-    /// The column that takes the width that is left; its planned width, or what the user draws it to, is its minimum.
-    /// -1, as at first, is the last visible one.
+    /// The column that takes the width that is left, and gives some of its own where that is not enough. -1, as at first,
+    /// is the last visible one, which never gives.
     void setElastica(int columna);
 
     /// Rows including the heading: 1 when there are no data.
@@ -104,6 +104,7 @@ protected:
 private:
     void mostrarFoco();
     int anchoPrevisto(int columna) const;
+    int minimoElastica() const;
     int primeraVisible() const;
     void ajustarElastica();
     void ajustarAlto();
