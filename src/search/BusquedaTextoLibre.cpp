@@ -49,11 +49,13 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoL
     montar();
     conectarRejilla();
     ponerFranja();
+    connect(m_marcadas, &FilasMarcadas::Cambiadas, this, &BusquedaTextoLibre::decirResultado);
 }
 
 void BusquedaTextoLibre::montar()
 {
     m_criterios->setSpacing(twips::aPixeles(90, this));
+    m_caja->setPlaceholderText(u"Palabras, en cualquier orden"_s);
     m_criterios->addWidget(m_caja, 1);
     auto *columna = new QVBoxLayout(this);
     const int margen = twips::aPixeles(Margen, this);
@@ -112,6 +114,7 @@ void BusquedaTextoLibre::buscarConIntro(const nvTextBox *caja)
 {
     connect(caja, &nvTextBox::Intro, this, [this](bool &tratada) {
         tratada = true;
+        trasIntro();
         buscarEscrito();
     });
 }
@@ -272,7 +275,7 @@ void BusquedaTextoLibre::llenar(const QString &texto)
         filas.push_back(leer(registros));
 }
 
-int BusquedaTextoLibre::marcadas() const
+int BusquedaTextoLibre::cuantasMarcadas() const
 {
     return MultiResultado ? m_marcadas->cuantas() : 0;
 }
@@ -288,15 +291,15 @@ void BusquedaTextoLibre::aceptar()
 /// A list without items is accepted too, and gives no code.
 bool BusquedaTextoLibre::puedeAceptar() const
 {
-    return rejilla()->filasDatos() == 0 || marcadas() > 0 || BusquedaBase::puedeAceptar();
+    return rejilla()->filasDatos() == 0 || cuantasMarcadas() > 0 || BusquedaBase::puedeAceptar();
 }
 
 Eleccion BusquedaTextoLibre::eleccion() const
 {
-    if (marcadas() == 0)
+    if (cuantasMarcadas() == 0)
         return BusquedaBase::eleccion();
     Eleccion lista = m_marcadas->eleccion(columnasEleccion());
-    if (marcadas() == 1) {
+    if (cuantasMarcadas() == 1) {
         lista.codigo.remove(0, 1);
         lista.descripcion.remove(0, 1);
     }
@@ -305,7 +308,7 @@ Eleccion BusquedaTextoLibre::eleccion() const
 
 void BusquedaTextoLibre::alAceptar()
 {
-    MultiResultado = marcadas() > 1;
+    MultiResultado = cuantasMarcadas() > 1;
 }
 
 } // namespace nv

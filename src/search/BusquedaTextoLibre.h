@@ -80,7 +80,7 @@ private:
     void conectarRejilla();
     void ajustar();
     void leerParametro();
-    int marcadas() const;
+    int cuantasMarcadas() const override;
     void buscarEscrito();
     void llenar(const QString &texto);
     bool alPulsar(const QKeyEvent &tecla);

@@ -17,6 +17,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
@@ -75,6 +76,7 @@ nv::ConfiguracionCriterios configuracion()
 {
     nv::ConfiguracionCriterios c{Columnas, {CodigoArticulo, DescripcionArticulo}};
     c.marcadas = nv::FilasMarcadas::Signo::Casilla;
+    c.conservaMarcas = true;
     c.teclas = u"F9 - Buscar / F11 - Imprimir Búsqueda"_s;
     return c;
 }
@@ -108,6 +110,8 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     tabularAntes(m_alternativo->caja());
     tabularAntes(m_almacenes);
     ponerFranja();
+    connect(lista->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+            &frmBusqueda_Articulos_2::decirResultado);
 }
 
 void frmBusqueda_Articulos_2::montarPestanas()
@@ -247,8 +251,9 @@ void frmBusqueda_Articulos_2::Imprimir_Busqueda()
         return;
     try {
         imprimir();
-    } catch (const nv::Error &) {
-        nv::mensajes::mostrar(this, tituloBusqueda(), u"Error en Imprimir_Busqueda"_s, nv::mensajes::Icono::Critico);
+    } catch (const nv::Error &error) {
+        nv::mensajes::mostrar(this, tituloBusqueda(), u"Error en Imprimir_Busqueda: "_s + error.descripcion,
+                              nv::mensajes::Icono::Critico);
     }
 }
 

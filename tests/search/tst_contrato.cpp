@@ -71,7 +71,8 @@ private Q_SLOTS:
                 const bool hay = texto == u"TORN";
                 QVERIFY(v.lista()->filasDatos() == (hay ? 2 : 0) && (hay || v.lista()->filaActual() == 0));
                 QCOMPARE(v.lista()->hasFocus(), hay && (porCriterios || modelo == 5));
-                QCOMPARE(v.campo<QLabel>("lblResultado")->text(), hay ? u"2 artículos"_s : u"No hay artículos así"_s);
+                QCOMPARE(v.campo<QLabel>("lblResultado")->text(),
+                         hay ? u"1 de 2 artículos"_s : u"No hay artículos así"_s);
                 QVERIFY(hay || (v.campo(v.caja())->isVisible() && v.enfocado(modelo == 7 ? "txtMarca" : v.caja())));
             }
             v.aprieta("cmdAceptar");
@@ -203,7 +204,7 @@ private Q_SLOTS:
                     v.aprieta("cmdDesmarcar");
                 }
                 v.marca(filas);
-                v.lista()->setFilaActual(1);
+                QTest::keyClick(v.lista(), Qt::Key_Home);
                 m->quitar(u"Articulos_Buscar"_s);
                 m->conductor.responde(u"Aceptar"_s);
                 QTest::keyClick(v.lista(), Qt::Key_Return);
@@ -256,7 +257,7 @@ private Q_SLOTS:
         m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"2"_s;
         m->abrir(modelo, [](const Vista &v) {
             v.busca(u"T"_s);
-            QCOMPARE(v.campo<QLabel>("lblResultado")->text(), u"2 mostrados, hay más"_s);
+            QCOMPARE(v.campo<QLabel>("lblResultado")->text(), u"1 de 2 mostrados, hay más"_s);
             v.lista()->setFocus();
             QTest::keyClicks(v.d.focusWidget(), u"c"_s);
             QTest::keyClicks(v.d.focusWidget(), u"l"_s);

@@ -194,7 +194,7 @@ private Q_SLOTS:
             v.escribe("txtMedida", {});
             v.busca(u"O"_s);
             QCOMPARE(v.codigos(), u"10|841|24"_s);
-            v.lista()->setFilaActual(1);
+            QTest::keyClick(v.lista(), Qt::Key_Home);
             QTest::keyClick(v.lista(), Qt::Key_Return);
         });
         QCOMPARE(m->conductor.cajas().front().texto + m->conductor.cajas().back().texto,
