@@ -56,6 +56,7 @@ void Ordenes::hacer(const Instruccion &orden)
         {u"teclea"_s, [](Ordenes &o, const Instruccion &que) { teclear(o.m_entorno.ventana, sinComillas(que.resto)); }},
         {u"escribe"_s, [](Ordenes &o, const Instruccion &que) { o.escribir(que.primera(), sinComillas(que.demas())); }},
         {u"pulsa"_s, [](Ordenes &o, const Instruccion &que) { pulsar(o.m_entorno.ventana, que.resto); }},
+        {u"lee"_s, [](Ordenes &o, const Instruccion &que) { leer(o.m_entorno.ventana, que.leido()); }},
         {u"enfoca"_s, [](Ordenes &o, const Instruccion &que) { o.enfocar(que.resto); }},
         {u"clic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), false); }},
         {u"dobleclic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), true); }},
