@@ -25,10 +25,13 @@ Lector::Lector(QWidget *ventana)
 
 bool Lector::eventFilter(QObject *objeto, QEvent *evento)
 {
-    if (evento->type() != QEvent::KeyPress || !objeto->isWidgetType() || QApplication::activeModalWidget())
+    if (evento->type() != QEvent::KeyPress || !objeto->isWidgetType())
         return false;
     auto &widget = static_cast<QWidget &>(*objeto);
     const auto &tecla = static_cast<const QKeyEvent &>(*evento);
+    // Nor is the line feed an answer to what the scan has opened.
+    if (QApplication::activeModalWidget())
+        return teclas::esIntro(tecla) && m_acabada && sigue(tecla);
     if (!m_caja || !m_caja->isEnabled())
         return false;
     if (!esDeLaVentana(widget))
