@@ -15,6 +15,17 @@
 
 using namespace Qt::StringLiterals;
 
+/// The window system's door, declared here because its header is not among the public ones.
+class QWindowSystemInterface
+{
+public:
+    struct AsynchronousDelivery
+    {};
+    template <typename Entrega>
+    static bool handleKeyEvent(QWindow *ventana, QEvent::Type tipo, int tecla, Qt::KeyboardModifiers modificadores,
+                               const QString &texto, bool repetida, ushort veces);
+};
+
 namespace mostrador::guion {
 
 namespace {
@@ -132,6 +143,20 @@ void teclear(QWidget *principal, const QString &texto)
     for (const char32_t c : caracteres)
         enviar(principal, static_cast<Qt::Key>(QChar::toUpper(c)), QString::fromUcs4(&c, 1),
                QChar::isUpper(c) ? Qt::ShiftModifier : Qt::NoModifier);
+}
+
+void leer(QWidget *principal, const QString &texto)
+{
+    using Sistema = QWindowSystemInterface;
+    // To whichever window has the focus by then; under an unfolded list that is still the one below.
+    QWindow *ventana = QApplication::activePopupWidget() ? principal->windowHandle() : nullptr;
+    for (const QChar c : texto) {
+        const bool fin = c == u'\r' || c == u'\n';
+        const int tecla = fin ? int(Qt::Key_Return) : c == u'\t' ? int(Qt::Key_Tab) : int(c.toUpper().unicode());
+        for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease})
+            Sistema::handleKeyEvent<Sistema::AsynchronousDelivery>(ventana, tipo, tecla, Qt::NoModifier, QString(c),
+                                                                   false, 1);
+    }
 }
 
 void pulsarRaton(QWidget *widget, QPoint lugar, bool doble)

@@ -34,7 +34,7 @@ private Q_SLOTS:
     }
     void cleanup() { m_mostrador.reset(); }
 
-    void a_scanner_burst_gives_one_line_per_code_and_unknown_codes_none()
+    void a_scanner_burst_gives_one_line_per_code_also_for_an_unknown_one()
     {
         QFile archivo(QStringLiteral(NV_RAIZ "/../shared/data/productos_reales.csv"));
         if (!archivo.open(QIODevice::ReadOnly))
@@ -51,7 +51,8 @@ private Q_SLOTS:
         teclear(codigos.join(u'\r') + u"\r9999999999994\r"_s);
         QVERIFY(!QApplication::activeModalWidget());
         const Lineas &lineas = m_mostrador->documento().lineas();
-        QCOMPARE(lineas.numero(), codigos.size());
+        QCOMPARE(lineas.numero(), codigos.size() + 1);
+        QVERIFY(lineas.leido(lineas.numero()) == u"9999999999994" && lineas.enEspera() == 1);
         for (int i = 0; i < codigos.size(); ++i) {
             Sentencia s(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Barras ='");
             Registros suyo = conexion.Abrir(s << ComoEscrito(codigos[i]) << u"'");
