@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QHeaderView>
 #include <QKeySequence>
@@ -40,6 +41,16 @@ void enviar(QWidget *principal, const Tecla &...tecla)
     QTest::sendKeyEvent(QTest::Press, destino, tecla...);
     if (QWidget *despues = conFoco(principal))
         QTest::sendKeyEvent(QTest::Release, despues, tecla...);
+}
+
+/// A hand does not press Enter twice within a tenth of a second; a scanner does.
+void tomarAliento()
+{
+    constexpr qint64 pausa = 120; // ms
+    static QElapsedTimer ultimo;
+    if (ultimo.isValid() && !ultimo.hasExpired(pausa))
+        QTest::qSleep(static_cast<int>(pausa - ultimo.elapsed()));
+    ultimo.start();
 }
 
 } // namespace
@@ -133,6 +144,8 @@ void pulsar(QWidget *principal, const QString &nombre)
     const Qt::KeyboardModifiers modificadores = secuencia[0].keyboardModifiers();
     const bool atras = secuencia[0].key() == Qt::Key_Tab && (modificadores & Qt::ShiftModifier);
     const Qt::Key tecla = atras ? Qt::Key_Backtab : secuencia[0].key();
+    if (tecla == Qt::Key_Return)
+        tomarAliento();
     enviar(principal, tecla, QTest::keyToAscii(tecla), modificadores);
 }
 

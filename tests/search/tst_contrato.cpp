@@ -233,6 +233,25 @@ private Q_SLOTS:
         QVERIFY(caja.icono == QMessageBox::Critical && caja.texto.contains(u"Articulos_Buscar"));
     }
 
+    void an_Enter_that_follows_at_once_takes_nothing()
+    {
+        m->pedido.Busqueda_Descripcion = u"TORN"_s;
+        m->abrir(modelo, [this](const Vista &v) {
+            const bool enCaja = modelo == 4;
+            if (enCaja) {
+                v.escribe(v.caja(), u"TORN"_s); // it remembers nothing
+                v.campo("txtMarca")->setFocus();
+                v.pulsa(Qt::Key_Return);
+                v.campo("txtProveedor")->setFocus();
+                v.pulsa(Qt::Key_Return);
+            }
+            v.pulsa(Qt::Key_Return);
+            QVERIFY(v.d.isVisible() && v.lista()->hasFocus());
+            v.pulsa(Qt::Key_Return);
+            QVERIFY2(!v.d.isVisible(), "but a key pressed again does");
+        });
+    }
+
     void window_may_go_while_an_error_is_up()
     {
         for (const bool alAbrir : {true, false}) {
