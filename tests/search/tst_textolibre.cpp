@@ -21,7 +21,7 @@ private Q_SLOTS:
     void keys_of_the_box_and_the_list()
     {
         for (const int modelo : {2, 5, 7, 8})
-            m->abrir(modelo, [](const Vista &v) {
+            m->abrir(modelo, [this](const Vista &v) {
                 v.busca(u"GRANDE"_s);
                 v.campo(v.caja())->setFocus();
                 v.pulsa(Qt::Key_Down);
@@ -33,7 +33,12 @@ private Q_SLOTS:
                 QVERIFY2(v.enfocado(v.caja()) && v.campo<QLineEdit>(v.caja())->text() == u" ", "a blank is typed");
                 v.clic(1, 0);
                 QVERIFY(v.lista()->isColumnHidden(0) && !v.columna(0).contains(u'1'));
+                m->conductor.responde(u"Aceptar"_s);
+                v.busca(u"a "_s.repeated(101));
             });
+        for (const CajaVista &caja : m->conductor.cajas())
+            QVERIFY(caja.texto.endsWith(u"Son 101 palabras; se puede buscar por 100 como mucho."));
+        QCOMPARE(m->conductor.cajas().size(), 4U);
     }
 
     void marks_and_select_all()
