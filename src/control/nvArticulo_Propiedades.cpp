@@ -273,8 +273,8 @@ void nvArticulo::setModelo(qint16 valor)
 
 nv::PeticionBusqueda nvArticulo::peticion() const
 {
-    return {
-        0, MultiResultado, SeleccionarTodo, AlmacenStock, Cliente, GuardarBusqueda, {Familia_1, Familia_2, Familia_3}};
+    return {0,       MultiResultado,  SeleccionarTodo, AlmacenStock,
+            Cliente, GuardarBusqueda, RecordarAspecto, {Familia_1, Familia_2, Familia_3}};
 }
 
 nv::AjustesCaja nvArticulo::ajustes() const

@@ -112,6 +112,19 @@ private Q_SLOTS:
         QDir::setCurrent(anterior);
     }
 
+    void details_are_there_again_until_the_form_is_given_back()
+    {
+        const Organizacion organizacion;
+        bool antes = false;
+        for (const Qt::Key tecla : {Qt::Key_F6, Qt::Key_0, Qt::Key_F7}) {
+            m->abrir(6, [&](const Vista &v) {
+                QCOMPARE(v.campo("fraExtendido")->isVisible(), antes);
+                QTest::keyClick(v.d.focusWidget(), tecla, tecla == Qt::Key_0 ? Qt::ControlModifier : Qt::NoModifier);
+            });
+            antes = tecla == Qt::Key_F6;
+        }
+    }
+
     void F6_makes_room_and_the_notes_search()
     {
         for (const int modelo : {0, 6}) {
