@@ -200,6 +200,7 @@ Q_SIGNALS:
 protected:
     void resizeEvent(QResizeEvent *evento) override;
     void changeEvent(QEvent *evento) override;
+    void showEvent(QShowEvent *evento) override;
 
 private:
     class Ocupada;
@@ -211,6 +212,7 @@ private:
     void pintarSegunEstado();
     void ponerTexto(const QString &texto, const QString &nombre);
     void ponerNombre(const QString &nombre);
+    void describirCaja();
     void ponerFuente(const QFont &fuente);
     template <class Valor>
     void cambiar(Valor &miembro, const Valor &valor, const QString &propiedad);

@@ -2,16 +2,39 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTextDocumentFragment>
 
 namespace nv {
 
+namespace {
+
+QString sinAdornos(QString rotulo)
+{
+    rotulo.remove(u'&');
+    if (rotulo.endsWith(u':'))
+        rotulo.chop(1);
+    return rotulo;
+}
+
+} // namespace
+
 void nombrar(QWidget *campo, const QString &rotulo)
 {
-    QString nombre = rotulo;
-    nombre.remove(u'&');
-    if (nombre.endsWith(u':'))
-        nombre.chop(1);
-    campo->setAccessibleName(nombre);
+    campo->setAccessibleName(sinAdornos(rotulo));
+}
+
+QString nombreDe(const QWidget &campo, const QString &otro)
+{
+    if (!campo.accessibleName().isEmpty())
+        return campo.accessibleName();
+    for (const QLabel *rotulo : campo.window()->findChildren<QLabel *>()) {
+        if (rotulo->buddy() != &campo)
+            continue;
+        const bool conFormato = rotulo->textFormat() == Qt::RichText ||
+                                (rotulo->textFormat() == Qt::AutoText && Qt::mightBeRichText(rotulo->text()));
+        return sinAdornos(conFormato ? QTextDocumentFragment::fromHtml(rotulo->text()).toPlainText() : rotulo->text());
+    }
+    return otro;
 }
 
 QLabel *nuevoRotulo(const QString &texto, QWidget *campo, QWidget *padre, const QString &nombre)
