@@ -40,6 +40,8 @@ struct Vista
     {
         return d.findChild<Widget *>(QLatin1StringView(nombre));
     }
+    /// Without its underlined letter.
+    QString rotulo(const char *nombre) const { return campo(nombre)->property("text").toString().remove(u'&'); }
     Rejilla *lista() const { return d.findChild<Rejilla *>(); }
     bool porCriterios() const { return modelo != 2 && modelo != 5 && modelo < 7; }
     /// The box of the description.

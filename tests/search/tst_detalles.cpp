@@ -171,7 +171,7 @@ private Q_SLOTS:
         for (const QStringList &caso : tabla(u"→10|841|24|2|1|3;1→2|1|3;0→1|3;quizá→1|3"_s)) {
             m->empresa.valores[u"OficinaCentral"_s] = caso[0];
             m->abrir(6, [&](const Vista &v) {
-                QCOMPARE(v.campo<QCheckBox>("chkSurtido")->text(), u"Sólo mostrar artículos en Surtido"_s);
+                QCOMPARE(v.rotulo("chkSurtido"), u"Sólo mostrar artículos en Surtido"_s);
                 v.campo("chkSurtido")->setFocus();
                 if (!caso[0].isEmpty())
                     v.pulsa(Qt::Key_Space);

@@ -154,7 +154,7 @@ private Q_SLOTS:
                     u" (0, 0, 7, 'AZUL'), (0, 0, 33, 'VERDE')"_s);
         m->abrir(1, [&](const Vista &v) {
             auto *caja = v.campo<QLineEdit>("txtAlternativo1");
-            QCOMPARE(v.campo<QLabel>("lblAlternativo1")->text(), u"Estilo:"_s);
+            QCOMPARE(v.rotulo("lblAlternativo1"), u"Estilo:"_s);
             v.escribe("txtAlternativo1", u"X"_s);
             const auto elegir = [&](const char *boton) {
                 m->conductor.con<frmAlternativos_Eleccion>([boton](frmAlternativos_Eleccion &f) {

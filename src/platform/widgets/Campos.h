@@ -17,6 +17,8 @@ void nombrar(QWidget *campo, const QString &rotulo);
 QString nombreDe(const QWidget &campo, const QString &otro);
 /// A button that no Enter presses by accident.
 QPushButton *nuevoBoton(const QString &texto, const QString &nombre, QWidget *padre);
+/// Gives each label of a field, and each button, that has none a letter of its own for Alt.
+void ponerMnemonicos(QWidget &forma);
 /// Tab goes along this list.
 void tabular(const QWidgetList &orden);
 
