@@ -61,7 +61,7 @@ QLayout *Documento::cabecera()
     m_cliente->setAccessibleName(u"Cliente"_s);
     m_cliente->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_almacen = nombrado<QComboBox>(u"cboAlmacen"_s);
-    m_almacen->setMinimumContentsLength(22);
+    m_almacen->setMinimumContentsLength(16);
     connect(m_cliente, &SelectorCodigo::Cambio, this, &Documento::ponerContexto);
     connect(m_almacen, &QComboBox::currentIndexChanged, this, &Documento::ponerContexto);
     return enFila({rotulo(u"&Cliente:"_s, m_cliente->caja()), m_cliente, rotulo(u"Al&macén:"_s, m_almacen), m_almacen});
@@ -75,14 +75,13 @@ QWidget *Documento::entrada()
     m_unidades->setNumerico(true);
     m_unidades->setDecimales(3);
     m_unidades->setMaxLength(14); // a barcode, too: the next item, scanned too soon
-    m_unidades->setFixedWidth(90);
+    m_unidades->setFixedWidth(fontMetrics().horizontalAdvance(u"9999999,999"_s) + 16);
     m_precio = nombrado<QLabel>(u"lblPrecio"_s);
-    m_precio->setMinimumWidth(110);
     m_escaner = nombrado<nvCheckBox>(u"chkEscaner"_s, u"Modo &escáner"_s);
     m_escaner->setToolTip(u"Cada artículo leído es una línea de una unidad."_s);
     m_anadir = nombrado<QPushButton>(u"cmdAnadir"_s, u"Aña&dir"_s);
-    auto *ayuda = new QLabel(u"F3 busca · .referencia · *ref. cliente · +PLU · /barras"_s);
-    ayuda->setForegroundRole(QPalette::PlaceholderText);
+    auto *ayuda = new QLabel(u"F3 busca · .referencia · *ref. cliente · +PLU · /\u2060barras"_s);
+    ayuda->setWordWrap(true);
 
     auto *marco = new QFrame;
     marco->setFrameShape(QFrame::StyledPanel);
@@ -90,7 +89,8 @@ QWidget *Documento::entrada()
     rejilla->addWidget(m_rotuloArticulo, 0, 0);
     rejilla->addLayout(m_lugarArticulo, 0, 1);
     rejilla->addWidget(rotulo(u"&Unidades:"_s, m_unidades), 1, 0);
-    rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, ayuda, m_anadir}), 1, 1);
+    rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, m_anadir}), 1, 1);
+    rejilla->addWidget(ayuda, 2, 1);
     connect(m_unidades, &nvTextBox::Intro, this, [this](bool &tratada) {
         tratada = true;
         const QString escrito = m_unidades->text();
@@ -304,8 +304,7 @@ void Documento::pedirArticulo(int fila, bool buscando)
     if (const int otra = m_lineas->siguienteEnEspera(fila))
         m_lineas->enfocar(otra);
     if (!hallado)
-        decir(&m_lineas->rejilla(),
-              u"«%1» sigue sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s.arg(leido));
+        decir(m_lineas->lugarDeAviso(), u"«%1» sigue sin artículo."_s.arg(leido));
 }
 
 /// And with it whatever else was read that has its item by now.
@@ -406,7 +405,7 @@ bool Documento::nadaEnEspera()
     if (fila == 0)
         return true;
     m_lineas->enfocar(fila);
-    decir(&m_lineas->rejilla(), u"Hay líneas sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s);
+    decir(m_lineas->lugarDeAviso(), u"Hay líneas sin artículo."_s);
     return false;
 }
 

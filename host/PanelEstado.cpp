@@ -27,7 +27,6 @@ QWidget *PanelEstado::grupoComponente()
                                   u"Valor_CualidadX"_s, u"Valor_CualidadY"_s, u"Nombre_CualidadX"_s,
                                   u"Nombre_CualidadY"_s, u"Proveedor"_s, u"MultiCodigo"_s, u"MultiDescripcion"_s}) {
         auto *titulo = new QLabel(nombre);
-        titulo->setForegroundRole(QPalette::PlaceholderText);
         auto *valor = nombrado<QLabel>(u"estado"_s + nombre);
         valor->setTextFormat(Qt::PlainText);
         valor->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -50,7 +49,9 @@ PanelEstado::PanelEstado(QWidget *padre)
     m_sentencias->setReadOnly(true);
     m_sentencias->setMaximumBlockCount(LineasGuardadas);
     m_sentencias->setTabChangesFocus(true);
-    m_sentencias->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont fija = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fija.setPointSizeF(font().pointSizeF());
+    m_sentencias->setFont(fija);
     auto *limpiar = nombrado<QPushButton>(u"cmdLimpiar"_s, u"&Limpiar"_s);
     connect(limpiar, &QPushButton::clicked, this, &PanelEstado::limpiarSentencias);
     auto *columna = new QVBoxLayout(this);
