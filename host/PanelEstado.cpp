@@ -3,6 +3,7 @@
 #include "Formas.h"
 #include "Propiedades.h"
 #include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/EtiquetaElidida.h"
 
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -27,9 +28,7 @@ QWidget *PanelEstado::grupoComponente()
                                   u"Valor_CualidadX"_s, u"Valor_CualidadY"_s, u"Nombre_CualidadX"_s,
                                   u"Nombre_CualidadY"_s, u"Proveedor"_s, u"MultiCodigo"_s, u"MultiDescripcion"_s}) {
         auto *titulo = new QLabel(nombre);
-        auto *valor = nombrado<QLabel>(u"estado"_s + nombre);
-        valor->setTextFormat(Qt::PlainText);
-        valor->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        auto *valor = nombrado<EtiquetaElidida>(u"estado"_s + nombre);
         // A long list of codes must not widen the window.
         valor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         valor->setAccessibleName(nombre);
@@ -112,11 +111,8 @@ void PanelEstado::mostrar()
     }
     if (!m_articulo)
         return;
-    for (QLabel *rotulo : m_valores) {
-        const QString valor = propiedades::leida(*m_articulo, rotulo->accessibleName()).value_or(QString());
-        rotulo->setText(valor);
-        rotulo->setToolTip(valor.toHtmlEscaped());
-    }
+    for (QLabel *rotulo : m_valores)
+        rotulo->setText(propiedades::leida(*m_articulo, rotulo->accessibleName()).value_or(QString()));
 }
 
 } // namespace mostrador
