@@ -15,6 +15,7 @@
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
@@ -104,6 +105,8 @@ QWidget *Documento::entrada()
     });
     connect(m_anadir, &QPushButton::clicked, this, &Documento::anadirActual);
     connect(m_escaner, &QCheckBox::toggled, this, [this](bool activo) {
+        if (m_articulo->Existe())
+            anadirActual();
         m_articulo->setKeyEnterChangeFocus(!activo);
         Q_EMIT Aviso(activo ? u"Modo escáner: cada artículo leído es una línea."_s : QString());
         siguienteArticulo();
@@ -235,9 +238,11 @@ bool Documento::leidoSinPreguntar()
     const bool varios = lectura.hallazgo == LecturaCallada::eHallazgo::Varios;
     m_lineas->anadirEnEspera(leido, varios ? u"VARIOS ARTÍCULOS"_s : u"SIN ARTÍCULO"_s);
     siguienteArticulo();
-    Q_EMIT Aviso(!lectura.error.isEmpty() ? lectura.error
-                 : varios                 ? u"Varios artículos: %1"_s.arg(leido)
-                                          : u"No existe: %1"_s.arg(leido));
+    decir(m_articulo, !lectura.error.isEmpty() ? lectura.error
+                      : varios                 ? u"«%1» es de varios artículos."_s.arg(leido)
+                                               : u"«%1» no existe."_s.arg(leido));
+    // Nobody looks at the screen while he scans.
+    QApplication::beep();
     return true;
 }
 
@@ -307,10 +312,12 @@ void Documento::pedirArticulo(int fila, bool buscando)
         decir(m_lineas->lugarDeAviso(), u"«%1» sigue sin artículo."_s.arg(leido));
 }
 
-/// And with it whatever else was read that has its item by now.
+/// And with it what was read alike, and whatever else has its item by now.
 void Documento::asentar(int fila, const QString &codigo, const QString &descripcion)
 {
-    m_lineas->asentar(fila, linea(codigo, descripcion, Moneda::deUnidades(1)));
+    const QString este = m_lineas->leido(fila);
+    const LineaArticulo suya = linea(codigo, descripcion, Moneda::deUnidades(1));
+    m_lineas->asentar(fila, suya);
     for (int otra = 1; otra <= m_lineas->numero(); ++otra) {
         const QString leido = m_lineas->leido(otra);
         if (leido.isEmpty())
@@ -318,6 +325,8 @@ void Documento::asentar(int fila, const QString &codigo, const QString &descripc
         const LecturaCallada lectura = LecturaCallada::de(leido, *m_articulo, *m_base);
         if (lectura.hallazgo == LecturaCallada::eHallazgo::Articulo)
             m_lineas->asentar(otra, linea(lectura.codigo, lectura.descripcion, Moneda::deUnidades(1)));
+        else if (leido == este && lectura.hallazgo == LecturaCallada::eHallazgo::Nada)
+            m_lineas->asentar(otra, suya);
     }
 }
 
@@ -378,9 +387,14 @@ QString Documento::descripcionActual() const
 
 bool Documento::anadirActual()
 {
-    // What came from F3 has its description but has not been looked up yet.
-    if (!m_articulo->Existe() && m_articulo->Pendiente() && esNumerico(m_articulo->Text()))
-        m_articulo->Cargar();
+    // With the focus in the box, or what F3 has brought: as Enter would find it. What is not found stays to be seen.
+    if (m_articulo->Pendiente() && !m_articulo->Text().trimmed().isEmpty()) {
+        const nvArticulo::eConfirmacion hay = m_articulo->Confirmar();
+        if (hay == nvArticulo::eConfirmacion::NoExiste)
+            decir(m_articulo, u"«%1» no existe."_s.arg(m_articulo->Text()));
+        if (hay != nvArticulo::eConfirmacion::Existe)
+            return false;
+    }
     if (!m_articulo->Existe()) {
         m_articulo->setFocus();
         decir(m_articulo, u"Indique primero un artículo."_s);
@@ -397,6 +411,12 @@ bool Documento::anadirActual()
     m_lineas->anadir(linea(m_articulo->Codigo(), descripcionActual(), unidades));
     siguienteArticulo();
     return true;
+}
+
+/// Nothing in the box that is not a line yet.
+bool Documento::asentarActual()
+{
+    return (m_articulo->Text().trimmed().isEmpty() && !m_articulo->Existe()) || anadirActual();
 }
 
 bool Documento::nadaEnEspera()
@@ -429,7 +449,7 @@ void Documento::alVaciar()
 
 void Documento::finalizar()
 {
-    if (!nadaEnEspera() || (m_articulo->Existe() && !anadirActual()))
+    if (!nadaEnEspera() || !asentarActual())
         return;
     const int lineas = m_lineas->numero();
     const QString total = m_lineas->total().textoAgrupado();

@@ -70,7 +70,9 @@ private:
     bool anadirActual();
     LineaArticulo linea(const QString &codigo, const QString &descripcion, Moneda unidades);
     QString descripcionActual() const;
+    bool asentarActual();
     bool nadaEnEspera();
+    bool puedeVaciarse();
     void alVaciar();
     void finalizar();
     void vaciar();

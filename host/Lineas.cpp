@@ -1,6 +1,7 @@
 #include "Lineas.h"
 
 #include "Formas.h"
+#include "platform/widgets/Aviso.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -134,7 +135,7 @@ void Lineas::quitarActual()
 {
     const int fila = m_rejilla->filaActual();
     if (fila < 1 || fila > numero())
-        return;
+        return nv::Aviso::mostrar(m_rejilla, u"No hay ninguna línea elegida."_s);
     m_lineas.erase(m_lineas.begin() + fila - 1);
     m_rejilla->clearSpans();
     m_rejilla->vaciar();
