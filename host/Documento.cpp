@@ -277,6 +277,8 @@ void Documento::pedirArticulo(int fila, bool buscando)
     const QString leido = m_lineas->leido(fila);
     if (leido.isEmpty()) {
         m_articulo->setFocus();
+        if (buscando)
+            pulsarEnCaja(Qt::Key_F3, {});
         return;
     }
     if (m_articulo->Existe() && !anadirActual())
@@ -342,8 +344,13 @@ void Documento::empezar(const QString &caracteres)
 void Documento::leer(const QString &codigo)
 {
     empezar(codigo);
-    QKeyEvent intro(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
-    QCoreApplication::sendEvent(m_articulo->focusProxy(), &intro);
+    pulsarEnCaja(Qt::Key_Return, u"\r"_s);
+}
+
+void Documento::pulsarEnCaja(Qt::Key tecla, const QString &texto)
+{
+    QKeyEvent evento(QEvent::KeyPress, tecla, Qt::NoModifier, texto);
+    QCoreApplication::sendEvent(m_articulo->focusProxy(), &evento);
 }
 
 void Documento::anadirVarios()

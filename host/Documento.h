@@ -70,6 +70,7 @@ private:
     bool anadirActual();
     LineaArticulo linea(const QString &codigo, const QString &descripcion, Moneda unidades);
     QString descripcionActual() const;
+    void pulsarEnCaja(Qt::Key tecla, const QString &texto);
     bool asentarActual();
     bool nadaEnEspera();
     bool puedeVaciarse();

@@ -33,14 +33,12 @@ bool Lector::eventFilter(QObject *objeto, QEvent *evento)
     // Nor is the line feed an answer to what the scan has opened.
     if (QApplication::activeModalWidget())
         return teclas::esIntro(tecla) && m_acabada && sigue(tecla);
-    if (!m_caja || !m_caja->isEnabled())
-        return false;
-    if (!esDeLaVentana(widget))
+    if (!m_caja || !m_caja->isEnabled() || !esDeLaVentana(widget))
         return false;
     if (teclas::esTexto(tecla))
         return caracter(widget, tecla);
     const bool acaba = teclas::esIntro(tecla) || tecla.key() == Qt::Key_Tab;
-    return acaba && tecla.timestamp() != 0 && final(widget, tecla);
+    return acaba && tecla.timestamp() != 0 && fin(widget, tecla);
 }
 
 /// The one that the key is meant for: its parents are offered what it does not take.
@@ -82,7 +80,7 @@ bool Lector::caracter(QWidget &widget, const QKeyEvent &tecla)
     return true;
 }
 
-bool Lector::final(QWidget &widget, const QKeyEvent &tecla)
+bool Lector::fin(QWidget &widget, const QKeyEvent &tecla)
 {
     const bool seguida = sigue(tecla);
     const QString rafaga = seguida && m_donde == &widget ? std::exchange(m_rafaga, {}) : QString();
