@@ -21,7 +21,7 @@ struct FichaAlta
     QString referencia;
     qint32 marca = 0;
     QString temporada;
-    QString impuesto; ///< a number with a decimal point
+    QString impuesto; ///< a number
     std::array<qint32, 3> familias{};
     std::array<bool, 3> familiaEscrita{};
     std::array<std::optional<qint16>, 2> cualidades; ///< nothing: not chosen

@@ -74,7 +74,6 @@ void CamposCreacion::crear(QWidget *formulario)
     impuesto = nuevo<nvTextBox>(formulario, u"txtImpuesto"_s);
     impuesto->setNumerico(true);
     impuesto->setConSigno(false);
-    impuesto->setDecimales(2);
     impuesto->setMaxLength(5);
     porcentaje = nuevo<QLabel>(formulario, u"lblPIgic"_s);
     familias = new CascadaFamilias(formulario);
@@ -187,7 +186,7 @@ CamposDescripcion CamposCreacion::paraDescripcion() const
 
 QString CamposCreacion::textoImpuesto() const
 {
-    return ValTexto(impuesto->text().replace(u',', u'.'));
+    return ValTexto(impuesto->text());
 }
 
 void CamposCreacion::poner(const DatosCreacion &datos, ::cEmpresa &empresa, Conexion &conexion,

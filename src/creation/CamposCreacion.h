@@ -62,7 +62,7 @@ private:
     void crear(QWidget *formulario);
     void colocar(QWidget *formulario);
     void ponerFamilias(const DatosCreacion &datos, ::cEmpresa &empresa, Conexion &conexion, mensajes::Fallos &fallos);
-    /// The tax box's number with a decimal point.
+    /// The tax box's number.
     QString textoImpuesto() const;
 
     std::array<QLabel *, 2> m_rotulosCualidad;

@@ -25,12 +25,12 @@ private Q_SLOTS:
         Escenario e;
         e.empresa.valores[u"EsUlvaro"_s] = u"1"_s;
         QVERIFY(e.corre(uR"(
-            todo 00321 L'ORÉAL-1; txtImpuesto = 1,5; txtCodBarras = 96385074; -> chkUnidadesDecimales; Espacio
+            todo 00321 L'ORÉAL-1; txtImpuesto = ,2; txtCodBarras = 96385074; -> chkUnidadesDecimales; Espacio
             Enter; foco ? txtCodBarras; F9)"_s));
         QVERIFY(e.forma->Aceptado && e.dicho().isEmpty());
         for (const auto &[columnas, filas] : casos<2>(uR"(
             Descripcion, Desc_Ticket, FAlta FROM Articulos → ROPA ACME SPORT L'ORÉAL-1|ACM L'ORÉAL-1|22/11/2026
-            Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, CualidadX, CualidadY FROM Articulos → 1|5|6|4|1.5|3|4
+            Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, CualidadX, CualidadY FROM Articulos → 1|5|6|4|2|3|4
             NoGenerarSerieEAN, UnidadesDecimales, Temporada, Mod_Ficha FROM Articulos → 0|1|V26|1
             Cod_Empresa, Cod_Almacen FROM Almacen_Articulos → 1|1 1|2
             Cod_Empresa, Cod_Prov, Ref, Principal, Fecha FROM Articulos_Ref → 2|7|L'ORÉAL-1|1|22/11/2026

@@ -2,6 +2,7 @@
 
 #include "nvArticulo/Error.h"
 #include "nvArticulo/Moneda.h"
+#include "platform/datos/ConTipos.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/PatronLike.h"
 #include "platform/datos/Trigramas.h"
@@ -177,6 +178,8 @@ int registrarFunciones(sqlite3 *base)
         codigo = funcion("NV_VALOR_TEXTO", 1, funcionTexto);
     if (codigo == SQLITE_OK)
         codigo = trigramas::registrarFuncion(base);
+    if (codigo == SQLITE_OK)
+        codigo = registrarTipos(base);
     if (codigo == SQLITE_OK)
         codigo = sqlite3_create_function_v2(base, "SUM", 1, Opciones, nullptr, nullptr, pasoSuma, finSuma, nullptr);
     return codigo;
