@@ -67,6 +67,7 @@ public:
     /// One more than the highest code; nothing when the codes are no numbers.
     std::optional<qint64> siguienteCodigo();
     bool Existe(qint32 codigo);
+    qint32 mayorCodigo() const;
     /// An item 0 would read as "none" everywhere else.
     bool cabe(qint32 codigo) const;
     /// Makes the item's row and one per warehouse.

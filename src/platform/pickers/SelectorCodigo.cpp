@@ -157,6 +157,7 @@ void SelectorCodigo::mostrarNombre(const QString &nombre, bool existe)
     m_etiqueta->setPalette(coloresNombre(palette(), existe));
     m_etiqueta->setText(nombre);
     m_caja->setAccessibleDescription(nombre);
+    Q_EMIT Cargado();
 }
 
 bool SelectorCodigo::Cargar()
