@@ -2,11 +2,14 @@
 
 #include "Base.h"
 #include "Formas.h"
+#include "LecturaCallada.h"
 #include "Lineas.h"
 #include "Propiedades.h"
 #include "SelectorCliente.h"
 #include "common/Valores.h"
+#include "control/ClaseEntrada.h"
 #include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/nvCheckBox.h"
@@ -15,7 +18,10 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QKeyEvent>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -36,13 +42,10 @@ Documento::Documento(QWidget *padre)
     columna->addLayout(cabecera());
     columna->addWidget(entrada());
     m_lineas = new Lineas;
-    connect(m_lineas, &Lineas::VaciadoPedido, this, &Documento::vaciar);
+    connect(m_lineas, &Lineas::VaciadoPedido, this, &Documento::alVaciar);
+    connect(m_lineas, &Lineas::FinPedido, this, &Documento::finalizar);
+    connect(m_lineas, &Lineas::ArticuloPedido, this, &Documento::pedirArticulo);
     columna->addWidget(m_lineas, 1);
-    // A scan that begins while the lines have the focus.
-    connect(&m_lineas->rejilla(), &Rejilla::Caracter, this, [this](const QString &caracter) {
-        m_articulo->setFocus();
-        m_articulo->setText(caracter);
-    });
 }
 
 Documento::~Documento()
@@ -92,11 +95,12 @@ QWidget *Documento::entrada()
         tratada = true;
         const QString escrito = m_unidades->text();
         const bool esLectura = escrito.size() > CifrasUnidades && !escrito.contains(u',');
-        if (esLectura)
-            m_unidades->setText(u"1"_s);
-        anadirActual();
-        if (esLectura)
-            m_articulo->Emular_Enter(escrito);
+        if (!esLectura) {
+            anadirActual();
+            return;
+        }
+        m_unidades->setText(u"1"_s);
+        leer(escrito);
     });
     connect(m_anadir, &QPushButton::clicked, this, &Documento::anadirActual);
     connect(m_escaner, &QCheckBox::toggled, this, [this](bool activo) {
@@ -127,6 +131,9 @@ void Documento::crearArticulo()
         if (ascii == teclas::Intro || ascii == 0)
             alResolver();
     });
+    // The word at the box goes with the next key, which may be the scanner's own line feed; this one stays a while.
+    connect(m_articulo, &nvArticulo::NoEncontrado, this,
+            [this](const QString &texto) { Q_EMIT Aviso(u"No existe: %1"_s.arg(texto)); });
     connect(m_articulo, &nvArticulo::Change, this, [this] {
         m_precio->clear();
         Q_EMIT Cambio();
@@ -201,19 +208,44 @@ void Documento::ponerContexto()
     m_articulo->AlmacenStock = static_cast<qint16>(m_almacen->currentData().toInt());
 }
 
-void Documento::alTecla(qint16 codigo)
+void Documento::alTecla(qint16 &codigo)
 {
-    if (codigo == teclas::Intro)
+    if (codigo == teclas::Intro) {
         m_tecleado = m_articulo->Text();
+        if (m_escaner->isChecked() && leidoSinPreguntar())
+            codigo = 0;
+    }
     // F3 has put a list in `MultiCodigo`, or emptied it, when the box asks for several.
     if (codigo == teclas::F3 && m_articulo->MultiResultado && !m_articulo->MultiCodigo().isEmpty())
         anadirVarios();
     Q_EMIT Cambio();
 }
 
+/// In scanner mode nothing pops up: what is not one known item becomes a line that waits, and the next scan may come.
+bool Documento::leidoSinPreguntar()
+{
+    const QString rafaga = std::exchange(m_rafaga, {});
+    const bool cabe = !qobject_cast<CajaTexto *>(m_articulo->focusProxy())->rechazaIncompleto();
+    const QString leido = (cabe ? m_tecleado : rafaga).trimmed();
+    if (leido.isEmpty())
+        return !cabe;
+    const LecturaCallada lectura = cabe ? LecturaCallada::de(leido, *m_articulo, *m_base) : LecturaCallada();
+    if (lectura.hallazgo == LecturaCallada::eHallazgo::Articulo)
+        return false;
+    const bool varios = lectura.hallazgo == LecturaCallada::eHallazgo::Varios;
+    m_lineas->anadirEnEspera(leido, varios ? u"VARIOS ARTÍCULOS"_s : u"SIN ARTÍCULO"_s);
+    siguienteArticulo();
+    Q_EMIT Aviso(!lectura.error.isEmpty() ? lectura.error
+                 : varios                 ? u"Varios artículos: %1"_s.arg(leido)
+                                          : u"No existe: %1"_s.arg(leido));
+    return true;
+}
+
 void Documento::alResolver()
 {
     Q_EMIT Cambio();
+    if (m_asignando)
+        return;
     const QString texto = m_articulo->Text();
     // A search from a typed description that brought several items leaves the description in the box, dealt with.
     const bool varios = !m_articulo->Existe() && !m_articulo->Pendiente() && texto.size() > 2 && !esNumerico(texto) &&
@@ -229,9 +261,81 @@ void Documento::alResolver()
             const std::optional<Moneda> pvp = precio(m_articulo->Codigo());
             m_precio->setText(pvp ? pvp->texto(m_base->empresa().DecimalesPvp()) + u" €"_s : u"sin precio"_s);
         }
-    } else if (!m_articulo->KeyEnterChangeFocus() && !m_tecleado.isEmpty() && texto.isEmpty()) {
-        Q_EMIT Aviso(u"No encontrado: %1"_s.arg(m_tecleado));
+    } else if (m_articulo->Vital() && texto.isEmpty() && m_tecleado.trimmed().isEmpty()) {
+        decir(m_articulo, u"Lea o escriba un artículo; F3 lo busca."_s);
     }
+}
+
+/// What the component offers for the code of a line that waits; the item that comes of it is the line's.
+void Documento::pedirArticulo(int fila, bool buscando)
+{
+    const QString leido = m_lineas->leido(fila);
+    if (leido.isEmpty()) {
+        m_articulo->setFocus();
+        return;
+    }
+    if (m_articulo->Existe() && !anadirActual())
+        return;
+    const QPointer<nvArticulo> articulo(m_articulo);
+    {
+        const QScopedValueRollback<bool> asignando(m_asignando, true);
+        const bool varios = std::exchange(m_articulo->MultiResultado, false);
+        // A number alone is only looked up; as a barcode it can be attached.
+        const bool barras = clasificada(leido) == ClaseEntrada::NumeroLargo;
+        if (buscando)
+            m_articulo->Buscar();
+        else
+            m_articulo->Emular_Enter(barras ? u'/' + leido : leido);
+        if (!articulo)
+            return;
+        m_articulo->MultiResultado = varios;
+        if (!m_articulo->Existe() && m_articulo->Pendiente() && esNumerico(m_articulo->Text()))
+            m_articulo->Cargar();
+    }
+    // Dialogs have been up: the lines may be others by now.
+    const bool sigue = articulo && m_lineas->leido(fila) == leido;
+    const bool hallado = articulo && m_articulo->Existe();
+    if (sigue && hallado)
+        asentar(fila, m_articulo->Codigo(), descripcionActual());
+    if (articulo)
+        siguienteArticulo();
+    if (!sigue)
+        return;
+    if (const int otra = m_lineas->siguienteEnEspera(fila))
+        m_lineas->enfocar(otra);
+    if (!hallado)
+        decir(&m_lineas->rejilla(),
+              u"«%1» sigue sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s.arg(leido));
+}
+
+/// And with it whatever else was read that has its item by now.
+void Documento::asentar(int fila, const QString &codigo, const QString &descripcion)
+{
+    m_lineas->asentar(fila, linea(codigo, descripcion, Moneda::deUnidades(1)));
+    for (int otra = 1; otra <= m_lineas->numero(); ++otra) {
+        const QString leido = m_lineas->leido(otra);
+        if (leido.isEmpty())
+            continue;
+        const LecturaCallada lectura = LecturaCallada::de(leido, *m_articulo, *m_base);
+        if (lectura.hallazgo == LecturaCallada::eHallazgo::Articulo)
+            m_lineas->asentar(otra, linea(lectura.codigo, lectura.descripcion, Moneda::deUnidades(1)));
+    }
+}
+
+void Documento::empezar(const QString &caracteres)
+{
+    // Found, but not yet a line: what begins now is the next one.
+    if (m_articulo->Existe() && !anadirActual())
+        return;
+    m_articulo->setFocus();
+    m_articulo->setText(caracteres);
+}
+
+void Documento::leer(const QString &codigo)
+{
+    empezar(codigo);
+    QKeyEvent intro(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
+    QCoreApplication::sendEvent(m_articulo->focusProxy(), &intro);
 }
 
 void Documento::anadirVarios()
@@ -242,7 +346,7 @@ void Documento::anadirVarios()
     const qsizetype primero = nombres.size() - codigos.size();
     m_lineas->rejilla().setRedibujo(false);
     for (qsizetype i = 0; i < codigos.size(); ++i)
-        anadir(codigos[i], nombres.value(primero + i), Moneda::deUnidades(1));
+        m_lineas->anadir(linea(codigos[i], nombres.value(primero + i), Moneda::deUnidades(1)));
     m_lineas->rejilla().setRedibujo(true);
     siguienteArticulo();
 }
@@ -262,35 +366,85 @@ std::optional<Moneda> Documento::precio(const QString &codigo)
     return std::nullopt;
 }
 
-void Documento::anadir(const QString &codigo, const QString &descripcion, Moneda unidades)
+LineaArticulo Documento::linea(const QString &codigo, const QString &descripcion, Moneda unidades)
 {
-    m_lineas->anadir(codigo, descripcion, unidades, precio(codigo).value_or(Moneda()),
-                     m_base->empresa().DecimalesPvp());
+    return {codigo, descripcion, unidades, precio(codigo).value_or(Moneda()), m_base->empresa().DecimalesPvp()};
 }
 
-void Documento::anadirActual()
+QString Documento::descripcionActual() const
+{
+    return descripcionConCualidades(m_articulo->Nombre(), m_articulo->TieneCualidad(), m_articulo->Nombre_CualidadX(),
+                                    m_articulo->Nombre_CualidadY());
+}
+
+bool Documento::anadirActual()
 {
     // What came from F3 has its description but has not been looked up yet.
     if (!m_articulo->Existe() && m_articulo->Pendiente() && esNumerico(m_articulo->Text()))
         m_articulo->Cargar();
     if (!m_articulo->Existe()) {
-        Q_EMIT Aviso(u"Indique primero un artículo."_s);
         m_articulo->setFocus();
-        return;
+        decir(m_articulo, u"Indique primero un artículo."_s);
+        return false;
     }
     Moneda unidades;
     try {
         unidades = Moneda::deTexto(m_unidades->text().trimmed().replace(u',', u'.'));
     } catch (const Error &) {
-        Q_EMIT Aviso(u"Las unidades no son un número."_s);
         m_unidades->setFocus();
-        return;
+        decir(m_unidades, u"Las unidades no son un número."_s);
+        return false;
     }
-    QString descripcion = m_articulo->Nombre();
-    if (m_articulo->TieneCualidad())
-        descripcion += u" (%1 / %2)"_s.arg(m_articulo->Nombre_CualidadX(), m_articulo->Nombre_CualidadY());
-    anadir(m_articulo->Codigo(), descripcion, unidades);
+    m_lineas->anadir(linea(m_articulo->Codigo(), descripcionActual(), unidades));
     siguienteArticulo();
+    return true;
+}
+
+bool Documento::nadaEnEspera()
+{
+    const int fila = m_lineas->siguienteEnEspera();
+    if (fila == 0)
+        return true;
+    m_lineas->enfocar(fila);
+    decir(&m_lineas->rejilla(), u"Hay líneas sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s);
+    return false;
+}
+
+bool Documento::puedeDejarse()
+{
+    if (!nadaEnEspera())
+        return false;
+    const int lineas = m_lineas->numero();
+    return lineas == 0 || mensajes::preguntar(
+                              window(), u"Mostrador"_s,
+                              lineas == 1 ? u"Se perderá la línea del documento. ¿Desea continuar?"_s
+                                          : u"Se perderán las %1 líneas del documento. ¿Desea continuar?"_s.arg(lineas),
+                              mensajes::Respuesta::No) == mensajes::Respuesta::Si;
+}
+
+void Documento::alVaciar()
+{
+    if (puedeDejarse())
+        vaciar();
+}
+
+void Documento::finalizar()
+{
+    if (!nadaEnEspera() || (m_articulo->Existe() && !anadirActual()))
+        return;
+    const int lineas = m_lineas->numero();
+    const QString total = m_lineas->total().textoAgrupado();
+    vaciar();
+    decir(m_articulo, lineas == 0   ? u"El documento no tiene líneas."_s
+                      : lineas == 1 ? u"Documento terminado: 1 línea, %1 €"_s.arg(total)
+                                    : u"Documento terminado: %1 líneas, %2 €"_s.arg(lineas).arg(total));
+}
+
+/// In the status bar for a while, and at the field until the next key.
+void Documento::decir(QWidget *campo, const QString &texto)
+{
+    Q_EMIT Aviso(texto);
+    nv::Aviso::mostrar(campo, texto);
 }
 
 void Documento::vaciar()

@@ -19,6 +19,7 @@ using namespace nv;
 
 class Base;
 class Lineas;
+struct LineaArticulo;
 class SelectorCliente;
 
 /// The document: customer and warehouse, the item box with its units and price, and the lines.
@@ -38,6 +39,13 @@ public:
     void reiniciar();
     /// Another item box, set as the former one.
     void renovarArticulo();
+    /// Whether the lines may go: not while one waits for its item, and not without a question.
+    bool puedeDejarse();
+    /// A scan that came to another field, and one that begins where no text is typed.
+    void leer(const QString &codigo);
+    void empezar(const QString &caracteres);
+    /// What the scanner sent to the box, which may be more than the box holds.
+    void setRafaga(const QString &rafaga) { m_rafaga = rafaga; }
 
 Q_SIGNALS:
     void ArticuloNuevo(nvArticulo *articulo);
@@ -53,13 +61,21 @@ private:
     void cargarAlmacenes();
     void ponerContexto();
 
-    void alTecla(qint16 codigo);
+    void alTecla(qint16 &codigo);
+    bool leidoSinPreguntar();
     void alResolver();
+    void pedirArticulo(int fila, bool buscando);
+    void asentar(int fila, const QString &codigo, const QString &descripcion);
     void anadirVarios();
-    void anadirActual();
-    void anadir(const QString &codigo, const QString &descripcion, Moneda unidades);
+    bool anadirActual();
+    LineaArticulo linea(const QString &codigo, const QString &descripcion, Moneda unidades);
+    QString descripcionActual() const;
+    bool nadaEnEspera();
+    void alVaciar();
+    void finalizar();
     void vaciar();
     void siguienteArticulo();
+    void decir(QWidget *campo, const QString &texto);
     std::optional<Moneda> precio(const QString &codigo);
 
     Base *m_base = nullptr;
@@ -74,6 +90,8 @@ private:
     QPushButton *m_anadir = nullptr;
     Lineas *m_lineas = nullptr;
     QString m_tecleado; ///< what Enter was pressed on
+    QString m_rafaga;
+    bool m_asignando = false; ///< the box works for a line that waits
 };
 
 } // namespace mostrador

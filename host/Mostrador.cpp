@@ -1,6 +1,7 @@
 #include "Mostrador.h"
 
 #include "Documento.h"
+#include "Lector.h"
 #include "PanelAjustes.h"
 #include "PanelEstado.h"
 #include "guion/Reproductor.h"
@@ -10,9 +11,11 @@
 #include "platform/widgets/Mensajes.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSplitter>
@@ -45,7 +48,10 @@ Mostrador::Mostrador(const Opciones &opciones)
     setCentralWidget(reparto);
     QMenu *archivo = menuBar()->addMenu(u"&Archivo"_s);
     archivo->addAction(u"&Abrir catálogo…"_s, QKeySequence::Open, this, &Mostrador::elegirBase);
-    archivo->addAction(u"&Nuevo catálogo temporal"_s, this, &Mostrador::ponerTemporal);
+    archivo->addAction(u"&Nuevo catálogo temporal"_s, this, [this] {
+        if (m_documento->puedeDejarse())
+            ponerTemporal();
+    });
     archivo->addSeparator();
     archivo->addAction(u"&Salir"_s, QKeySequence(u"Ctrl+Q"_s), this, &QWidget::close);
     // Stays; what happens meanwhile is written over it for a while.
@@ -57,6 +63,12 @@ Mostrador::Mostrador(const Opciones &opciones)
             [this](const QString &texto) { statusBar()->showMessage(texto, 8000); });
     connect(m_documento, &Documento::ArticuloNuevo, m_estado, &PanelEstado::setArticulo);
     connect(m_documento, &Documento::ArticuloNuevo, m_ajustes, &PanelAjustes::setArticulo);
+    auto *lector = new Lector(this);
+    connect(m_documento, &Documento::ArticuloNuevo, lector,
+            [lector](nvArticulo *articulo) { lector->setCaja(qobject_cast<QLineEdit *>(articulo->focusProxy())); });
+    connect(lector, &Lector::Empezada, m_documento, &Documento::empezar);
+    connect(lector, &Lector::Leido, m_documento, &Documento::leer);
+    connect(lector, &Lector::Acabada, m_documento, &Documento::setRafaga);
     resize(1180, 720);
     poner(nullptr);
 }
@@ -161,8 +173,15 @@ void Mostrador::empezar()
         mensajes::mostrar(this, u"Importar"_s, importado, mensajes::Icono::Informacion);
 }
 
+void Mostrador::closeEvent(QCloseEvent *evento)
+{
+    evento->setAccepted(m_documento->puedeDejarse());
+}
+
 void Mostrador::elegirBase()
 {
+    if (!m_documento->puedeDejarse())
+        return;
     const QString ruta = QFileDialog::getOpenFileName(this, u"Abrir catálogo"_s, m_base ? m_base->ruta() : QString(),
                                                       u"Catálogos (*.nv);;Todos los archivos (*)"_s);
     if (!ruta.isEmpty())

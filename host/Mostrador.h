@@ -39,6 +39,9 @@ public:
     Base &base() const { return *m_base; }
     const Documento &documento() const { return *m_documento; }
 
+protected:
+    void closeEvent(QCloseEvent *evento) override;
+
 private:
     QWidget *crearLateral();
     bool ponerTemporal();

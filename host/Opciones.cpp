@@ -19,6 +19,8 @@ Opciones::Opciones(const QStringList &argumentos)
         {u"ulvaro"_s, u"Edición de moda."_s},
         {u"guion"_s, u"Ejecuta un guion («-»: la entrada estándar) y termina."_s, u"FICHERO"_s},
         {u"capturas"_s, u"Carpeta de las imágenes del guion."_s, u"CARPETA"_s},
+        {u"letra"_s, u"Tamaño de la letra, en puntos."_s, u"N"_s},
+        {u"oscuro"_s, u"Colores claros sobre fondo oscuro."_s},
         {u"importar"_s, u"Incorpora artículos de un archivo CSV."_s, u"CSV"_s},
         {u"odbc"_s, u"Base de datos del servidor, por su texto de conexión ODBC."_s, u"TEXTO"_s},
         {u"crear"_s, u"Con --odbc: crea las tablas y un catálogo de demostración en una base vacía."_s},
@@ -42,6 +44,7 @@ Opciones::Opciones(const QStringList &argumentos)
     };
     m_articulos = entre(u"articulos"_s, 1, 5000000).value_or(20000);
     m_modelo = entre(u"modelo"_s, 0, 8);
+    m_letra = entre(u"letra"_s, 6, 48);
 }
 
 } // namespace mostrador

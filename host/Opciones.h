@@ -17,12 +17,14 @@ public:
     QString texto(const QString &opcion) const { return m_lector.value(opcion); }
     int articulos() const { return m_articulos; }
     std::optional<int> modelo() const { return m_modelo; }
+    std::optional<int> letra() const { return m_letra; }
     QString ayuda() const { return m_lector.helpText(); }
 
 private:
     QCommandLineParser m_lector;
     int m_articulos;
     std::optional<int> m_modelo;
+    std::optional<int> m_letra; ///< points
 };
 
 } // namespace mostrador

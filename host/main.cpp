@@ -1,3 +1,4 @@
+#include "Aspecto.h"
 #include "Mostrador.h"
 #include "guion/Reproductor.h"
 #include "nvArticulo/Error.h"
@@ -21,6 +22,7 @@ int main(int argc, char *argv[])
         QCoreApplication::installTranslator(&traductor);
     try {
         const mostrador::Opciones opciones(QCoreApplication::arguments());
+        mostrador::ponerAspecto(opciones.letra(), opciones.hay(u"oscuro"_s));
         if (!opciones.hay(u"help"_s))
             return mostrador::Mostrador(opciones).ejecutar();
         QTextStream(stdout) << opciones.ayuda();

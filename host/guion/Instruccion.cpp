@@ -54,6 +54,13 @@ std::optional<std::pair<QString, QString>> Instruccion::comparacion() const
     return std::pair(entero.first(igual).trimmed(), sinComillas(entero.sliced(igual + 3)));
 }
 
+QString Instruccion::leido() const
+{
+    QString texto = resto;
+    texto.replace(u"\\t"_s, u"\t"_s).replace(u"\\r"_s, u"\r"_s).replace(u"\\n"_s, u"\n"_s);
+    return !texto.isEmpty() && texto.back().isPrint() ? texto + u'\r' : texto;
+}
+
 QString sinComillas(const QString &texto)
 {
     const bool puestas = texto.size() >= 2 && texto.startsWith(u'"') && texto.endsWith(u'"');

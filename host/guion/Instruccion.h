@@ -34,6 +34,8 @@ struct Instruccion
     QStringList palabras() const;
     /// "OBJETO = TEXTO" cut at the first " = " (or a final " ="); the text loses the quotes around it.
     std::optional<std::pair<QString, QString>> comparacion() const;
+    /// As a scanner sends it: an Enter behind it unless it ends in \t, \r or \n.
+    QString leido() const;
     QString primera() const { return resto.section(u' ', 0, 0); }
     QString demas() const { return resto.section(u' ', 1).trimmed(); }
     /// As it was written, with single blanks around the name.

@@ -12,6 +12,7 @@
 #include <QHash>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -53,9 +54,11 @@ void Ordenes::hacer(const Instruccion &orden)
 {
     using Ejecutor = std::function<void(Ordenes &, const Instruccion &)>;
     static const QHash<QString, Ejecutor> ordenes{
-        {u"teclea"_s, [](Ordenes &o, const Instruccion &que) { teclear(o.m_entorno.ventana, sinComillas(que.resto)); }},
+        {u"teclea"_s, [](Ordenes &o, const Instruccion &que) { o.teclear(sinComillas(que.resto)); }},
         {u"escribe"_s, [](Ordenes &o, const Instruccion &que) { o.escribir(que.primera(), sinComillas(que.demas())); }},
-        {u"pulsa"_s, [](Ordenes &o, const Instruccion &que) { pulsar(o.m_entorno.ventana, que.resto); }},
+        {u"pulsa"_s, [](Ordenes &o, const Instruccion &que) { o.pulsar(que.resto); }},
+        {u"teclas"_s, [](Ordenes &o, const Instruccion &que) { o.contarTeclas(que.resto); }},
+        {u"lee"_s, [](Ordenes &o, const Instruccion &que) { leer(o.m_entorno.ventana, que.leido()); }},
         {u"enfoca"_s, [](Ordenes &o, const Instruccion &que) { o.enfocar(que.resto); }},
         {u"clic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), false); }},
         {u"dobleclic"_s, [](Ordenes &o, const Instruccion &que) { o.clic(que.palabras(), true); }},
@@ -120,12 +123,37 @@ void Ordenes::imprimir(const QStringList &lineas)
     m_salida = lineas.join(u"\\n"_s);
 }
 
+/// Counted first: a window that the key opens keeps it.
+void Ordenes::teclear(const QString &texto)
+{
+    m_caracteres += texto.size();
+    guion::teclear(m_entorno.ventana, texto);
+}
+
+void Ordenes::pulsar(const QString &tecla)
+{
+    ++m_teclas;
+    guion::pulsar(m_entorno.ventana, tecla);
+}
+
+void Ordenes::contarTeclas(const QString &admitidas)
+{
+    bool numero = false;
+    const int maximo = admitidas.toInt(&numero);
+    if (!numero)
+        throw GuionMalo{u"teclas N"_s};
+    const int teclas = std::exchange(m_teclas, 0);
+    imprimir({u"teclas %1, caracteres %2"_s.arg(teclas).arg(std::exchange(m_caracteres, 0))});
+    if (teclas > maximo)
+        throw Error{0, u"%1 teclas, se admiten %2"_s.arg(teclas).arg(maximo)};
+}
+
 /// In place of what stands there. Boxes may change the case of what is typed, no more.
 void Ordenes::escribir(const QString &nombre, const QString &texto)
 {
     comprobarFoco(nombre);
-    pulsar(m_entorno.ventana, u"Ctrl+A"_s);
-    teclear(m_entorno.ventana, texto);
+    pulsar(u"Ctrl+A"_s);
+    teclear(texto);
     const QString hay = textoDe(&objeto<QWidget>(nombre));
     if (hay.compare(texto, Qt::CaseInsensitive) != 0)
         throw Error{0, u"%1: hay «%2» después de escribir «%3»"_s.arg(nombre, hay, texto)};
@@ -143,6 +171,7 @@ void Ordenes::clic(const QStringList &palabras, bool doble)
         throw GuionMalo{u"clic OBJETO [FILA COLUMNA]"_s};
     QWidget &widget = aMano(palabras[0]);
     if (palabras.size() == 1) {
+        ++m_teclas;
         const bool casilla = qobject_cast<QCheckBox *>(&widget) != nullptr;
         return pulsarRaton(&widget, casilla ? QPoint(8, widget.height() / 2) : widget.rect().center(), doble);
     }
@@ -151,6 +180,7 @@ void Ordenes::clic(const QStringList &palabras, bool doble)
     const int columna = palabras[2].toInt();
     if (fila >= rejilla.filas() || columna >= rejilla.model()->columnCount())
         throw AunNo{u"%1 no tiene la celda %2 %3"_s.arg(palabras[0], palabras[1], palabras[2])};
+    ++m_teclas;
     const auto [lienzo, lugar] = celda(rejilla, fila, columna);
     pulsarRaton(lienzo, lugar, doble);
 }
@@ -158,8 +188,10 @@ void Ordenes::clic(const QStringList &palabras, bool doble)
 void Ordenes::responder(const QString &boton)
 {
     for (QAbstractButton *candidato : mensaje().buttons()) {
-        if (textoDe(candidato) == boton)
+        if (textoDe(candidato) == boton) {
+            ++m_teclas;
             return candidato->click();
+        }
     }
     throw AunNo{u"el mensaje no tiene botón %1"_s.arg(boton)};
 }
@@ -179,6 +211,8 @@ void Ordenes::reiniciar(const QString &modelo)
         cerrar(modal);
         throw AunNo{u"hay una ventana que no se cierra"_s};
     }
+    m_teclas = 0;
+    m_caracteres = 0;
     m_entorno.reinicia(modelo.isEmpty() ? std::nullopt : std::optional(modelo.toInt()));
 }
 

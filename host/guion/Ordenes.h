@@ -41,6 +41,9 @@ public:
 private:
     void escribir(const QString &nombre, const QString &texto);
     void enfocar(const QString &nombre);
+    void teclear(const QString &texto);
+    void pulsar(const QString &tecla);
+    void contarTeclas(const QString &admitidas);
     void clic(const QStringList &palabras, bool doble);
     void responder(const QString &boton);
     void poner(const QString &nombre, const QString &valor);
@@ -60,7 +63,9 @@ private:
 
     Entorno m_entorno;
     std::function<void(const QString &)> m_decir;
-    QString m_salida; ///< what the last command that prints has printed, in one line
+    QString m_salida;           ///< what the last command that prints has printed, in one line
+    int m_teclas = 0;           ///< keys, clicks and answers since the last count
+    qsizetype m_caracteres = 0; ///< and what was typed
     bool m_traza = false;
 };
 

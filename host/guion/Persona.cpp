@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QHeaderView>
 #include <QKeySequence>
@@ -14,6 +15,17 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+
+/// The window system's door, declared here because its header is not among the public ones.
+class QWindowSystemInterface
+{
+public:
+    struct AsynchronousDelivery
+    {};
+    template <typename Entrega>
+    static bool handleKeyEvent(QWindow *ventana, QEvent::Type tipo, int tecla, Qt::KeyboardModifiers modificadores,
+                               const QString &texto, bool repetida, ushort veces);
+};
 
 namespace mostrador::guion {
 
@@ -29,6 +41,16 @@ void enviar(QWidget *principal, const Tecla &...tecla)
     QTest::sendKeyEvent(QTest::Press, destino, tecla...);
     if (QWidget *despues = conFoco(principal))
         QTest::sendKeyEvent(QTest::Release, despues, tecla...);
+}
+
+/// A hand does not press Enter twice within a tenth of a second; a scanner does.
+void tomarAliento()
+{
+    constexpr qint64 pausa = 120; // ms
+    static QElapsedTimer ultimo;
+    if (ultimo.isValid() && !ultimo.hasExpired(pausa))
+        QTest::qSleep(static_cast<int>(pausa - ultimo.elapsed()));
+    ultimo.start();
 }
 
 } // namespace
@@ -122,6 +144,8 @@ void pulsar(QWidget *principal, const QString &nombre)
     const Qt::KeyboardModifiers modificadores = secuencia[0].keyboardModifiers();
     const bool atras = secuencia[0].key() == Qt::Key_Tab && (modificadores & Qt::ShiftModifier);
     const Qt::Key tecla = atras ? Qt::Key_Backtab : secuencia[0].key();
+    if (tecla == Qt::Key_Return)
+        tomarAliento();
     enviar(principal, tecla, QTest::keyToAscii(tecla), modificadores);
 }
 
@@ -132,6 +156,20 @@ void teclear(QWidget *principal, const QString &texto)
     for (const char32_t c : caracteres)
         enviar(principal, static_cast<Qt::Key>(QChar::toUpper(c)), QString::fromUcs4(&c, 1),
                QChar::isUpper(c) ? Qt::ShiftModifier : Qt::NoModifier);
+}
+
+void leer(QWidget *principal, const QString &texto)
+{
+    using Sistema = QWindowSystemInterface;
+    // To whichever window has the focus by then; under an unfolded list that is still the one below.
+    QWindow *ventana = QApplication::activePopupWidget() ? principal->windowHandle() : nullptr;
+    for (const QChar c : texto) {
+        const bool fin = c == u'\r' || c == u'\n';
+        const int tecla = fin ? int(Qt::Key_Return) : c == u'\t' ? int(Qt::Key_Tab) : int(c.toUpper().unicode());
+        for (const QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease})
+            Sistema::handleKeyEvent<Sistema::AsynchronousDelivery>(ventana, tipo, tecla, Qt::NoModifier, QString(c),
+                                                                   false, 1);
+    }
 }
 
 void pulsarRaton(QWidget *widget, QPoint lugar, bool doble)

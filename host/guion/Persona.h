@@ -36,6 +36,8 @@ QStringList leido(const QMessageBox &caja);
 void pulsar(QWidget *principal, const QString &tecla);
 /// Each character to whoever has the focus by then. Throws Error when that is nobody.
 void teclear(QWidget *principal, const QString &texto);
+/// A scanner's burst, queued as the window system brings it: nothing is delivered before the event loop turns.
+void leer(QWidget *principal, const QString &texto);
 void pulsarRaton(QWidget *widget, QPoint lugar, bool doble);
 /// As Esc or the cross in its title does.
 void cerrar(QWidget *ventana);

@@ -6,14 +6,19 @@
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Mensajes.h"
+#include "platform/widgets/Rafaga.h"
 #include "platform/widgets/Rejilla.h"
+#include "platform/widgets/Teclas.h"
 #include "search/piezas/FranjaMensaje.h"
 #include "search/piezas/PunteroEspera.h"
 #include "search/sql/Condiciones.h"
 #include "search/sql/CopiaBusqueda.h"
 
 #include <QAbstractItemModel>
+#include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +31,20 @@ BusquedaBase::BusquedaBase(QWidget *padre)
 {
     m_resultado->setObjectName(u"lblResultado"_s);
     m_resultado->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // whole, before any other label
+    setSizeGripEnabled(true);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
     setWindowTitle(u"Búsqueda de Artículos"_s);
     m_rejilla->setObjectName(u"vsListado"_s);
     m_rejilla->setAccessibleName(u"Artículos encontrados"_s);
-    connect(m_rejilla, &Rejilla::Intro, this, &BusquedaBase::Aceptar);
+    connect(m_rejilla, &Rejilla::Intro, this, &BusquedaBase::alIntro);
+    connect(m_rejilla, &Rejilla::FilaCambiada, this, [this](int fila) {
+        if (fila > 1)
+            m_trasIntro.invalidate();
+        decirResultado();
+    });
+    m_rejilla->installEventFilter(this);
+    // Rows that come while the list is walked.
+    connect(m_rejilla->model(), &QAbstractItemModel::rowsInserted, this, &BusquedaBase::decirResultado);
 }
 
 void BusquedaBase::MostrarModal()
@@ -37,9 +52,20 @@ void BusquedaBase::MostrarModal()
     if (!cEmpresa)
         throw errores::sinEmpresa();
     const QPointer<BusquedaBase> vivo(this);
+    trasIntro();
     alAbrir();
-    if (vivo)
-        ejecutar();
+    if (!vivo)
+        return;
+    m_conIntro = false;
+    ejecutar();
+}
+
+void BusquedaBase::dimensionar(int ancho, int alto)
+{
+    // The height leaves room for the title bar.
+    const QSize pantalla = screen()->availableGeometry().size();
+    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
+    resize(QSize(ancho, alto).expandedTo(minimumSizeHint()).boundedTo(sitio));
 }
 
 void BusquedaBase::Aceptar()
@@ -111,30 +137,66 @@ bool BusquedaBase::buscar(const std::function<void()> &busqueda)
             return;
         busqueda();
         if (vivo)
-            m_tope = limite().value_or(0);
+            m_tope = limite();
     });
     if (!hecha || !vivo)
         return false;
+    m_buscado = true;
+    if (std::exchange(m_conIntro, false))
+        m_trasIntro.start();
+    else
+        m_trasIntro.invalidate();
     decirResultado();
-    // Rows that come while the list is walked.
-    connect(m_rejilla->model(), &QAbstractItemModel::rowsInserted, this, &BusquedaBase::decirResultado,
-            Qt::UniqueConnection);
     return true;
 }
 
-/// In place of silence: an empty list, and one that the company's limit has cut, look like any other.
+/// In place of silence: an empty list, one that the company's limit has cut, and one that is sorted in part look like any
+/// other.
 void BusquedaBase::decirResultado()
 {
+    if (!m_buscado)
+        return;
     const int filas = m_rejilla->filasDatos();
-    const QString mas = masRegistros();
-    QString texto = filas == 1 ? u"%1 artículo"_s : u"%1 artículos"_s;
-    if (filas == 0)
-        texto = u"No hay artículos así"_s;
-    else if (m_tope > 0 && filas >= m_tope)
-        texto = u"%1 mostrados, hay más"_s;
-    else if (!mas.isEmpty())
-        texto = mas;
-    m_resultado->setText(filas == 0 ? texto : texto.arg(filas));
+    const int actual = m_rejilla->filaActual();
+    const bool cortada = m_tope && filas >= *m_tope;
+    QString texto = u"No hay artículos así"_s;
+    if (m_tope == 0)
+        texto = u"Articulos_BusquedaCantMax es 0: no se muestra nada"_s;
+    else if (filas > 0)
+        texto = (actual > 0 ? u"%1 de %2"_s.arg(actual).arg(filas) : QString::number(filas)) +
+                (cortada || siguenMas() ? u" mostrados"_s
+                 : filas == 1           ? u" artículo"_s
+                                        : u" artículos"_s);
+    if (filas > 0 && (cortada || siguenMas()))
+        texto += cortada ? u", hay más"_s : u", siguen más abajo"_s;
+    if (filas > 0 && (cortada || siguenMas()) && ordenadas())
+        texto += u" sin ordenar"_s;
+    if (const int marcadas = cuantasMarcadas(); marcadas > 0)
+        texto += marcadas == 1 ? u" · 1 marcado"_s : u" · %1 marcados"_s.arg(marcadas);
+    m_resultado->setText(texto);
+}
+
+void BusquedaBase::showEvent(QShowEvent *evento)
+{
+    FormularioModal::showEvent(evento);
+    if (m_trasIntro.isValid())
+        m_trasIntro.start();
+}
+
+bool BusquedaBase::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (evento->type() == QEvent::KeyPress && objeto == m_rejilla &&
+        !teclas::esIntro(*static_cast<QKeyEvent *>(evento)))
+        m_trasIntro.invalidate();
+    return FormularioModal::eventFilter(objeto, evento);
+}
+
+void BusquedaBase::alIntro()
+{
+    const bool segundo = m_trasIntro.isValid() && !m_trasIntro.hasExpired(Rafaga::Plazo);
+    m_trasIntro.invalidate();
+    if (!segundo)
+        Aceptar();
 }
 
 std::optional<qint32> BusquedaBase::limite() const

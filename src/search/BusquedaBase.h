@@ -5,6 +5,7 @@
 #include "platform/widgets/FormularioModal.h"
 #include "search/piezas/Eleccion.h"
 
+#include <QElapsedTimer>
 #include <QVariant>
 #include <functional>
 #include <optional>
@@ -49,12 +50,25 @@ protected:
     /// Select list of the copy into `Articulos_Buscar`.
     virtual Fragmento listaCopia() const;
     void aceptar() override { Aceptar(); }
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+    void showEvent(QShowEvent *evento) override;
 
     Rejilla *rejilla() const { return m_rejilla; }
     /// How many there are, for the foot of the form (`lblResultado`).
     EtiquetaElidida *resultado() const { return m_resultado; }
-    /// What to say of the number of rows while more of them are still to come; empty: all are there.
-    virtual QString masRegistros() const { return {}; }
+    /// Whether rows of the search are still to be read.
+    virtual bool siguenMas() const { return false; }
+    /// Whether the user has sorted the rows on screen.
+    virtual bool ordenadas() const { return false; }
+    /// How many rows the user has marked, on screen or in a list before it.
+    virtual int cuantasMarcadas() const { return 0; }
+    /// To be told when one of these changes.
+    void decirResultado();
+    /// A search was begun by Enter, here or in the component: a second one that follows the list at once, as some scanners
+    /// send it, must not take the first row.
+    void trasIntro() { m_conIntro = true; }
+    /// The size that the form opens with, in pixels: within the screen, and nothing of it cut.
+    void dimensionar(int ancho, int alto);
     /// The strip that says that a search is running, for the dialogs that have it.
     void ponerFranja();
     /// The next widget of the tab order: before the grid, and after it.
@@ -79,11 +93,14 @@ protected:
 
 private:
     void copiar();
-    void decirResultado();
+    void alIntro();
 
     Rejilla *m_rejilla;
     EtiquetaElidida *m_resultado;
-    qint32 m_tope = 0; ///< row limit of the last search; 0: none
+    std::optional<qint32> m_tope; ///< row limit of the last search
+    bool m_buscado = false;
+    bool m_conIntro = false;   ///< the search that comes was begun by Enter
+    QElapsedTimer m_trasIntro; ///< since such a one
     FranjaMensaje *m_franja = nullptr;
     Sentencia m_ultima;
     QWidgetList m_antes;

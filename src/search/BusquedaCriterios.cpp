@@ -24,15 +24,27 @@ BusquedaCriterios::BusquedaCriterios(QWidget *padre, const ConfiguracionCriterio
     , m_panel(new PanelCriterios(this, configuracion.conMarca))
     , m_columna(new QVBoxLayout)
     , m_pie(new QHBoxLayout)
+    , m_contiene(boton(u"F8 - Con * delante"_s, u"cmdContiene"_s, [this] { buscarEnCualquierParte(); }))
     , m_lista(new ListaIncremental(rejilla(), configuracion.bloques))
 {
-    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    ponerColumnas(*rejilla(), configuracion.columnas, configuracion.eleccion);
     if (configuracion.marcadas)
         m_marcadas = new FilasMarcadas(rejilla(), 0, *configuracion.marcadas);
+    if (configuracion.conservaMarcas)
+        m_marcadas->conservar(configuracion.eleccion);
+    if (m_marcadas)
+        connect(m_marcadas, &FilasMarcadas::Cambiadas, this, &BusquedaCriterios::decirResultado);
     for (QWidget *campo : m_panel->campos())
         tabularAntes(campo);
     montarColumna();
-    connect(m_panel, &PanelCriterios::Buscar, this, &BusquedaCriterios::EjecutarBusqueda);
+    m_contiene->setToolTip(u"Busca lo mismo en cualquier parte del texto, no sólo al principio"_s);
+    m_contiene->setFocusPolicy(Qt::NoFocus);
+    m_contiene->hide();
+    connect(m_panel, &PanelCriterios::Buscar, this, [this] {
+        trasIntro();
+        EjecutarBusqueda();
+    });
+    atajo(Qt::Key_F8, [this] { buscarEnCualquierParte(); });
     atajo(Qt::Key_F9, [this] {
         if (m_panel->isVisibleTo(m_panel->parentWidget()))
             EjecutarBusqueda();
@@ -57,13 +69,10 @@ void BusquedaCriterios::montarColumna()
     teclas->setForegroundRole(QPalette::PlaceholderText);
     m_pie->setSpacing(twips::aPixeles(45, this));
     m_pie->addWidget(teclas, 1);
+    m_pie->addWidget(m_contiene);
     m_pie->addWidget(resultado());
     m_pie->addLayout(botonera());
     for (auto *pulsador : {findChild<QPushButton *>(u"cmdAceptar"_s), findChild<QPushButton *>(u"cmdCancelar"_s)}) {
-        // Narrower than the style would have them, but never than their letters.
-        pulsador->setFixedWidth(
-            std::max(twips::aPixeles(1140, this),
-                     fontMetrics().horizontalAdvance(pulsador->text().remove(u'&')) + twips::aPixeles(240, this)));
         pulsador->setMinimumHeight(twips::aPixeles(360, this));
         tabularDespues(pulsador);
     }
@@ -144,6 +153,9 @@ void BusquedaCriterios::llenar()
     const QScopedValueRollback<bool> guarda(m_llenando, true);
     const sql::CriteriosArticulo criterios = m_panel->escritos();
     const Sentencia sentencia = consulta(criterios);
+    // What is refused unsent would be refused again each time that the component hands it back.
+    if (!sentencia.defecto().isEmpty() && m_configuracion.recuerda)
+        olvidarApostrofos();
     Registros registros = ranura::exigida().Abrir(sentencia);
     const LectorFila lector = lectorDeFilas(
         m_configuracion.columnas, registros, [this] { return m_marcadas->celdaNueva(); }, celdasPropias(registros));
@@ -153,6 +165,13 @@ void BusquedaCriterios::llenar()
         m_panel->recordar(criterios, *this);
     alLlenar();
     rejilla()->setFilaActual(1);
+}
+
+void BusquedaCriterios::olvidarApostrofos()
+{
+    for (QString *texto : {&Busqueda_Descripcion, &Busqueda_Codigo, &Busqueda_Referencia})
+        if (texto->contains(u'\''))
+            texto->clear();
 }
 
 void BusquedaCriterios::EjecutarBusqueda()
@@ -167,6 +186,7 @@ void BusquedaCriterios::EjecutarBusqueda()
     if (!buscar([this] { llenar(); }))
         return;
     const bool hay = rejilla()->filasDatos() > 0;
+    ofrecerAsterisco();
     if (hay)
         ordenarTabulacion(true);
     trasBuscar();
@@ -196,9 +216,23 @@ void BusquedaCriterios::escribirNombre(const QString &texto)
     m_panel->nombre()->setText(texto);
 }
 
-QString BusquedaCriterios::masRegistros() const
+int BusquedaCriterios::cuantasMarcadas() const
 {
-    return m_lista->quedan() ? u"%1 mostrados, siguen más abajo"_s : QString();
+    return m_marcadas && MultiResultado ? m_marcadas->cuantas() : 0;
+}
+
+/// A criterion is sought at the beginning: what stands elsewhere is one key away.
+void BusquedaCriterios::ofrecerAsterisco()
+{
+    m_contiene->setVisible(rejilla()->filasDatos() == 0 && m_panel->sinAsterisco());
+}
+
+void BusquedaCriterios::buscarEnCualquierParte()
+{
+    if (!m_contiene->isVisible())
+        return;
+    m_panel->anteponerAsterisco();
+    EjecutarBusqueda();
 }
 
 bool BusquedaCriterios::puedeAceptar() const

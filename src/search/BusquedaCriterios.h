@@ -8,6 +8,7 @@
 #include "search/sql/Condiciones.h"
 
 class QHBoxLayout;
+class QPushButton;
 class QVBoxLayout;
 
 namespace nv {
@@ -21,6 +22,7 @@ struct ConfiguracionCriterios
     bool recuerda = true;                              ///< takes and gives the criteria that the component remembers
     bool ocultaPanel = false;                          ///< the panel makes room for a list that has rows
     std::optional<FilasMarcadas::Signo> marcadas = {}; ///< with several results; in column 0
+    bool conservaMarcas = false;                       ///< what was marked by hand stays so through further searches
     Bloques bloques = {};
     QString teclas = {}; ///< the hint at the foot
 };
@@ -74,14 +76,19 @@ private:
     void montarColumna();
     void conectarRejilla();
     void llenar();
+    void olvidarApostrofos();
     void alDobleClic(int fila, int columna);
     void escribirNombre(const QString &texto);
-    QString masRegistros() const override;
+    bool siguenMas() const override { return m_lista->quedan(); }
+    int cuantasMarcadas() const override;
+    void ofrecerAsterisco();
+    void buscarEnCualquierParte();
 
     ConfiguracionCriterios m_configuracion;
     PanelCriterios *m_panel;
     QVBoxLayout *m_columna;
     QHBoxLayout *m_pie;
+    QPushButton *m_contiene;
     ListaIncremental *m_lista;
     FilasMarcadas *m_marcadas = nullptr;
     bool m_llenando = false;

@@ -20,7 +20,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -34,19 +33,6 @@ constexpr int Alto = 7200;
 constexpr int AnchoMinimo = 6000;
 constexpr int AltoMinimo = 3000;
 
-/// The widths of these lists are made for a small letter: one in which a whole EAN fits its column.
-QFont letraDeLista(const QWidget *lista)
-{
-    constexpr int anchoEan = 1500; // twips
-    constexpr qreal minima = 7;
-    QFont letra = lista->font();
-    const int margenes = 2 * (lista->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lista) + 1);
-    const int sitio = twips::aPixeles(anchoEan, lista) - margenes - 1;
-    while (letra.pointSizeF() > minima && QFontMetrics(letra).horizontalAdvance(u"0000000000000"_s) > sitio)
-        letra.setPointSizeF(letra.pointSizeF() - 0.5);
-    return letra;
-}
-
 } // namespace
 
 BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoLibre &configuracion)
@@ -55,8 +41,7 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoL
     , m_caja(nuevaCaja(configuracion.caja, u"Descripción"_s))
     , m_criterios(new QHBoxLayout)
 {
-    rejilla()->setFont(letraDeLista(rejilla()));
-    rejilla()->setColumnas(columnasVistas(configuracion.columnas));
+    ponerColumnas(*rejilla(), configuracion.columnas, configuracion.eleccion);
     m_marcadas = new FilasMarcadas(rejilla(), 0, FilasMarcadas::Signo::Casilla);
     m_todas = new CasillaTodas(rejilla(), m_marcadas);
     rejilla()->setColumnWidth(0, twips::aPixeles(m_todas->anchoColumna(), this));
@@ -64,11 +49,13 @@ BusquedaTextoLibre::BusquedaTextoLibre(QWidget *padre, const ConfiguracionTextoL
     montar();
     conectarRejilla();
     ponerFranja();
+    connect(m_marcadas, &FilasMarcadas::Cambiadas, this, &BusquedaTextoLibre::decirResultado);
 }
 
 void BusquedaTextoLibre::montar()
 {
     m_criterios->setSpacing(twips::aPixeles(90, this));
+    m_caja->setPlaceholderText(u"Palabras, en cualquier orden"_s);
     m_criterios->addWidget(m_caja, 1);
     auto *columna = new QVBoxLayout(this);
     const int margen = twips::aPixeles(Margen, this);
@@ -83,7 +70,6 @@ void BusquedaTextoLibre::montar()
     for (const QString &nombre : {u"cmdAceptar"_s, u"cmdCancelar"_s})
         tabularDespues(findChild<QPushButton *>(nombre));
     setMinimumSize(twips::aPixeles(AnchoMinimo, this), twips::aPixeles(AltoMinimo, this));
-    setSizeGripEnabled(true);
 }
 
 void BusquedaTextoLibre::conectarRejilla()
@@ -128,6 +114,7 @@ void BusquedaTextoLibre::buscarConIntro(const nvTextBox *caja)
 {
     connect(caja, &nvTextBox::Intro, this, [this](bool &tratada) {
         tratada = true;
+        trasIntro();
         buscarEscrito();
     });
 }
@@ -156,15 +143,12 @@ void BusquedaTextoLibre::escribirEnCaja(const QString &texto)
 }
 
 /// As wide as the columns, within the screen, and in its middle.
-void BusquedaTextoLibre::dimensionar()
+void BusquedaTextoLibre::encajar()
 {
     const QRect pantalla = screen()->availableGeometry();
     const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
                        2 * twips::aPixeles(Margen, this);
-    const QSize natural(rejilla()->horizontalHeader()->length() + bordes, twips::aPixeles(Alto, this));
-    // The whole width before a column is cut; the height leaves room for the title bar.
-    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
-    resize(natural.boundedTo(sitio).expandedTo(minimumSize()));
+    dimensionar(rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this));
     move(pantalla.center() - rect().center());
 }
 
@@ -177,7 +161,7 @@ void BusquedaTextoLibre::alAbrir()
     const bool ajustada = fallos.paso([this] { ajustar(); });
     fallos.paso([this] { leerParametro(); });
     ordenarTabulacion(false);
-    dimensionar();
+    encajar();
     m_caja->setFocus();
     m_caja->selectAll();
     if (!fallos.mostrar(this, windowTitle()) || !ajustada || Busqueda_Descripcion.isEmpty())
@@ -291,7 +275,7 @@ void BusquedaTextoLibre::llenar(const QString &texto)
         filas.push_back(leer(registros));
 }
 
-int BusquedaTextoLibre::marcadas() const
+int BusquedaTextoLibre::cuantasMarcadas() const
 {
     return MultiResultado ? m_marcadas->cuantas() : 0;
 }
@@ -307,15 +291,15 @@ void BusquedaTextoLibre::aceptar()
 /// A list without items is accepted too, and gives no code.
 bool BusquedaTextoLibre::puedeAceptar() const
 {
-    return rejilla()->filasDatos() == 0 || marcadas() > 0 || BusquedaBase::puedeAceptar();
+    return rejilla()->filasDatos() == 0 || cuantasMarcadas() > 0 || BusquedaBase::puedeAceptar();
 }
 
 Eleccion BusquedaTextoLibre::eleccion() const
 {
-    if (marcadas() == 0)
+    if (cuantasMarcadas() == 0)
         return BusquedaBase::eleccion();
     Eleccion lista = m_marcadas->eleccion(columnasEleccion());
-    if (marcadas() == 1) {
+    if (cuantasMarcadas() == 1) {
         lista.codigo.remove(0, 1);
         lista.descripcion.remove(0, 1);
     }
@@ -324,7 +308,7 @@ Eleccion BusquedaTextoLibre::eleccion() const
 
 void BusquedaTextoLibre::alAceptar()
 {
-    MultiResultado = marcadas() > 1;
+    MultiResultado = cuantasMarcadas() > 1;
 }
 
 } // namespace nv

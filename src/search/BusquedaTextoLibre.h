@@ -80,12 +80,12 @@ private:
     void conectarRejilla();
     void ajustar();
     void leerParametro();
-    int marcadas() const;
+    int cuantasMarcadas() const override;
     void buscarEscrito();
     void llenar(const QString &texto);
     bool alPulsar(const QKeyEvent &tecla);
     void escribirEnCaja(const QString &texto);
-    void dimensionar();
+    void encajar();
 
     ConfiguracionTextoLibre m_configuracion;
     nvTextBox *m_caja;

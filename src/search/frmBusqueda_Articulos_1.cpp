@@ -51,7 +51,8 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel cr
     , m_panel(crearPanel(m_lado))
 {
     const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
-    panel()->setMinimumHeight(px(AltoFiltro));
+    const auto conLetra = [this](int twips) { return nv::twips::conLetra(twips, this); };
+    panel()->setMinimumHeight(conLetra(AltoFiltro));
     pie()->setContentsMargins(0, px(15), px(45), 0);
     montarDetalles();
     auto *todo = new QHBoxLayout(this);
@@ -59,7 +60,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel cr
     todo->setSpacing(0);
     todo->addLayout(columna(), 1);
     todo->addWidget(m_lado);
-    resize(px(Ancho), px(Alto));
+    dimensionar(conLetra(Ancho), conLetra(Alto));
     extender(false);
     connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
     atajo(Qt::Key_F6, [this] {
@@ -77,7 +78,7 @@ void frmBusqueda_Articulos_1::montarDetalles()
     divisor->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     divisor->setFixedWidth(px(30));
     // As wide as that and no wider: what is left is the list's.
-    m_panel->setMinimumWidth(px(AnchoDetalles));
+    m_panel->setMinimumWidth(nv::twips::conLetra(AnchoDetalles, this));
     m_panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *lado = new QHBoxLayout(m_lado);
     lado->setContentsMargins(0, px(90), px(150), px(75));
@@ -125,7 +126,7 @@ void frmBusqueda_Articulos_1::refrescarDetalles()
 void frmBusqueda_Articulos_1::extender(bool extendida)
 {
     const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
-    const int cambio = px(AnchoExtendida) - px(Ancho);
+    const int cambio = nv::twips::conLetra(AnchoExtendida - Ancho, this);
     const int ancho = width() + (extendida ? cambio : 0) - (m_extendida ? cambio : 0);
     m_extendida = extendida;
     m_lado->setVisible(extendida);

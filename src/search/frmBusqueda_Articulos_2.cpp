@@ -76,6 +76,7 @@ nv::ConfiguracionCriterios configuracion()
 {
     nv::ConfiguracionCriterios c{Columnas, {CodigoArticulo, DescripcionArticulo}};
     c.marcadas = nv::FilasMarcadas::Signo::Casilla;
+    c.conservaMarcas = true;
     c.teclas = u"F9 - Buscar / F11 - Imprimir Búsqueda"_s;
     return c;
 }
@@ -94,15 +95,10 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     setLayout(columna());
     m_todos->setObjectName(u"chkCheck"_s);
     pie()->insertWidget(0, m_todos);
-    setSizeGripEnabled(true);
-    resize(nv::twips::aPixeles(11400, this), nv::twips::aPixeles(7500, this));
+    dimensionar(nv::twips::conLetra(11400, this), nv::twips::conLetra(7500, this));
 
     nv::Rejilla *lista = rejilla();
-    lista->setEstirarUltima(false);
-    lista->ensanchar(CodigoBarras, QString(13, u'8'));
     lista->ensanchar(Stock, u"Stock Alm 88"_s);
-    // A wider window is for the descriptions.
-    lista->horizontalHeader()->setSectionResizeMode(DescripcionArticulo, QHeaderView::Stretch);
     connect(lista, &nv::Rejilla::Clic, this, [this](int fila, int columna) {
         if (columna == Marcada)
             marcadas()->alternar(fila);
@@ -114,6 +110,8 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     tabularAntes(m_alternativo->caja());
     tabularAntes(m_almacenes);
     ponerFranja();
+    connect(lista->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
+            &frmBusqueda_Articulos_2::decirResultado);
 }
 
 void frmBusqueda_Articulos_2::montarPestanas()
@@ -253,8 +251,9 @@ void frmBusqueda_Articulos_2::Imprimir_Busqueda()
         return;
     try {
         imprimir();
-    } catch (const nv::Error &) {
-        nv::mensajes::mostrar(this, tituloBusqueda(), u"Error en Imprimir_Busqueda"_s, nv::mensajes::Icono::Critico);
+    } catch (const nv::Error &error) {
+        nv::mensajes::mostrar(this, tituloBusqueda(), u"Error en Imprimir_Busqueda: "_s + error.descripcion,
+                              nv::mensajes::Icono::Critico);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/BusquedaCriterios.h"
+#include "search/piezas/OrdenRejilla.h"
 #include "search/sql/Modelo1.h"
 
 class QCheckBox;
@@ -9,7 +10,6 @@ class nvAlmacenCons;
 
 namespace nv {
 class CampoAlternativo;
-class OrdenRejilla;
 } // namespace nv
 
 /// Search model 1: items with their main barcode and reference, the prices of the default warehouse's first three
@@ -35,6 +35,7 @@ protected:
     void alLlenar() override;
     void volverACriterios() override;
     nv::Fragmento listaCopia() const override;
+    bool ordenadas() const override { return m_orden->columna() >= 0; }
 
 private:
     struct Tarifa

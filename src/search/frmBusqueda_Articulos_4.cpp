@@ -52,19 +52,18 @@ frmBusqueda_Articulos_4::frmBusqueda_Articulos_4(QWidget *padre, nv::Configuraci
         pie()->insertWidget(lugar++, todos);
         tabularDespues(todos);
     }
-    dimensionar(static_cast<int>(configuracion.columnas.size()));
+    ajustarAncho(static_cast<int>(configuracion.columnas.size()));
 }
 
-/// As wide as its columns, each wide enough for a whole EAN where it shows one, within the screen.
-void frmBusqueda_Articulos_4::dimensionar(int columnas)
+/// As wide as its columns.
+void frmBusqueda_Articulos_4::ajustarAncho(int columnas)
 {
-    nv::Rejilla *lista = rejilla();
-    lista->ensanchar(CodigoBarras, QString(13, u'0'));
+    const nv::Rejilla *lista = rejilla();
     int ancho =
         lista->verticalScrollBar()->sizeHint().width() + 2 * lista->frameWidth() + nv::twips::aPixeles(150, this);
     for (int c = 0; c < columnas; ++c)
         ancho += lista->columnWidth(c);
-    resize(QSize(ancho, nv::twips::aPixeles(7200, this)).boundedTo(screen()->availableGeometry().size()));
+    dimensionar(ancho, nv::twips::conLetra(7200, this));
 }
 
 nv::Sentencia frmBusqueda_Articulos_4::consulta(const nv::sql::CriteriosArticulo &criterios)

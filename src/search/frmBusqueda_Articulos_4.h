@@ -26,7 +26,7 @@ protected:
     QString tituloBusqueda() const override { return m_formulario + QStringLiteral(":Cargar"); }
 
 private:
-    void dimensionar(int columnas);
+    void ajustarAncho(int columnas);
 
     QString m_formulario;
 };

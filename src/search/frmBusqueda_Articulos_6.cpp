@@ -189,6 +189,14 @@ void frmBusqueda_Articulos_6::pintar(int fila, const Estado &estado)
             rejilla()->setColorTexto(fila, columna, QColor(ColorBaja));
     if (estado.bajoPedido)
         rejilla()->setColorFondo(fila, BajoPedido, QColor(ColorBajoPedido));
+    QStringList nota;
+    for (const auto &[vale, dice] :
+         {std::pair(estado.baja, u"bloqueado o de baja"_s), std::pair(estado.bajoPedido, u"bajo pedido"_s),
+          std::pair(estado.oferta.isValid(), u"en oferta"_s), std::pair(estado.noMovido.isValid(), u"no movido"_s)})
+        if (vale)
+            nota << dice;
+    if (!nota.isEmpty())
+        rejilla()->setNota(fila, nota.join(u", "_s));
     // Slow stock after the offer: its colour covers the other.
     for (const QColor &tarifa : {estado.oferta, estado.noMovido}) {
         if (!tarifa.isValid())

@@ -5,6 +5,8 @@
 #include "platform/widgets/nvTextBox.h"
 #include "search/sql/Modelo8.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using nv::Celda;
 
@@ -25,14 +27,14 @@ constexpr nv::ColumnaBusqueda Columnas[] = {
 };
 
 constexpr int DiasDeVenta = 30;
-
-/// Of each change of the form's width, in hundredths.
+/// Of each change of the form's width, in hundredths; the rest is the description's. The last one is the reference's, which
+/// is hidden: the column before it has it.
 struct Parte
 {
     Columna columna;
     int centesimas;
 };
-constexpr std::array<Parte, 3> Partes{{{DescripcionArticulo, 70}, {MarcaArticulo, 20}, {Referencia, 10}}};
+constexpr std::array<Parte, 2> Partes{{{MarcaArticulo, 20}, {Pvp, 10}}};
 
 } // namespace
 
@@ -75,8 +77,7 @@ void frmBusqueda_Articulos_9::repartirAncho()
     for (std::size_t i = 0; i < Partes.size(); ++i) {
         const int suya = cambio * Partes[i].centesimas / 100;
         const int columna = Partes[i].columna;
-        if (!rejilla()->isColumnHidden(columna))
-            rejilla()->setColumnWidth(columna, rejilla()->columnWidth(columna) + suya - m_repartido[i]);
-        m_repartido[i] = suya;
+        rejilla()->setColumnWidth(columna,
+                                  rejilla()->columnWidth(columna) + suya - std::exchange(m_repartido[i], suya));
     }
 }

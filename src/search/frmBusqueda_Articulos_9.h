@@ -22,5 +22,5 @@ private:
     void repartirAncho();
 
     int m_anchoInicial = 0;           ///< of the form as it was first shown; 0 before
-    std::array<int, 3> m_repartido{}; ///< pixels that each sharing column has been given since
+    std::array<int, 2> m_repartido{}; ///< pixels that each sharing column has been given since
 };

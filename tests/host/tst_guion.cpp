@@ -83,6 +83,7 @@ private Q_SLOTS:
         fila("1 form that does not close", u"pulsa Ctrl+D"_s, u"el guion acaba con una ventana abierta"_s);
         fila("1 loop without a window", u"pulsa Ctrl+E|muestra Text"_s,
              u"línea 1: pulsa Ctrl+E no acaba; abierto: nada\n"_s);
+        fila("1 too many keys", u"teclea 7|pulsa Tab Tab|teclas 1"_s, u"teclas 2, caracteres 1\nFALLO: línea 3"_s);
         fila("2 unknown command", u"|baila|muestra Text"_s, u"> baila\nGUION MALO: línea 2: no hay orden baila\n"_s);
         fila("2 unknown key", u"pulsa Intro|muestra Text"_s, u"línea 1: no hay tecla Intro\n"_s);
         fila("2 property that is only read", u"pon Existe True|muestra Text"_s, u"no hay propiedad Existe"_s);

@@ -34,7 +34,7 @@ private Q_SLOTS:
     }
     void cleanup() { m_mostrador.reset(); }
 
-    void a_scanner_burst_gives_one_line_per_code_and_unknown_codes_none()
+    void a_scanner_burst_gives_one_line_per_code_also_for_an_unknown_one()
     {
         QFile archivo(QStringLiteral(NV_RAIZ "/../shared/data/productos_reales.csv"));
         if (!archivo.open(QIODevice::ReadOnly))
@@ -51,7 +51,8 @@ private Q_SLOTS:
         teclear(codigos.join(u'\r') + u"\r9999999999994\r"_s);
         QVERIFY(!QApplication::activeModalWidget());
         const Lineas &lineas = m_mostrador->documento().lineas();
-        QCOMPARE(lineas.numero(), codigos.size());
+        QCOMPARE(lineas.numero(), codigos.size() + 1);
+        QVERIFY(lineas.leido(lineas.numero()) == u"9999999999994" && lineas.enEspera() == 1);
         for (int i = 0; i < codigos.size(); ++i) {
             Sentencia s(u"SELECT Cod_Articulo FROM Articulos_CBarras WHERE Cod_Barras ='");
             Registros suyo = conexion.Abrir(s << ComoEscrito(codigos[i]) << u"'");
@@ -101,11 +102,12 @@ private Q_SLOTS:
 
     void options_that_make_no_sense_are_told()
     {
-        for (const QString &mala : {u"--modelo 9"_s, u"--modelo dos"_s, u"--articulos 0"_s, u"--base a --temporal"_s,
-                                    u"--odbc a --temporal"_s, u"--crear"_s, u"--nada"_s, u"sobra"_s})
+        for (const QString &mala :
+             {u"--modelo 9"_s, u"--modelo dos"_s, u"--articulos 0"_s, u"--letra 2"_s, u"--base a --temporal"_s,
+              u"--odbc a --temporal"_s, u"--crear"_s, u"--nada"_s, u"sobra"_s})
             QVERIFY_EXCEPTION_THROWN(Opciones((u"mostrador "_s + mala).split(u' ')), Error);
-        const Opciones buenas(u"mostrador --modelo 0 --odbc a --crear"_s.split(u' '));
-        QVERIFY(buenas.modelo() == 0 && buenas.articulos() == 20000);
+        const Opciones buenas(u"mostrador --modelo 0 --odbc a --crear --letra 18"_s.split(u' '));
+        QVERIFY(buenas.modelo() == 0 && buenas.articulos() == 20000 && buenas.letra() == 18);
     }
 
 private:

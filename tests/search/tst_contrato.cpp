@@ -1,5 +1,6 @@
 #include "Busquedas.h"
 #include "support/Programa.h"
+#include "support/Recortes.h"
 
 using namespace nv::pruebas;
 
@@ -70,7 +71,8 @@ private Q_SLOTS:
                 const bool hay = texto == u"TORN";
                 QVERIFY(v.lista()->filasDatos() == (hay ? 2 : 0) && (hay || v.lista()->filaActual() == 0));
                 QCOMPARE(v.lista()->hasFocus(), hay && (porCriterios || modelo == 5));
-                QCOMPARE(v.campo<QLabel>("lblResultado")->text(), hay ? u"2 artículos"_s : u"No hay artículos así"_s);
+                QCOMPARE(v.campo<QLabel>("lblResultado")->text(),
+                         hay ? u"1 de 2 artículos"_s : u"No hay artículos así"_s);
                 QVERIFY(hay || (v.campo(v.caja())->isVisible() && v.enfocado(modelo == 7 ? "txtMarca" : v.caja())));
             }
             v.aprieta("cmdAceptar");
@@ -202,7 +204,7 @@ private Q_SLOTS:
                     v.aprieta("cmdDesmarcar");
                 }
                 v.marca(filas);
-                v.lista()->setFilaActual(1);
+                QTest::keyClick(v.lista(), Qt::Key_Home);
                 m->quitar(u"Articulos_Buscar"_s);
                 m->conductor.responde(u"Aceptar"_s);
                 QTest::keyClick(v.lista(), Qt::Key_Return);
@@ -231,6 +233,25 @@ private Q_SLOTS:
         QVERIFY(caja.icono == QMessageBox::Critical && caja.texto.contains(u"Articulos_Buscar"));
     }
 
+    void an_Enter_that_follows_at_once_takes_nothing()
+    {
+        m->pedido.Busqueda_Descripcion = u"TORN"_s;
+        m->abrir(modelo, [this](const Vista &v) {
+            const bool enCaja = modelo == 4;
+            if (enCaja) {
+                v.escribe(v.caja(), u"TORN"_s); // it remembers nothing
+                v.campo("txtMarca")->setFocus();
+                v.pulsa(Qt::Key_Return);
+                v.campo("txtProveedor")->setFocus();
+                v.pulsa(Qt::Key_Return);
+            }
+            v.pulsa(Qt::Key_Return);
+            QVERIFY(v.d.isVisible() && v.lista()->hasFocus());
+            v.pulsa(Qt::Key_Return);
+            QVERIFY2(!v.d.isVisible(), "but a key pressed again does");
+        });
+    }
+
     void window_may_go_while_an_error_is_up()
     {
         for (const bool alAbrir : {true, false}) {
@@ -255,7 +276,7 @@ private Q_SLOTS:
         m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"2"_s;
         m->abrir(modelo, [](const Vista &v) {
             v.busca(u"T"_s);
-            QCOMPARE(v.campo<QLabel>("lblResultado")->text(), u"2 mostrados, hay más"_s);
+            QCOMPARE(v.campo<QLabel>("lblResultado")->text(), u"1 de 2 mostrados, hay más"_s);
             v.lista()->setFocus();
             QTest::keyClicks(v.d.focusWidget(), u"c"_s);
             QTest::keyClicks(v.d.focusWidget(), u"l"_s);
@@ -269,6 +290,25 @@ private Q_SLOTS:
             v.aprieta("cmdAceptar");
             QVERIFY(!v.d.isVisible());
         });
+    }
+
+    void letters_of_any_size_are_whole_and_a_wider_window_is_for_the_descriptions()
+    {
+        for (const int puntos : {9, 14, 18}) {
+            const auto letra = conLetra(puntos);
+            m->abrir(modelo, [this](const Vista &v) {
+                v.busca(u"TORN"_s);
+                QCOMPARE(recortes(&v.d).join(u'\n'), QString());
+                v.d.resize(3900, 700); // wider than all columns of any
+                QCoreApplication::processEvents();
+                const int descripcion = v.columnaCodigo() + 1, antes = v.lista()->columnWidth(descripcion);
+                v.d.resize(4000, 700);
+                QCoreApplication::processEvents();
+                QCOMPARE(v.lista()->columnWidth(descripcion) - antes, modelo == 8 ? 70 : 100);
+                v.pulsa(Qt::Key_F6);
+                QCOMPARE(recortes(&v.d).join(u'\n'), QString());
+            });
+        }
     }
 
 private:

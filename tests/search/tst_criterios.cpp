@@ -60,6 +60,28 @@ private Q_SLOTS:
         }
     }
 
+    void nothing_found_offers_more_and_an_apostrophe_is_not_handed_back()
+    {
+        m->pedido.Busqueda_Descripcion = u"O'R"_s;
+        if (modelo != 4)
+            m->conductor.responde(u"Aceptar"_s);
+        m->abrir(modelo, [this](const Vista &v) {
+            const auto *otra = v.campo("cmdContiene");
+            v.busca(u"ROJO"_s);
+            QVERIFY(v.codigos().isEmpty() && otra->isVisible());
+            v.pulsa(Qt::Key_F8);
+            QCOMPARE(v.codigos(), ordenados(u"10|1"_s));
+            QVERIFY(!otra->isVisible());
+            v.busca(u"*NADA"_s);
+            QVERIFY2(!otra->isVisible(), "that has been sought everywhere");
+            v.d.Busqueda_Descripcion = u"O'R"_s;
+            m->conductor.responde(u"Aceptar"_s);
+            v.busca(u"O'R"_s);
+            QVERIFY(v.d.Busqueda_Descripcion.isEmpty() || modelo == 4);
+        });
+        QCOMPARE(m->conductor.cajas().back().texto, u"«O'R» lleva un apóstrofo; escriba * en su lugar."_s);
+    }
+
     void fixed_family_is_locked_and_holds_and_remembered_codes_have_their_names()
     {
         m->pedido.Familia_1 = m->pedido.Busqueda_Familia_1 = 1;

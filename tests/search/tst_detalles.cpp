@@ -121,7 +121,7 @@ private Q_SLOTS:
                 QVERIFY(!v.campo("fraExtendido")->isVisible() && !v.lista()->isColumnHidden(5));
                 v.pulsa(Qt::Key_F6);
                 QVERIFY(v.campo("fraExtendido")->isVisible() && v.lista()->isColumnHidden(5));
-                QCOMPARE(nv::twips::dePixeles(v.d.width() - ancho, &v.d), 4515);
+                QCOMPARE(v.d.width() - ancho, nv::twips::conLetra(4515, &v.d));
                 QVERIFY2(v.lista()->width() < lista && v.codigos() == u"2|1", "the list is the same");
                 v.busca(u"TORN"_s);
                 QVERIFY2(v.codigos() == u"2|1|3", "its notes begin so");

@@ -86,10 +86,14 @@ private Q_SLOTS:
             QCOMPARE(v.columna(0), u"1|1|0"_s);
             v.aprieta("cmdAceptar");
             QVERIFY2(v.d.isVisible(), "the heading is no choice, marked rows or not");
-            v.lista()->setFilaActual(3);
+            v.busca(u"CLAVO"_s); // what a hand has marked outlives its list
+            v.marca({1});
+            v.busca(u"*GRANDE"_s);
+            QVERIFY(v.columna(0) == u"1|0" && v.campo<QLabel>("lblResultado")->text().endsWith(u"3 marcados"));
+            v.lista()->setFilaActual(2);
             v.aprieta("cmdAceptar");
         });
-        QVERIFY(m->codigo == u"|1|2" && m->descripcion == u"|TORNILLO ROJO|TORNILLO GRANDE");
+        QVERIFY(m->codigo == u"|1|24|2" && m->descripcion == u"|TORNILLO ROJO|CLAVO|TORNILLO GRANDE");
     }
 
     void headings_sort_and_reverse()
@@ -128,6 +132,7 @@ private Q_SLOTS:
             v.lista()->setFilaActual(v.lista()->filasDatos());
             v.pulsa(Qt::Key_PageDown);
             const int filas = v.lista()->filasDatos();
+            QVERIFY(v.campo<QLabel>("lblResultado")->text().contains(u"siguen más abajo sin ordenar"));
             QVERIFY(filas >= 200 && v.lista()->texto(1, 1).toInt() < v.lista()->texto(filas, 1).toInt());
             QCOMPARE(v.columna(0).count(u'1'), filas);
             // And back to none, for those still to come too.
@@ -225,7 +230,7 @@ private Q_SLOTS:
             v.pulsa(Qt::Key_F11);
             QVERIFY(v.d.isVisible() && !QGuiApplication::overrideCursor());
         });
-        QCOMPARE(m->conductor.cajas().back().texto, u"Error en Imprimir_Busqueda"_s);
+        QCOMPARE(m->conductor.cajas().back().texto, u"Error en Imprimir_Busqueda: no such table: Articulos_CBarras"_s);
         QCOMPARE(QDir(carpeta.path()).entryList(QDir::Files), QStringList{u"lista.pdf"_s});
     }
 

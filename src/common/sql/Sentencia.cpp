@@ -114,7 +114,13 @@ Sentencia Sentencia::sinOrden() const
 
 void Sentencia::rechazar(QStringView valor)
 {
-    m_defecto = u"Comilla sin cerrar en el texto «%1»."_s.arg(valor.left(60));
+    const bool patron = m_texto.endsWith(u"LIKE '");
+    if (patron && valor.endsWith(u'%'))
+        valor.chop(1);
+    const QString que = !valor.contains(u'\'') ? u"«%1» lleva un carácter nulo, que no se admite."_s
+                        : patron               ? u"«%1» lleva un apóstrofo; escriba * en su lugar."_s
+                                               : u"«%1» lleva un apóstrofo, que aquí no se admite."_s;
+    m_defecto = que.arg(valor.left(60));
 }
 
 void Sentencia::exigirEnviable() const

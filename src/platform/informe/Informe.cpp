@@ -38,8 +38,12 @@ QString plantilla(const QString &directorio, const QString &fichero)
     QString ruta = directorio + fichero;
     ruta.replace(u'\\', QDir::separator());
     // Without a report directory the rest would be a path of its own.
-    if (!directorio.isEmpty() && QFileInfo::exists(ruta))
-        return leida(ruta);
+    if (!directorio.isEmpty() && QFileInfo::exists(ruta)) {
+        const QString suya = leida(ruta);
+        // The place may hold the file of another report engine, which is no text.
+        if (!suya.contains(QChar::Null))
+            return suya;
+    }
     cargarPlantillas();
     return leida(u":/nv/informe/"_s + QFileInfo(ruta).completeBaseName() + u".html"_s);
 }

@@ -13,7 +13,41 @@ using namespace Qt::StringLiterals;
 
 namespace nv {
 
+namespace {
+
+bool conFoco(const QStyleOptionViewItem &opcion)
+{
+    return opcion.widget && opcion.widget->hasFocus();
+}
+
+/// Two fifths of the second.
+QColor mezcla(const QColor &uno, const QColor &otro)
+{
+    const auto parte = [](int a, int b) { return (3 * a + 2 * b) / 5; };
+    return QColor(parte(uno.red(), otro.red()), parte(uno.green(), otro.green()), parte(uno.blue(), otro.blue()));
+}
+
+} // namespace
+
 void DelegadoRejilla::paint(QPainter *pintor, const QStyleOptionViewItem &opcion, const QModelIndex &indice) const
+{
+    pintarCelda(pintor, opcion, indice);
+    if (!opcion.state.testFlag(QStyle::State_Selected))
+        return;
+    const QRect &lugar = opcion.rect;
+    const int grosor = std::max(3, lugar.height() / 5);
+    if (const QVariant propio = indice.data(Qt::BackgroundRole); propio.isValid())
+        pintor->fillRect(lugar.adjusted(0, lugar.height() - grosor, 0, 0), propio.value<QBrush>());
+    if (!conFoco(opcion))
+        return;
+    pintor->save();
+    pintor->setPen(opcion.palette.color(QPalette::Text));
+    pintor->drawLine(lugar.topLeft(), lugar.topRight());
+    pintor->drawLine(lugar.bottomLeft(), lugar.bottomRight());
+    pintor->restore();
+}
+
+void DelegadoRejilla::pintarCelda(QPainter *pintor, const QStyleOptionViewItem &opcion, const QModelIndex &indice) const
 {
     QStyleOptionViewItem celda = opcion;
     celda.state &= ~QStyle::State_HasFocus;
@@ -37,23 +71,38 @@ void DelegadoRejilla::paint(QPainter *pintor, const QStyleOptionViewItem &opcion
 void DelegadoRejilla::initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const
 {
     QStyledItemDelegate::initStyleOption(opcion, indice);
-    const QVariant propio = indice.data(Qt::BackgroundRole);
-    if (!propio.isValid() && !indice.data(Qt::ForegroundRole).isValid())
+    QPalette &paleta = opcion->palette;
+    const QVariant fondo = indice.data(Qt::BackgroundRole);
+    const QVariant letra = indice.data(Qt::ForegroundRole);
+    if (fondo.isValid() || letra.isValid())
+        paleta.setColor(QPalette::Text,
+                        colores::legible(paleta.color(QPalette::Text), fondo.isValid() ? fondo.value<QBrush>().color()
+                                                                                       : paleta.color(QPalette::Base)));
+    // Red letters are not to be told from others on a strong blue.
+    if (conFoco(*opcion) && !letra.isValid())
         return;
-    const QColor fondo = propio.isValid() ? propio.value<QBrush>().color() : opcion->palette.color(QPalette::Base);
-    opcion->palette.setColor(QPalette::Text, colores::legible(opcion->palette.color(QPalette::Text), fondo));
+    const QColor actual = mezcla(paleta.color(QPalette::Base), paleta.color(QPalette::Highlight));
+    const QColor propia = letra.isValid()  ? letra.value<QBrush>().color()
+                          : opcion->widget ? opcion->widget->palette().color(QPalette::Text)
+                                           : QColor(Qt::black);
+    paleta.setColor(QPalette::Highlight, actual);
+    paleta.setColor(QPalette::HighlightedText, colores::legible(propia, actual));
 }
 
 bool DelegadoRejilla::helpEvent(QHelpEvent *evento, QAbstractItemView *vista, const QStyleOptionViewItem &opcion,
                                 const QModelIndex &indice)
 {
-    const QString texto = indice.data().toString();
-    if (evento->type() != QEvent::ToolTip || texto.isEmpty() ||
-        sizeHint(opcion, indice).width() <= vista->visualRect(indice).width()) {
+    QStringList parrafos;
+    if (sizeHint(opcion, indice).width() > vista->visualRect(indice).width())
+        parrafos << indice.data().toString();
+    parrafos << indice.data(Qt::ToolTipRole).toString();
+    parrafos.removeAll(QString());
+    if (evento->type() != QEvent::ToolTip || parrafos.isEmpty()) {
         QToolTip::hideText();
         return false;
     }
-    QToolTip::showText(evento->globalPos(), u"<p>%1</p>"_s.arg(texto.toHtmlEscaped()), vista);
+    QToolTip::showText(evento->globalPos(),
+                       u"<p>%1</p>"_s.arg(parrafos.join(u'\n').toHtmlEscaped().replace(u'\n', u"<br>"_s)), vista);
     return true;
 }
 

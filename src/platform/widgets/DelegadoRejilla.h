@@ -4,8 +4,9 @@
 
 namespace nv {
 
-/// Paints a grid's cells: no cell focus look, ticks in the middle of their column, line breaks as blanks, and a tool
-/// tip with the whole text where the column cuts it.
+/// Paints a grid's cells: ticks in the middle of their column, line breaks as blanks, and a tool tip with the whole text
+/// where the column cuts it, and with what the row's colours say. The current row is strong and framed while the grid has
+/// the focus, pale otherwise; what its cells have of colour stays, as letters and as a strip.
 class DelegadoRejilla : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -21,6 +22,9 @@ public:
 protected:
     /// Letters on a cell's own background, and those in a colour of their own, can be read in every theme.
     void initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const override;
+
+private:
+    void pintarCelda(QPainter *pintor, const QStyleOptionViewItem &opcion, const QModelIndex &indice) const;
 };
 
 } // namespace nv

@@ -57,7 +57,10 @@ private:
 FormularioModal::FormularioModal(QWidget *padre)
     : QDialog(padre)
     , m_atajos(new Atajos(this))
-{}
+{
+    // Letter and colours of the form that it belongs to, which need not be the program's.
+    setAttribute(Qt::WA_WindowPropagation);
+}
 
 void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 {

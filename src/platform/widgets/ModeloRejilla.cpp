@@ -35,6 +35,12 @@ QVariant ModeloRejilla::data(const QModelIndex &indice, int papel) const
         if (!m_casillas.contains(col))
             return {};
         return texto(indice.row(), col) == u"1"_s ? Qt::Checked : Qt::Unchecked;
+    case Qt::ToolTipRole:
+        return fila(indice.row()).nota;
+    case Qt::AccessibleTextRole: {
+        const QString &nota = fila(indice.row()).nota;
+        return nota.isEmpty() ? QVariant() : QVariant(texto(indice.row(), col) + u", "_s + nota);
+    }
     case Qt::TextAlignmentRole:
         return static_cast<int>(columna(col).alineacion | Qt::AlignVCenter);
     case Qt::ForegroundRole:
@@ -132,6 +138,12 @@ void ModeloRejilla::setColor(int numero, int columna, Capa capa, const QColor &c
     Q_EMIT dataChanged(index(numero, columna), index(numero, columna));
 }
 
+void ModeloRejilla::setNota(int numero, const QString &nota)
+{
+    if (hayCelda(numero, 0))
+        fila(numero).nota = nota;
+}
+
 void ModeloRejilla::vaciar()
 {
     beginResetModel();
@@ -145,7 +157,7 @@ void ModeloRejilla::anadir(std::vector<FilaRejilla> filas)
         return;
     beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(filas.size()) - 1);
     for (FilaRejilla &textos : filas)
-        m_filas.push_back({std::move(textos), {}});
+        m_filas.push_back({std::move(textos), {}, {}});
     endInsertRows();
 }
 

@@ -25,7 +25,6 @@ public:
     void setColumnas(const std::vector<ColumnaRejilla> &columnas);
     const ColumnaRejilla &columna(int columna) const { return m_columnas[static_cast<std::size_t>(columna)]; }
     void setTitulo(int columna, const QString &titulo);
-    void setTwips(int columna, int twips) { m_columnas[static_cast<std::size_t>(columna)].twips = twips; }
     void setCasilla(int columna);
 
     QString texto(int fila, int columna) const;
@@ -33,6 +32,7 @@ public:
     void setTextoColumna(int columna, const QString &texto);
     enum class Capa { Texto, Fondo };
     void setColor(int fila, int columna, Capa capa, const QColor &color);
+    void setNota(int fila, const QString &nota);
 
     void vaciar();
     void anadir(std::vector<FilaRejilla> filas);
@@ -49,6 +49,7 @@ private:
     {
         FilaRejilla textos;
         std::vector<Colores> colores;
+        QString nota;
     };
     bool hayCelda(int fila, int columna) const;
     Fila &fila(int numero) { return m_filas[static_cast<std::size_t>(numero)]; }

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -18,6 +19,7 @@ namespace nv {
 namespace {
 
 constexpr int AnchoPorDefecto = 960; // twips
+constexpr int MinimoElastica = 2000;
 
 QPalette conFranjas(QPalette paleta)
 {
@@ -29,6 +31,31 @@ QPalette conFranjas(QPalette paleta)
                            mezcla(base.blue(), tinte.blue())));
     return paleta;
 }
+
+/// Headings that show that the keys are theirs: no row is current, but the grid has the focus.
+class TitulosRejilla : public QHeaderView
+{
+public:
+    explicit TitulosRejilla(Rejilla *rejilla)
+        : QHeaderView(Qt::Horizontal, rejilla)
+        , m_rejilla(rejilla)
+    {}
+
+protected:
+    void paintSection(QPainter *pintor, const QRect &lugar, int columna) const override
+    {
+        pintor->save(); // the style leaves its clip behind
+        QHeaderView::paintSection(pintor, lugar, columna);
+        pintor->restore();
+        if (!m_rejilla->hasFocus() || m_rejilla->filaActual() != 0)
+            return;
+        const int grosor = std::max(2, lugar.height() / 6);
+        pintor->fillRect(lugar.adjusted(0, lugar.height() - grosor, 0, 0), palette().highlight());
+    }
+
+private:
+    Rejilla *m_rejilla;
+};
 
 } // namespace
 
@@ -51,15 +78,20 @@ Rejilla::Rejilla(QWidget *padre)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + twips::aPixeles(90, this));
-    QHeaderView *titulos = horizontalHeader();
+    ajustarAlto();
+    QHeaderView *titulos = new TitulosRejilla(this);
+    setHorizontalHeader(titulos);
     titulos->setDefaultAlignment(Qt::AlignCenter);
     titulos->setHighlightSections(false);
     titulos->setSectionsClickable(true);
     titulos->setMinimumSectionSize(twips::aPixeles(240, this));
     titulos->setTextElideMode(Qt::ElideRight);
     connect(titulos, &QHeaderView::sectionClicked, this, &Rejilla::TituloPulsado);
-    connect(titulos, &QHeaderView::sectionResized, this, &Rejilla::ajustarUltima);
+    connect(titulos, &QHeaderView::sectionResized, this, [this](int columna, int, int ancho) {
+        if (!m_ajustando && columna == m_estirada)
+            m_minimos[columna] = ancho;
+        ajustarElastica();
+    });
 }
 
 void Rejilla::setColumnas(const std::vector<ColumnaRejilla> &columnas)
@@ -67,6 +99,7 @@ void Rejilla::setColumnas(const std::vector<ColumnaRejilla> &columnas)
     const int actual = filaActual();
     m_modelo->setColumnas(columnas);
     m_estirada = -1;
+    m_minimos.clear();
     {
         // The width left is shared out once all the columns are there.
         const QScopedValueRollback<bool> guarda(m_ajustando, true);
@@ -102,7 +135,7 @@ void Rejilla::ensanchar(int columna, const QString &texto)
     const int necesario = fontMetrics().horizontalAdvance(texto) + twips::aPixeles(180, this);
     if (necesario <= anchoPrevisto(columna))
         return;
-    m_modelo->setTwips(columna, twips::dePixeles(necesario, this));
+    m_minimos[columna] = necesario;
     setColumnWidth(columna, necesario);
 }
 
@@ -111,34 +144,63 @@ void Rejilla::setColumnaCasilla(int columna)
     m_modelo->setCasilla(columna);
 }
 
-void Rejilla::setEstirarUltima(bool estirar)
+void Rejilla::setElastica(int columna)
 {
-    m_estirarUltima = estirar;
-    ajustarUltima();
+    m_elastica = columna;
+    ajustarElastica();
 }
 
 int Rejilla::anchoPrevisto(int columna) const
 {
     const int ancho = m_modelo->columna(columna).twips;
-    return twips::aPixeles(ancho > 0 ? ancho : AnchoPorDefecto, this);
+    const auto minimo = m_minimos.find(columna);
+    return std::max(twips::conLetra(ancho > 0 ? ancho : AnchoPorDefecto, this),
+                    minimo == m_minimos.end() ? 0 : minimo->second);
 }
 
-void Rejilla::ajustarUltima()
+void Rejilla::ajustarElastica()
 {
-    if (!m_estirarUltima || m_ajustando)
+    if (m_ajustando)
         return;
     const QScopedValueRollback<bool> guarda(m_ajustando, true);
-    int ultima = -1;
-    for (int c = 0; c < m_modelo->columnCount(); ++c)
+    int elastica = m_elastica;
+    for (int c = 0; m_elastica < 0 && c < m_modelo->columnCount(); ++c)
         if (!isColumnHidden(c))
-            ultima = c;
-    if (m_estirada != ultima && m_estirada >= 0 && m_estirada < m_modelo->columnCount() && !isColumnHidden(m_estirada))
+            elastica = c;
+    if (m_estirada != elastica && m_estirada >= 0 && m_estirada < m_modelo->columnCount() &&
+        !isColumnHidden(m_estirada))
         setColumnWidth(m_estirada, anchoPrevisto(m_estirada));
-    m_estirada = ultima;
-    if (ultima < 0)
+    m_estirada = elastica;
+    if (elastica < 0 || elastica >= m_modelo->columnCount())
         return;
-    const int ocupado = horizontalHeader()->length() - columnWidth(ultima);
-    setColumnWidth(ultima, std::max(anchoPrevisto(ultima), viewport()->width() - ocupado));
+    const int ocupado = horizontalHeader()->length() - columnWidth(elastica);
+    setColumnWidth(elastica, std::max(minimoElastica(), viewport()->width() - ocupado));
+}
+
+/// Where there is not room for all, a chosen column gives some of its own before another is out of sight.
+int Rejilla::minimoElastica() const
+{
+    const int previsto = anchoPrevisto(m_estirada);
+    if (m_elastica < 0 || m_minimos.contains(m_elastica))
+        return previsto;
+    return std::max(previsto * 3 / 5, std::min(previsto, twips::conLetra(MinimoElastica, this)));
+}
+
+void Rejilla::ajustarAlto()
+{
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + twips::aPixeles(90, this));
+}
+
+void Rejilla::changeEvent(QEvent *evento)
+{
+    QTableView::changeEvent(evento);
+    if (evento->type() == QEvent::FontChange && m_modelo) {
+        ajustarAlto();
+        const QScopedValueRollback<bool> guarda(m_ajustando, true);
+        for (int c = 0; c < m_modelo->columnCount(); ++c)
+            if (!isColumnHidden(c))
+                setColumnWidth(c, anchoPrevisto(c));
+    }
 }
 
 int Rejilla::filas() const
@@ -209,6 +271,11 @@ void Rejilla::setColorFondo(int fila, int columna, const QColor &color)
     m_modelo->setColor(fila - 1, columna, ModeloRejilla::Capa::Fondo, color);
 }
 
+void Rejilla::setNota(int fila, const QString &nota)
+{
+    m_modelo->setNota(fila - 1, nota);
+}
+
 void Rejilla::vaciar()
 {
     const int actual = filaActual();
@@ -256,13 +323,14 @@ void Rejilla::ordenar(const std::function<bool(int, int)> &menor)
 void Rejilla::updateGeometries()
 {
     // Before the bars are reckoned: a column stretched to the former width would bring up a needless one.
-    ajustarUltima();
+    ajustarElastica();
     QTableView::updateGeometries();
 }
 
 void Rejilla::currentChanged(const QModelIndex &actual, const QModelIndex &anterior)
 {
     QTableView::currentChanged(actual, anterior);
+    horizontalHeader()->viewport()->update();
     if (actual.row() != anterior.row())
         Q_EMIT FilaCambiada(actual.row() + 1);
 }

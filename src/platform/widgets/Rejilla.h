@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QTableView>
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace nv {
@@ -20,7 +21,7 @@ struct ColumnaRejilla
 
 using FilaRejilla = std::vector<QString>;
 
-/// Result grid: one fixed heading row (row 0) and one row per item (1 and up). Rows are in the model, appended in
+/// Result grid, in letters of any size: one fixed heading row (row 0) and one row per item (1 and up). Rows are in the model, appended in
 /// blocks; nothing is sorted or fetched by itself. Column positions are the dialog's own enums.
 ///
 /// Keys are offered to the dialog before the view moves (`alPulsar`); Enter gives `Intro` and presses no button; Space
@@ -39,8 +40,9 @@ public:
     void ensanchar(int columna, const QString &texto);
     /// Cells "1"/"0" drawn as ticked and empty boxes.
     void setColumnaCasilla(int columna);
-    /// The last visible column takes the width that is left (its twips are its minimum). On by default.
-    void setEstirarUltima(bool estirar);
+    /// The column that takes the width that is left, and gives some of its own where that is not enough. -1, as at first,
+    /// is the last visible one, which never gives.
+    void setElastica(int columna);
 
     /// Rows including the heading: 1 when there are no data.
     int filas() const;
@@ -60,6 +62,8 @@ public:
     /// Of data rows; an invalid colour gives the cell its own back.
     void setColorTexto(int fila, int columna, const QColor &color);
     void setColorFondo(int fila, int columna, const QColor &color);
+    /// What the colours of a data row say, for those who do not see them: tool tip and accessible text of its cells.
+    void setNota(int fila, const QString &nota);
 
     /// Down to the heading.
     void vaciar();
@@ -91,21 +95,27 @@ protected:
     void mousePressEvent(QMouseEvent *evento) override;
     void mouseDoubleClickEvent(QMouseEvent *evento) override;
     void focusInEvent(QFocusEvent *evento) override;
+    void focusOutEvent(QFocusEvent *evento) override;
     void currentChanged(const QModelIndex &actual, const QModelIndex &anterior) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
+    void changeEvent(QEvent *evento) override;
 
 private:
+    void mostrarFoco();
     int anchoPrevisto(int columna) const;
+    int minimoElastica() const;
     int primeraVisible() const;
-    void ajustarUltima();
+    void ajustarElastica();
+    void ajustarAlto();
     void olvidarFilas(int actual);
 
     ModeloRejilla *m_modelo;
     int m_superior = 0;
     int m_sinRedibujo = 0;
-    int m_estirada = -1;
-    bool m_estirarUltima = true;
+    int m_elastica = -1;
+    int m_estirada = -1;          ///< the elastic column now
+    std::map<int, int> m_minimos; ///< of single columns, in pixels
     bool m_ajustando = false;
     bool m_sinAvisos = false;
 };

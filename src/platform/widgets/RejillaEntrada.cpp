@@ -1,6 +1,7 @@
 #include "platform/widgets/Rejilla.h"
 #include "platform/widgets/Teclas.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
@@ -77,7 +78,19 @@ void Rejilla::focusInEvent(QFocusEvent *evento)
 {
     // The item view's own handler makes row 1 current when none is.
     QAbstractScrollArea::focusInEvent(evento);
+    mostrarFoco();
+}
+
+void Rejilla::focusOutEvent(QFocusEvent *evento)
+{
+    QTableView::focusOutEvent(evento);
+    mostrarFoco();
+}
+
+void Rejilla::mostrarFoco()
+{
     viewport()->update();
+    horizontalHeader()->viewport()->update();
 }
 
 } // namespace nv

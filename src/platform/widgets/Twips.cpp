@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <algorithm>
 
 namespace nv::twips {
 
@@ -35,6 +36,14 @@ int aPixeles(int twips, const QWidget *widget)
 int dePixeles(int pixeles, const QWidget *widget)
 {
     return proporcion(pixeles, PorPulgada, resolucion(widget));
+}
+
+int conLetra(int twips, const QWidget *widget)
+{
+    // A digit of the letter that the forms were drawn with.
+    constexpr int digito = 90;
+    const int normal = aPixeles(digito, widget);
+    return proporcion(aPixeles(twips, widget), std::max(normal, widget->fontMetrics().horizontalAdvance(u'0')), normal);
 }
 
 } // namespace nv::twips

@@ -2,14 +2,20 @@
 
 #include "nvArticulo/Registros.h"
 
+using namespace Qt::StringLiterals;
+
 namespace nv {
 
-std::vector<ColumnaRejilla> columnasVistas(TablaColumnas tabla)
+void ponerColumnas(Rejilla &rejilla, TablaColumnas tabla, ColumnasEleccion eleccion)
 {
     std::vector<ColumnaRejilla> vistas;
     for (const ColumnaBusqueda &columna : tabla)
         vistas.push_back(columna.vista);
-    return vistas;
+    rejilla.setColumnas(vistas);
+    rejilla.setElastica(eleccion.descripcion);
+    for (std::size_t i = 0; i < tabla.size(); ++i)
+        if (tabla[i].campo == u"Cod_Barras" || tabla[i].campo == u"EAN")
+            rejilla.ensanchar(static_cast<int>(i), u"0000000000000"_s);
 }
 
 LectorFila lectorDeFilas(TablaColumnas tabla, const Registros &registros, std::function<QString()> seleccion,

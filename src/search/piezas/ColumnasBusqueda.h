@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/widgets/Rejilla.h"
+#include "search/piezas/Eleccion.h"
 
 #include <functional>
 #include <span>
@@ -31,7 +32,8 @@ using LectorFila = std::function<FilaRejilla(const Registros &)>;
 /// Fills in the cells of a row that are the dialog's own.
 using CeldasPropias = std::function<void(const Registros &, FilaRejilla &)>;
 
-std::vector<ColumnaRejilla> columnasVistas(TablaColumnas tabla);
+/// The width that is left is the description's, and a barcode is never cut.
+void ponerColumnas(Rejilla &rejilla, TablaColumnas tabla, ColumnasEleccion eleccion);
 
 /// Looks up the fields of a result, once, and gives the reader of its rows. `seleccion` gives the first text of a cell of
 /// the marked rows. Throws Error for a field that is not there.

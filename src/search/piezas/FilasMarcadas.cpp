@@ -3,6 +3,7 @@
 #include "platform/widgets/Rejilla.h"
 #include "platform/widgets/Twips.h"
 
+#include <QAbstractItemModel>
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -41,7 +42,7 @@ void FilasMarcadas::setVisible(bool visible)
 
 int FilasMarcadas::cuantas() const
 {
-    int suma = 0;
+    int suma = static_cast<int>(m_conservadas.size());
     for (int fila = 1; fila < m_rejilla->filas(); ++fila)
         suma += marcada(fila) ? 1 : 0;
     return suma;
@@ -61,11 +62,47 @@ void FilasMarcadas::marcarTodas(bool marcadas, bool tambienNuevas)
     m_rejilla->setRedibujo(false);
     m_rejilla->setTextoColumna(m_columna, texto(marcadas));
     m_rejilla->setRedibujo(true);
+    m_conservadas.clear();
+    Q_EMIT Cambiadas();
+}
+
+void FilasMarcadas::conservar(ColumnasEleccion columnas)
+{
+    m_columnas = columnas;
+    const QAbstractItemModel *modelo = m_rejilla->model();
+    connect(modelo, &QAbstractItemModel::modelAboutToBeReset, this, &FilasMarcadas::guardar);
+    connect(modelo, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex &, int primera) { reponer(primera + 1); });
+}
+
+void FilasMarcadas::guardar()
+{
+    if (m_marcarNuevas)
+        return; // a box marked them, not a hand
+    for (int fila = 1; fila < m_rejilla->filas(); ++fila)
+        if (marcada(fila))
+            m_conservadas.emplace_back(m_rejilla->texto(fila, m_columnas.codigo),
+                                       m_rejilla->texto(fila, m_columnas.descripcion));
+}
+
+void FilasMarcadas::reponer(int desde)
+{
+    for (int fila = desde; fila < m_rejilla->filas() && !m_conservadas.empty(); ++fila) {
+        const auto es = [codigo = m_rejilla->texto(fila, m_columnas.codigo)](const auto &una) {
+            return una.first == codigo;
+        };
+        if (std::erase_if(m_conservadas, es) > 0)
+            m_rejilla->setTexto(fila, m_columna, texto(true));
+    }
 }
 
 Eleccion FilasMarcadas::eleccion(ColumnasEleccion columnas) const
 {
     Eleccion lista;
+    for (const auto &[codigo, descripcion] : m_conservadas) {
+        lista.codigo += u'|' + codigo;
+        lista.descripcion += u'|' + descripcion;
+    }
     for (int fila = 1; fila < m_rejilla->filas(); ++fila) {
         if (!marcada(fila))
             continue;

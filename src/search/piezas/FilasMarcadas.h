@@ -3,6 +3,8 @@
 #include "search/piezas/Eleccion.h"
 
 #include <QObject>
+#include <utility>
+#include <vector>
 
 class QCheckBox;
 
@@ -27,6 +29,9 @@ public:
     void setVisible(bool visible);
     int cuantas() const;
     void alternar(int fila);
+    /// From now on what was marked by hand outlives the list: it is shown again wherever it comes, and returned with what
+    /// is marked there.
+    void conservar(ColumnasEleccion columnas);
     /// Every row, and with `tambienNuevas` those that are loaded later.
     void marcarTodas(bool marcadas, bool tambienNuevas = false);
     /// The cell of a row that is being loaded.
@@ -35,16 +40,21 @@ public:
     Eleccion eleccion(ColumnasEleccion columnas) const;
 
 Q_SIGNALS:
-    void Cambiadas(); ///< a row was marked or unmarked by hand
+    void Cambiadas(); ///< rows were marked or unmarked by hand
 
 private:
     QString texto(bool marcada) const;
     bool marcada(int fila) const;
+    void guardar();
+    void reponer(int desde);
 
     Rejilla *m_rejilla;
     int m_columna;
     Signo m_signo;
     bool m_marcarNuevas = false;
+    ColumnasEleccion m_columnas{};
+    std::vector<std::pair<QString, QString>>
+        m_conservadas; ///< code and description of what is marked and not in the list
 };
 
 /// The box over the heading of the marked rows' column that marks all of them (`chkSelAll`).

@@ -38,6 +38,7 @@ PanelCriterios::PanelCriterios(QWidget *padre, bool conMarca)
 {
     setObjectName(u"fraFiltro"_s);
     m_nombre->setObjectName(u"txtNombre"_s);
+    m_nombre->setPlaceholderText(u"Principio o *parte"_s);
     m_proveedor->setObjectName(u"txtProveedor"_s);
     m_filtro->setContentsMargins(0, 0, 0, 0);
     m_filtro->setHorizontalSpacing(twips::aPixeles(90, this));
@@ -167,6 +168,25 @@ sql::CriteriosArticulo PanelCriterios::escritos() const
         criterios.referencia = m_referencia->text();
     }
     return criterios;
+}
+
+QList<nvTextBox *> PanelCriterios::patrones() const
+{
+    QList<nvTextBox *> cajas{m_nombre, m_codigo, m_referencia};
+    cajas.removeIf(
+        [](const nvTextBox *caja) { return !caja || caja->text().isEmpty() || caja->text().startsWith(u'*'); });
+    return cajas;
+}
+
+bool PanelCriterios::sinAsterisco() const
+{
+    return !patrones().isEmpty();
+}
+
+void PanelCriterios::anteponerAsterisco()
+{
+    for (nvTextBox *caja : patrones())
+        caja->setText(u'*' + caja->text());
 }
 
 void PanelCriterios::recordar(const sql::CriteriosArticulo &criterios, CriteriosBusqueda &memoria) const

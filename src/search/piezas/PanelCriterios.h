@@ -47,6 +47,9 @@ public:
     /// The names of the codes. Each step fails by itself.
     void cargarNombres(mensajes::Fallos &fallos);
     sql::CriteriosArticulo escritos() const;
+    /// Whether a text is sought at the beginning only; puts "*" in front of each that is.
+    bool sinAsterisco() const;
+    void anteponerAsterisco();
     /// What the component is to remember; a number that names no code is none.
     void recordar(const sql::CriteriosArticulo &criterios, CriteriosBusqueda &memoria) const;
 
@@ -56,6 +59,8 @@ Q_SIGNALS:
 private:
     nvTextBox *alLado(const QString &texto, const QString &nombreCaja);
     void conectarIntro();
+    /// The boxes whose text is a pattern.
+    QList<nvTextBox *> patrones() const;
 
     QGridLayout *m_filtro;
     nvTextBox *m_nombre;

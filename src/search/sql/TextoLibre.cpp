@@ -1,6 +1,9 @@
 #include "search/sql/TextoLibre.h"
 
 #include "common/Valores.h"
+#include "nvArticulo/Error.h"
+
+using namespace Qt::StringLiterals;
 
 namespace nv::sql {
 
@@ -22,6 +25,11 @@ TextoLibre leerTextoLibre(const QString &texto, Asterisco asterisco)
     }
     leido.unTermino = false;
     leido.palabras = buscado.split(u' ', Qt::SkipEmptyParts);
+    if (leido.palabras.size() > PalabrasMaximas)
+        throw Error{
+            0,
+            u"Son %1 palabras; se puede buscar por %2 como mucho."_s.arg(leido.palabras.size()).arg(PalabrasMaximas),
+            {}};
     return leido;
 }
 

@@ -13,6 +13,9 @@ enum class Asterisco {
     Blanco,  ///< it separates words
 };
 
+/// Each word is a condition more, and no engine takes any number of them.
+inline constexpr qsizetype PalabrasMaximas = 100;
+
 /// A typed text as it is searched for: one term, or words that must all occur in the description.
 struct TextoLibre
 {
@@ -22,7 +25,8 @@ struct TextoLibre
     QStringList palabras;  ///< none: no condition
 };
 
-/// Only U+0020 separates words, and one at an end counts: "ROCA " is a search by words. "*" comes before the words.
+/// Only U+0020 separates words, and one at an end counts: "ROCA " is a search by words. "*" comes before the words. Throws Error where
+/// there are too many of them.
 TextoLibre leerTextoLibre(const QString &texto, Asterisco asterisco);
 
 /// By description or supplier reference, or by words of the description.

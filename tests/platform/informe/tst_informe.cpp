@@ -38,6 +38,9 @@ private Q_SLOTS:
             QVERIFY(plantilla.open(QIODevice::WriteOnly) && plantilla.write(texto) > 0 && plantilla.flush());
             QCOMPARE(falla([&] { QCOMPARE(paginas(carpeta.path(), 300), 1); }), plantilla.size() < 30);
         }
+        QFile ajena(carpeta.filePath(u"Articulos Busqueda 2.rpt"_s));
+        QVERIFY(ajena.open(QIODevice::WriteOnly) && ajena.write(QByteArray("RPT\0\x8f\0", 6)) == 6 && ajena.flush());
+        QVERIFY2(paginas(carpeta.path(), 300) > 3, "another engine's: again that of the program");
         QVERIFY(falla([] { nv::Informe({}, u"\\Otro.rpt"_s); }));
     }
 
