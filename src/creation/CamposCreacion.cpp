@@ -21,6 +21,7 @@
 
 using namespace Qt::StringLiterals;
 using nv::twips::aPixeles;
+using nv::twips::conLetra;
 
 namespace nv {
 
@@ -98,14 +99,14 @@ void CamposCreacion::crear(QWidget *formulario)
 
 void CamposCreacion::colocar(QWidget *formulario)
 {
-    codigo->setFixedWidth(aPixeles(AnchoCodigo, formulario));
-    impuesto->setFixedWidth(aPixeles(AnchoImpuesto, formulario));
-    porcentaje->setMinimumWidth(aPixeles(AnchoImpuesto, formulario));
-    referencia->setFixedWidth(aPixeles(AnchoReferencia, formulario));
-    barras->setFixedWidth(aPixeles(AnchoReferencia, formulario));
+    codigo->setFixedWidth(conLetra(AnchoCodigo, formulario));
+    impuesto->setFixedWidth(conLetra(AnchoImpuesto, formulario));
+    porcentaje->setMinimumWidth(conLetra(AnchoImpuesto, formulario));
+    referencia->setFixedWidth(conLetra(AnchoReferencia, formulario));
+    barras->setFixedWidth(conLetra(AnchoReferencia, formulario));
     descripcion->setMinimumWidth(aPixeles(AnchoDescripcion, formulario));
     for (QComboBox *lista : cualidades) {
-        lista->setFixedWidth(aPixeles(AnchoLista, formulario));
+        lista->setFixedWidth(conLetra(AnchoLista, formulario));
         lista->setFocusPolicy(Qt::StrongFocus);
     }
     auto *ayuda = new QLabel(u"F6 - Asigna código automático"_s, formulario);

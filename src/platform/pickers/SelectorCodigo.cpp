@@ -49,7 +49,7 @@ SelectorCodigo::SelectorCodigo(const Tabla &tabla, QWidget *padre)
     , m_etiqueta(new EtiquetaElidida(this))
 {
     m_caja->setObjectName(u"caja"_s);
-    m_caja->setFixedWidth(twips::aPixeles(AnchoCaja, this));
+    m_caja->setFixedWidth(twips::conLetra(AnchoCaja, this));
     m_caja->setMaxLength(20);
     m_caja->installEventFilter(this);
     m_etiqueta->setObjectName(u"nombre"_s);
