@@ -37,7 +37,8 @@ inline constexpr qint32 ComillaSinCerrar = 105;
 inline constexpr qint32 ColumnaDesconocida = 3265;
 inline constexpr qint32 ConexionCerrada = 3709;
 
-Error desbordamiento();
+/// A number that is too large; `nombrado` says of what.
+Error desbordamiento(const QString &valor);
 Error noCoinciden();
 /// Run without the company context that the host hands in.
 Error sinEmpresa();
@@ -55,6 +56,20 @@ auto etiquetado(const QString &etiqueta, Operacion &&operacion) -> decltype(oper
         return operacion();
     } catch (Error &error) {
         error.origen = etiqueta;
+        throw;
+    }
+}
+
+/// Runs `operacion`; an Error that a number is too large says of what it is: a field, a setting, a column.
+template <class Operacion>
+auto nombrado(QStringView que, Operacion &&operacion) -> decltype(operacion())
+{
+    try {
+        return operacion();
+    } catch (Error &error) {
+        if (error.numero == errores::Desbordamiento && error.descripcion.endsWith(u'.') &&
+            !error.descripcion.endsWith(QStringLiteral(").")))
+            error.descripcion = error.descripcion.chopped(1) + QStringLiteral(" (%1).").arg(que);
         throw;
     }
 }

@@ -14,6 +14,8 @@ using nv::Sentencia;
 
 namespace {
 
+constexpr qint16 UnidadesPorDefecto = 1; ///< that one scan stands for
+
 QString etiquetaCargar()
 {
     return u"clsCodigos_Barra::Cargar"_s;
@@ -48,10 +50,10 @@ bool clsArticulo_CBarra::leerPrimera(Registros &registros, const Sentencia &sent
     clsArticulo_CBarra leido = *this;
     leido.Cod_Articulo = registros.entero32(u"Cod_Articulo");
     leido.Cod_Barras = registros.texto(u"Cod_Barras");
-    leido.Unidades = registros.entero16(u"Unidades");
+    leido.Unidades = registros.entero16O(u"Unidades", UnidadesPorDefecto);
     leido.Fecha = registros.fechaO(u"Fecha");
-    leido.Principal = registros.booleano(u"Principal");
-    leido.Automatico = registros.booleano(u"Automatico");
+    leido.Principal = registros.booleanoO(u"Principal");
+    leido.Automatico = registros.booleanoO(u"Automatico");
     leido.m_key = leido.Cod_Articulo;
     *this = leido;
     return true;
@@ -135,8 +137,8 @@ bool clsArticulo_CBarra::Existe(const QString &codigoBarras, qint32 &articulo, Q
             return false;
         articulo = registros.entero32(u"Cod_Articulo");
         nombre = registros.texto(u"Nombre");
-        unidades = registros.entero16(u"Unidades");
-        principal = registros.booleano(u"Principal");
+        unidades = registros.entero16O(u"Unidades", UnidadesPorDefecto);
+        principal = registros.booleanoO(u"Principal");
         return true;
     });
 }
@@ -161,11 +163,27 @@ void clsArticulo_CBarra::Insertar()
     });
 }
 
+std::optional<bool> clsArticulo_CBarra::principalDe(const QString &codigoBarras, qint32 articulo)
+{
+    Sentencia sentencia(u"SELECT Principal FROM Articulos_CBarras WHERE Cod_Empresa =");
+    sentencia << empresaArticulos() << u" AND Cod_Articulo =" << articulo << u" AND Cod_Barras = '"
+              << ComoEscrito(codigoBarras) << u"'";
+    Registros registros = m_conexion->Abrir(sentencia);
+    return registros.siguiente() ? std::optional(registros.booleanoO(u"Principal")) : std::nullopt;
+}
+
 void clsArticulo_CBarra::Eliminar(const QString &codigoBarras, qint32 articulo, bool eraPrincipal)
 {
     etiquetado(etiquetaExiste(), [&] {
         const qint16 empresa = empresaArticulos();
-        if (eraPrincipal) {
+        Sentencia borrar(u"DELETE FROM Articulos_CBarras WHERE Cod_Empresa = ");
+        borrar << empresa << u" and Cod_Articulo = " << articulo << u" and Cod_Barras = '" << ComoEscrito(codigoBarras)
+               << u"'";
+        borrar.exigirEnviable();
+        // A second main one for the item would be made by the word of a caller who has it wrong.
+        const bool asciendeOtro = eraPrincipal && principalDe(codigoBarras, articulo).value_or(false);
+        nv::Transaccion transaccion(*m_conexion);
+        if (asciendeOtro) {
             Sentencia ascender(u" UPDATE Articulos_CBarras  SET Principal= 1"
                                u" FROM (SELECT Top 1 * FROM Articulos_CBarras"
                                u" WHERE Principal = 0 and Cod_Empresa =");
@@ -173,10 +191,8 @@ void clsArticulo_CBarra::Eliminar(const QString &codigoBarras, qint32 articulo, 
                      << u") as a  Where a.Cod_Barras = Articulos_CBarras.Cod_Barras ";
             m_conexion->Ejecutar(ascender);
         }
-        Sentencia borrar(u"DELETE FROM Articulos_CBarras WHERE Cod_Empresa = ");
-        borrar << empresa << u" and Cod_Articulo = " << articulo << u" and Cod_Barras = '" << ComoEscrito(codigoBarras)
-               << u"'";
         m_conexion->Ejecutar(borrar);
+        transaccion.confirmar();
     });
 }
 
@@ -213,6 +229,7 @@ void clsArticulo_CBarra::ModificarPrincipal()
         QString nombre;
         qint16 unidades = 0;
         bool principal = false;
+        std::optional<bool> traspaso; // whether the other's was its main one
         if (Existe(Cod_Barras, otro, nombre, unidades, principal) && otro != Cod_Articulo) {
             const QString pregunta = u"El EAN "_s + Cod_Barras + u" existe en el artículo "_s + QString::number(otro) +
                                      u" - "_s + nombre + u". ¿Desea Traspasarlo?"_s;
@@ -220,14 +237,26 @@ void clsArticulo_CBarra::ModificarPrincipal()
             if (nv::mensajes::preguntar(nullptr, u"Confirme la operación..."_s, pregunta, Respuesta::No) ==
                 Respuesta::No)
                 return;
-            Eliminar(Cod_Barras, otro, principal);
+            traspaso = principal;
         }
-        Sentencia sentencia(u"UPDATE Articulos_CBarras SET Cod_Barras ='");
-        sentencia << ComoEscrito(Cod_Barras) << u"' WHERE Cod_Empresa =" << empresaArticulos() << u" AND Cod_Articulo ="
-                  << Cod_Articulo << u" AND Principal = 1";
-        if (m_conexion->Ejecutar(sentencia) == 0) {
-            Principal = true;
-            Insertar();
+        const std::optional<bool> propia = principalDe(Cod_Barras, Cod_Articulo);
+        nv::Transaccion transaccion(*m_conexion);
+        if (traspaso)
+            Eliminar(Cod_Barras, otro, *traspaso);
+        if (propia) {
+            if (!*propia)
+                Cambia_Principal(Cod_Barras);
+        } else {
+            Sentencia sentencia(u"UPDATE Articulos_CBarras SET Cod_Barras ='");
+            sentencia << ComoEscrito(Cod_Barras) << u"' WHERE Cod_Empresa =" << empresaArticulos()
+                      << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Principal = 1";
+            if (m_conexion->Ejecutar(sentencia) == 0) {
+                clsArticulo_CBarra nueva = *this;
+                nueva.Principal = true;
+                nueva.Insertar();
+                Principal = true;
+            }
         }
+        transaccion.confirmar();
     });
 }

@@ -5,6 +5,7 @@
 
 #include <QDate>
 #include <QString>
+#include <optional>
 
 class cEmpresa;
 
@@ -47,7 +48,7 @@ public:
 
     /// Inserts the record, dated today; as main barcode it takes the mark from the former one.
     void Insertar();
-    /// Another barcode of the item becomes main first when `eraPrincipal`.
+    /// Another barcode of the item becomes main first when it was the main one, and `eraPrincipal` says so.
     void Eliminar(const QString &codigoBarras, qint32 articulo, bool eraPrincipal);
     /// Makes a barcode the main one of the record's item.
     void Cambia_Principal(const QString &codigoBarras);
@@ -60,13 +61,16 @@ public:
     qint16 Dev_Check(const QString &datos = {});
     /// Whether the record's barcode ends in its check digit, or is no EAN.
     bool Validar() const;
-    /// Appends the check digit to the stored barcodes of 7 and 12 characters of a range of items.
+    /// Appends the check digit to the stored barcodes of 7 and 12 characters of a range of items. An item that has the
+    /// whole one too keeps both; Error names such items once all the others are done.
     void Calc_Check(qint32 primero, qint32 ultimo);
     /// The automatic barcode of the record's item; issues one from `Contador_CBarras` when it has none. The counter is
     /// read, increased and written in one locked unit of work; inside an open transaction it joins that one.
     QString CrearAuto();
 
 private:
+    /// Whether an item's barcode is its main one; nothing when it has it not.
+    std::optional<bool> principalDe(const QString &codigoBarras, qint32 articulo);
     bool leerPrimera(nv::Registros &registros, const nv::Sentencia &sentencia);
     bool leerVecino(nv::Registros &registros, const nv::Sentencia &articulo);
     QString emitirNumero(bool &sinContador);

@@ -5,6 +5,8 @@
 #include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
 
+#include <QStringList>
+#include <algorithm>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -14,7 +16,28 @@ using nv::Sentencia;
 
 namespace {
 
-constexpr qint64 PrimerNumero = 9810001;
+/// One more, in decimal digits however many there are.
+QString sumadoUno(QString cifras)
+{
+    qsizetype i = cifras.size();
+    while (i > 0 && cifras[i - 1] == u'9')
+        cifras[--i] = u'0';
+    if (i == 0)
+        return u'1' + cifras;
+    cifras[i - 1] = QChar(cifras[i - 1].unicode() + 1);
+    while (cifras.size() > 1 && cifras.startsWith(u'0'))
+        cifras.remove(0, 1);
+    return cifras;
+}
+
+QString siguienteAlContador(const QString &contador)
+{
+    const QString cifras = nv::recortado(contador);
+    if (cifras.isEmpty() || !std::all_of(cifras.begin(), cifras.end(), nv::esDigito))
+        throw nv::Error{nv::errores::NoCoinciden,
+                        u"El contador de códigos de barras, «%1», no es un número (Contador_CBarras)."_s.arg(contador)};
+    return sumadoUno(cifras);
+}
 
 } // namespace
 
@@ -50,13 +73,24 @@ void clsArticulo_CBarra::Calc_Check(qint32 primero, qint32 ultimo)
         while (registros.siguiente())
             filas.push_back(
                 {registros.texto(u"Cod_Barras"), registros.entero32(u"Cod_Articulo"), registros.texto(u"Anterior")});
+        QStringList repetidos;
         for (const Fila &fila : filas) {
+            const QString completo = fila.codigo + QString::number(nv::ean::digitoControl(fila.codigo));
+            Sentencia ya(u"SELECT Cod_Barras FROM Articulos_CBarras WHERE Cod_Empresa =");
+            ya << empresa << u" AND Cod_Articulo =" << fila.articulo << u" AND Cod_Barras ='" << nv::Doblado(completo)
+               << u"'";
+            if (m_conexion->Abrir(ya).siguiente()) {
+                repetidos << u"%1 del artículo %2"_s.arg(completo).arg(fila.articulo);
+                continue;
+            }
             Sentencia sentencia(u"UPDATE Articulos_CBarras SET Cod_Barras ='");
-            sentencia << nv::Doblado(fila.codigo) << nv::ean::digitoControl(fila.codigo) << u"' WHERE Cod_Empresa ="
-                      << empresa << u" AND Cod_Articulo =" << fila.articulo << u" AND Cod_Barras ='"
-                      << nv::Doblado(fila.anterior) << u"'";
+            sentencia << nv::Doblado(completo) << u"' WHERE Cod_Empresa =" << empresa << u" AND Cod_Articulo ="
+                      << fila.articulo << u" AND Cod_Barras ='" << nv::Doblado(fila.anterior) << u"'";
             m_conexion->Ejecutar(sentencia);
         }
+        if (!repetidos.isEmpty())
+            throw nv::Error{0, u"Ya existen con su dígito de control: %1. Los demás se han completado."_s.arg(
+                                   repetidos.join(u", "_s))};
     });
 }
 
@@ -97,30 +131,28 @@ QString clsArticulo_CBarra::emitirNumero(bool &sinContador)
     bloqueo << empresa;
     const bool habia = m_conexion->Ejecutar(bloqueo) > 0;
     sinContador = !habia;
-    qint64 numero = PrimerNumero;
+    QString numero = u"9810001"_s;
     if (habia) {
         Sentencia lectura(u"SELECT * FROM Contador_CBarras WHERE Cod_Empresa=");
         lectura << empresa;
         Registros contador = m_conexion->Abrir(lectura);
         if (contador.siguiente())
-            numero = static_cast<qint64>(nv::Val(contador.texto(u"Cod_Barras"))) + 1;
+            numero = siguienteAlContador(contador.texto(u"Cod_Barras"));
     }
-    const auto completo = [&] {
-        const QString datos = QString::number(numero);
-        return datos + QString::number(nv::ean::digitoControl(datos));
-    };
+    const auto completo = [&] { return numero + QString::number(nv::ean::digitoControl(numero)); };
     qint32 articulo = 0;
     QString nombre;
     qint16 unidades = 0;
     bool principal = false;
     while (Existe(completo(), articulo, nombre, unidades, principal))
-        ++numero;
+        numero = sumadoUno(numero);
     Sentencia escritura;
     if (habia)
-        escritura << u"UPDATE Contador_CBarras SET Cod_Barras ='" << numero << u"' WHERE Cod_Empresa=" << empresa;
+        escritura << u"UPDATE Contador_CBarras SET Cod_Barras ='" << nv::ComoEscrito(numero) << u"' WHERE Cod_Empresa="
+                  << empresa;
     else
-        escritura << u"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (" << empresa << u", '" << numero
-                  << u"')";
+        escritura << u"INSERT INTO Contador_CBarras (Cod_Empresa, Cod_Barras) VALUES (" << empresa << u", '"
+                  << nv::ComoEscrito(numero) << u"')";
     m_conexion->Ejecutar(escritura);
     return completo();
 }

@@ -1,5 +1,6 @@
 #include "barcodes/frmCodBarra_Datos.h"
 
+#include "common/Largos.h"
 #include "common/Valores.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Error.h"
@@ -25,16 +26,16 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
 {
     setWindowTitle(u"Códigos de Barras"_s);
     m_articulo->setObjectName(u"txtArticulo"_s);
-    m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
+    m_articulo->setMinimumWidth(nv::twips::conLetra(6500, this));
     m_codBarras->setObjectName(u"txtCB"_s);
-    m_codBarras->setMaxLength(30);
-    m_codBarras->setMaximumWidth(nv::twips::aPixeles(2600, this));
+    m_codBarras->setMaxLength(nv::largos::CodigoBarras);
+    m_codBarras->setMaximumWidth(nv::twips::conLetra(2600, this));
     m_unidades->setObjectName(u"txtUnidades"_s);
     m_unidades->setNumerico(true);
     m_unidades->setConSigno(false);
-    m_unidades->setMaxLength(9);
+    m_unidades->setMaxLength(nv::largos::Entero16);
     m_unidades->setAlignment(Qt::AlignRight);
-    m_unidades->setMaximumWidth(nv::twips::aPixeles(1380, this));
+    m_unidades->setMaximumWidth(nv::twips::conLetra(1380, this));
 
     auto *campos = new QFormLayout;
     campos->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);

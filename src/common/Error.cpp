@@ -16,9 +16,11 @@ const char *Error::what() const noexcept
 
 namespace errores {
 
-Error desbordamiento()
+Error desbordamiento(const QString &valor)
 {
-    return {Desbordamiento, u"Desbordamiento."_s};
+    constexpr qsizetype Legible = 40; // characters
+    const QString visto = valor.size() > Legible ? valor.first(Legible) + u'…' : valor;
+    return {Desbordamiento, u"El número %1 se sale de lo que cabe."_s.arg(visto)};
 }
 
 Error noCoinciden()

@@ -19,10 +19,21 @@ Entero128 divididoRedondeando(Entero128 dividendo, Entero128 divisor)
     return dividendo < 0 ? (dividendo - mitad) / divisor : (dividendo + mitad) / divisor;
 }
 
+Error demasiado(double valor)
+{
+    constexpr double Legible = 1e21;
+    return errores::desbordamiento(QString::number(valor, std::abs(valor) < Legible ? 'f' : 'g', 0));
+}
+
+bool cabe(Entero128 valor)
+{
+    return valor <= std::numeric_limits<qint64>::max() && valor >= std::numeric_limits<qint64>::min();
+}
+
 qint64 enRango(Entero128 valor)
 {
-    if (valor > std::numeric_limits<qint64>::max() || valor < std::numeric_limits<qint64>::min())
-        throw errores::desbordamiento();
+    if (!cabe(valor))
+        throw demasiado(static_cast<double>(valor) / Moneda::Escala);
     return static_cast<qint64>(valor);
 }
 
@@ -77,7 +88,8 @@ Moneda Moneda::deTexto(QStringView texto)
                 decimales = 5;
             } else if (decimales < 4) {
                 valor = valor * 10 + (c - u'0');
-                enRango(valor);
+                if (!cabe(valor))
+                    throw errores::desbordamiento(recortado.toString());
                 decimales += decimales >= 0 ? 1 : 0;
             }
         } else if ((c == u'e' || c == u'E') && hayCifra) {
@@ -98,7 +110,7 @@ Moneda Moneda::deReal(double valor)
 {
     const double escalado = std::round(valor * static_cast<double>(Escala));
     if (!(std::abs(escalado) < 9.2e18))
-        throw errores::desbordamiento();
+        throw demasiado(valor);
     return Moneda(static_cast<qint64>(escalado));
 }
 

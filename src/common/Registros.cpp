@@ -31,6 +31,17 @@ Moneda importe(const QVariant &valor)
     }
 }
 
+/// The column's name is asked for only where it is needed: rows are read by the thousand.
+template <class Lectura>
+auto leida(const Registros &registros, int columna, Lectura &&lectura)
+{
+    try {
+        return lectura();
+    } catch (const Error &) {
+        return nombrado(registros.nombre(columna), lectura);
+    }
+}
+
 } // namespace
 
 bool Registros::siguiente()
@@ -97,12 +108,12 @@ QString Registros::textoO(int columna, const QString &siNulo) const
 
 qint16 Registros::entero16(int columna) const
 {
-    return estrecho<qint16>(entero64(columna));
+    return leida(*this, columna, [&] { return estrecho<qint16>(entero64(columna)); });
 }
 
 qint32 Registros::entero32(int columna) const
 {
-    return estrecho<qint32>(entero64(columna));
+    return leida(*this, columna, [&] { return estrecho<qint32>(entero64(columna)); });
 }
 
 qint64 Registros::entero64(int columna) const
@@ -126,7 +137,7 @@ bool Registros::booleano(int columna) const
 
 Moneda Registros::moneda(int columna) const
 {
-    return importe(sinNulo(valor(columna)));
+    return leida(*this, columna, [&] { return importe(sinNulo(valor(columna))); });
 }
 
 QDate Registros::fechaO(int columna) const

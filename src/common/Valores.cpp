@@ -64,7 +64,7 @@ Entero redondeadoEn(double valor)
 {
     const double redondeado = std::round(valor);
     if (!(redondeado >= std::numeric_limits<Entero>::min() && redondeado <= std::numeric_limits<Entero>::max()))
-        throw errores::desbordamiento();
+        throw errores::desbordamiento(QString::number(redondeado, 'f', 0));
     return static_cast<Entero>(redondeado);
 }
 
@@ -137,7 +137,7 @@ double Val(QStringView texto)
     bool bien = false;
     const double valor = normal.toDouble(&bien);
     if (!std::isfinite(valor))
-        throw errores::desbordamiento();
+        throw errores::desbordamiento(texto.toString());
     return valor;
 }
 
@@ -154,7 +154,7 @@ QString ValTexto(QStringView texto)
     if (numero.cifras.isEmpty())
         return u"0"_s;
     if (numero.enteras > std::numeric_limits<double>::max_exponent10 + 1)
-        throw errores::desbordamiento();
+        throw errores::desbordamiento(texto.toString());
     if (numero.enteras < std::numeric_limits<double>::min_exponent10)
         return u"0"_s;
     QString resultado = numero.negativo ? u"-"_s : QString();

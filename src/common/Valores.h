@@ -40,7 +40,7 @@ template <class Entero>
 Entero estrecho(qint64 valor)
 {
     if (valor < std::numeric_limits<Entero>::min() || valor > std::numeric_limits<Entero>::max())
-        throw errores::desbordamiento();
+        throw errores::desbordamiento(QString::number(valor));
     return static_cast<Entero>(valor);
 }
 

@@ -21,10 +21,10 @@ bool cEmpresa::ValorBooleano(const QString &clave) const
 
 qint16 cEmpresa::ValorEntero16(const QString &clave) const
 {
-    return nv::ValEntero16(Valor(clave));
+    return nv::nombrado(clave, [&] { return nv::ValEntero16(Valor(clave)); });
 }
 
 qint32 cEmpresa::ValorEntero32(const QString &clave) const
 {
-    return nv::ValEntero32(Valor(clave));
+    return nv::nombrado(clave, [&] { return nv::ValEntero32(Valor(clave)); });
 }

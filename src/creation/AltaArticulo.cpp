@@ -6,6 +6,8 @@
 #include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace nv {
@@ -30,14 +32,17 @@ qint16 bandera(bool valor)
 DatosCreacion FichaAlta::datos() const
 {
     DatosCreacion datos;
-    datos.Codigo = ValEntero32(codigo);
+    datos.Codigo = nombrado(u"Código", [this] { return ValEntero32(codigo); });
     datos.Ref = referencia;
     datos.Proveedor = proveedor;
-    datos.Marca = estrecho<qint16>(marca);
-    datos.TipoImpuesto = ValEntero16(impuesto);
-    datos.Familia_1 = estrecho<qint16>(familias[0]);
-    datos.Familia_2 = estrecho<qint16>(familias[1]);
-    datos.Familia_3 = estrecho<qint16>(familias[2]);
+    datos.Marca = nombrado(u"Marca", [this] { return estrecho<qint16>(marca); });
+    datos.TipoImpuesto = nombrado(u"Igic", [this] { return ValEntero16(impuesto); });
+    const auto familia = [this](std::size_t i) {
+        return nombrado(u"Familia %1"_s.arg(i + 1), [&] { return estrecho<qint16>(familias[i]); });
+    };
+    datos.Familia_1 = familia(0);
+    datos.Familia_2 = familia(1);
+    datos.Familia_3 = familia(2);
     datos.CualidadX = cualidades[0].value_or(0);
     datos.CualidadY = cualidades[1].value_or(0);
     datos.Temporada = temporada;
@@ -100,9 +105,14 @@ bool AltaArticulo::Existe(qint32 codigo)
         .siguiente();
 }
 
+qint32 AltaArticulo::mayorCodigo() const
+{
+    return m_ajustes.maxCodigo > 0 ? m_ajustes.maxCodigo : std::numeric_limits<qint32>::max();
+}
+
 bool AltaArticulo::cabe(qint32 codigo) const
 {
-    return codigo > 0 && (m_ajustes.maxCodigo <= 0 || codigo <= m_ajustes.maxCodigo);
+    return codigo > 0 && codigo <= mayorCodigo();
 }
 
 void AltaArticulo::abrir(qint32 codigo)

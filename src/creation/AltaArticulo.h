@@ -21,7 +21,7 @@ struct FichaAlta
     QString referencia;
     qint32 marca = 0;
     QString temporada;
-    QString impuesto; ///< a number with a decimal point
+    QString impuesto; ///< a number
     std::array<qint32, 3> familias{};
     std::array<bool, 3> familiaEscrita{};
     std::array<std::optional<qint16>, 2> cualidades; ///< nothing: not chosen
@@ -67,6 +67,7 @@ public:
     /// One more than the highest code; nothing when the codes are no numbers.
     std::optional<qint64> siguienteCodigo();
     bool Existe(qint32 codigo);
+    qint32 mayorCodigo() const;
     /// An item 0 would read as "none" everywhere else.
     bool cabe(qint32 codigo) const;
     /// Makes the item's row and one per warehouse.

@@ -1,5 +1,6 @@
 #include "creation/CamposCreacion.h"
 
+#include "common/Largos.h"
 #include "common/Valores.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
@@ -16,9 +17,11 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 using nv::twips::aPixeles;
+using nv::twips::conLetra;
 
 namespace nv {
 
@@ -74,8 +77,6 @@ void CamposCreacion::crear(QWidget *formulario)
     impuesto = nuevo<nvTextBox>(formulario, u"txtImpuesto"_s);
     impuesto->setNumerico(true);
     impuesto->setConSigno(false);
-    impuesto->setDecimales(2);
-    impuesto->setMaxLength(5);
     porcentaje = nuevo<QLabel>(formulario, u"lblPIgic"_s);
     familias = new CascadaFamilias(formulario);
     cualidades = {nuevo<QComboBox>(formulario, u"cboCualX"_s), nuevo<QComboBox>(formulario, u"cboCualY"_s)};
@@ -86,18 +87,26 @@ void CamposCreacion::crear(QWidget *formulario)
     barras = nuevo<nvTextBox>(formulario, u"txtCodBarras"_s);
     descripcion = nuevo<nvTextBox>(formulario, u"txtDescripcion"_s);
     ticket = nuevo<nvTextBox>(formulario, u"txtDesc_Ticket"_s);
+    for (const auto &[caja, largo] : {std::pair{codigo, largos::Entero32},
+                                      {referencia, largos::Referencia},
+                                      {impuesto, largos::Entero16},
+                                      {barras, largos::CodigoBarras},
+                                      {descripcion, largos::Descripcion},
+                                      {ticket, largos::DescripcionTicket}})
+        caja->setMaxLength(largo);
+    temporada->caja()->setMaxLength(largos::Temporada);
 }
 
 void CamposCreacion::colocar(QWidget *formulario)
 {
-    codigo->setFixedWidth(aPixeles(AnchoCodigo, formulario));
-    impuesto->setFixedWidth(aPixeles(AnchoImpuesto, formulario));
-    porcentaje->setMinimumWidth(aPixeles(AnchoImpuesto, formulario));
-    referencia->setFixedWidth(aPixeles(AnchoReferencia, formulario));
-    barras->setFixedWidth(aPixeles(AnchoReferencia, formulario));
+    codigo->setFixedWidth(conLetra(AnchoCodigo, formulario));
+    impuesto->setFixedWidth(conLetra(AnchoImpuesto, formulario));
+    porcentaje->setMinimumWidth(conLetra(AnchoImpuesto, formulario));
+    referencia->setFixedWidth(conLetra(AnchoReferencia, formulario));
+    barras->setFixedWidth(conLetra(AnchoReferencia, formulario));
     descripcion->setMinimumWidth(aPixeles(AnchoDescripcion, formulario));
     for (QComboBox *lista : cualidades) {
-        lista->setFixedWidth(aPixeles(AnchoLista, formulario));
+        lista->setFixedWidth(conLetra(AnchoLista, formulario));
         lista->setFocusPolicy(Qt::StrongFocus);
     }
     auto *ayuda = new QLabel(u"F6 - Asigna código automático"_s, formulario);
@@ -187,7 +196,7 @@ CamposDescripcion CamposCreacion::paraDescripcion() const
 
 QString CamposCreacion::textoImpuesto() const
 {
-    return ValTexto(impuesto->text().replace(u',', u'.'));
+    return ValTexto(impuesto->text());
 }
 
 void CamposCreacion::poner(const DatosCreacion &datos, ::cEmpresa &empresa, Conexion &conexion,
@@ -233,17 +242,20 @@ void CamposCreacion::ponerFamilias(const DatosCreacion &datos, ::cEmpresa &empre
 
 void CamposCreacion::mostrarPorcentaje(const ::cEmpresa &empresa)
 {
-    porcentaje->setText(empresa.PorcentajeImpuesto(ValEntero16(textoImpuesto())).textoCorto() + u" %"_s);
+    const qint16 tipo = nombrado(u"Igic", [this] { return ValEntero16(textoImpuesto()); });
+    porcentaje->setText(empresa.PorcentajeImpuesto(tipo).textoCorto() + u" %"_s);
 }
 
-bool CamposCreacion::asentarSelector()
+std::vector<CamposCreacion::Existente> CamposCreacion::existentes(const ::cEmpresa &empresa) const
 {
-    for (SelectorCodigo *selector : std::initializer_list<SelectorCodigo *>{
-             marca, familias->selector(0), familias->selector(1), familias->selector(2)}) {
-        if (selector->isAncestorOf(selector->window()->focusWidget()))
-            return !selector->Texto().isEmpty() && (selector->Existe() || selector->Cargar());
-    }
-    return false;
+    constexpr qint64 Corto = std::numeric_limits<qint16>::max();
+    constexpr qint64 Largo = std::numeric_limits<qint32>::max();
+    std::vector<Existente> todos{{proveedor, u"El proveedor"_s, Largo},
+                                 {marca, u"La marca"_s, Corto},
+                                 {temporada, u"La temporada"_s, std::nullopt}};
+    for (std::size_t i = 0; i < 3; ++i)
+        todos.push_back({familias->selector(i), empresa.NombreFamilia(static_cast<int>(i)), Corto});
+    return todos;
 }
 
 void CamposCreacion::llenarCualidades(Conexion &conexion, const std::array<qint16, 2> &elegidas)

@@ -16,6 +16,7 @@ class nvTextBox;
 namespace nv {
 
 class CascadaFamilias;
+class SelectorCodigo;
 
 /// The fields of the creation form. All of them are the form's own children; made in this order, which is the tab order:
 /// what the descriptions are composed from comes before them.
@@ -51,9 +52,14 @@ public:
     void llenarCualidades(Conexion &conexion, const std::array<qint16, 2> &elegidas);
     /// Beside the tax box. Throws Error.
     void mostrarPorcentaje(const ::cEmpresa &empresa);
-    /// A picker that has the focus may have a code just typed, or chosen from its list: its name belongs to the
-    /// descriptions. Whether they must be composed anew. Throws Error.
-    bool asentarSelector();
+    /// The pickers, whose codes should exist.
+    struct Existente
+    {
+        SelectorCodigo *selector;
+        QString nombre;               ///< "La marca", in front of its code
+        std::optional<qint64> maximo; ///< highest code that there can be; a text has none
+    };
+    std::vector<Existente> existentes(const ::cEmpresa &empresa) const;
     /// Empties them for the next item; brand and season stay. A list whose `Tag` has a "2" in fourth place keeps what is
     /// chosen.
     void Limpiar_Controles();
@@ -62,7 +68,7 @@ private:
     void crear(QWidget *formulario);
     void colocar(QWidget *formulario);
     void ponerFamilias(const DatosCreacion &datos, ::cEmpresa &empresa, Conexion &conexion, mensajes::Fallos &fallos);
-    /// The tax box's number with a decimal point.
+    /// The tax box's number.
     QString textoImpuesto() const;
 
     std::array<QLabel *, 2> m_rotulosCualidad;

@@ -10,6 +10,7 @@
 #include "platform/pickers/nvMarca.h"
 #include "platform/pickers/nvProveedor.h"
 #include "platform/pickers/nvTemporada.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Foco.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
@@ -70,18 +71,26 @@ frmArticulos_Creacion::~frmArticulos_Creacion() = default;
 
 void frmArticulos_Creacion::conectarDescripciones()
 {
-    const auto recomponer = [this] {
-        if (!m_llenando)
-            Formar_Descripciones();
-    };
     const nv::CascadaFamilias *familias = m_campos.familias;
     for (SelectorCodigo *selector : std::initializer_list<SelectorCodigo *>{
              m_campos.marca, m_campos.temporada, familias->selector(0), familias->selector(1), familias->selector(2)}) {
-        connect(selector, &SelectorCodigo::Cambio, this, recomponer);
-        connect(selector, &SelectorCodigo::Salida, this, recomponer);
+        connect(selector, &SelectorCodigo::Cambio, this, &frmArticulos_Creacion::recomponer);
+        connect(selector, &SelectorCodigo::Cargado, this, &frmArticulos_Creacion::recomponer);
     }
-    connect(m_campos.referencia, &QLineEdit::textChanged, this, recomponer);
-    connect(m_campos.referencia, &nvTextBox::Salida, this, recomponer);
+    connect(m_campos.referencia, &QLineEdit::textChanged, this, &frmArticulos_Creacion::recomponer);
+}
+
+void frmArticulos_Creacion::recomponer()
+{
+    if (m_llenando)
+        return;
+    const nv::CamposDescripcion campos = m_campos.paraDescripcion();
+    for (const auto &[caja, formato] :
+         {std::pair{m_campos.ticket, &m_formatoTicket}, {m_campos.descripcion, &m_formatoLargo}}) {
+        // A program's text leaves the box unmodified. One that was emptied is nobody's.
+        if (!caja->isModified() || caja->text().isEmpty())
+            caja->setText(nv::componerDescripcion(*formato, campos));
+    }
 }
 
 void frmArticulos_Creacion::MostrarModal()
@@ -155,17 +164,23 @@ void frmArticulos_Creacion::confirmarCodigo()
     const QString texto = nv::recortado(m_campos.codigo->text());
     if (texto.isEmpty())
         return;
-    Codigo = nv::ValEntero32(texto);
+    const QString mayor = u"El código %1 pasa del mayor que se admite: %2"_s.arg(texto).arg(alta().mayorCodigo());
+    try {
+        Codigo = nv::ValEntero32(texto);
+    } catch (const nv::Error &) {
+        rechazarCodigo(mayor);
+        return;
+    }
     if (Existe()) {
         const QPointer<frmArticulos_Creacion> vivo(this);
         nv::mensajes::mostrar(this, u"¡Atención!"_s, u"Este código ya está asignado a otro artículo."_s,
                               Icono::Informacion);
         if (vivo)
-            rechazarCodigo();
+            rechazarCodigo(u"El código %1 ya está asignado"_s.arg(texto));
         return;
     }
     if (!alta().cabe(Codigo)) {
-        rechazarCodigo();
+        rechazarCodigo(Codigo > 0 ? mayor : u"«%1» no es un código de artículo"_s.arg(texto));
         return;
     }
     alta().abrir(Codigo);
@@ -177,10 +192,11 @@ void frmArticulos_Creacion::confirmarCodigo()
     m_campos.codigo->setEnabled(false);
 }
 
-void frmArticulos_Creacion::rechazarCodigo()
+void frmArticulos_Creacion::rechazarCodigo(const QString &motivo)
 {
     m_campos.codigo->clear();
     m_campos.codigo->setFocus();
+    nv::Aviso::mostrar(m_campos.codigo, motivo);
 }
 
 void frmArticulos_Creacion::permitirAceptar(bool valor)
@@ -212,9 +228,13 @@ bool frmArticulos_Creacion::Validar_Articulo()
             m_campos.campo(campo)->setFocus();
         return false;
     };
+    if (!cabeLoElegido())
+        return false;
     const nv::FichaAlta ficha = m_campos.ficha();
     if (const std::optional<nv::FaltaCreacion> primera = alta().falta(ficha))
         return falta(primera->texto, primera->campo);
+    if (!existeLoElegido())
+        return false;
     if (nv::recortado(ficha.descripcion).isEmpty()) {
         const bool sigue = nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
                                                    u"El artículo no tiene descripción. ¿Desea continuar?"_s,
@@ -228,15 +248,56 @@ bool frmArticulos_Creacion::Validar_Articulo()
            falta(u"La referencia especificada ya existe."_s, nv::CampoCreacion::Referencia);
 }
 
+/// False when one of them has a code that nothing can have.
+bool frmArticulos_Creacion::cabeLoElegido()
+{
+    for (const auto &[selector, nombre, maximo] : m_campos.existentes(*cEmpresa)) {
+        if (!maximo || selector->CodigoBuscado() <= *maximo)
+            continue;
+        const QPointer<SelectorCodigo> vivo(selector);
+        nv::mensajes::mostrar(
+            this, u"Validando artículo..."_s,
+            u"%1 %2 no existe: los códigos llegan a %3."_s.arg(nombre, selector->Texto()).arg(*maximo),
+            Icono::Exclamacion);
+        if (vivo)
+            vivo->setFocus();
+        return false;
+    }
+    return true;
+}
+
+/// Asks about each code that there is not. False when the user goes back to one.
+bool frmArticulos_Creacion::existeLoElegido()
+{
+    for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
+        const QPointer<SelectorCodigo> selector(campo.selector);
+        const bool ninguno = selector->Texto().isEmpty() || (campo.maximo && selector->CodigoBuscado() == 0);
+        if (ninguno || selector->Existe())
+            continue;
+        const bool sigue =
+            nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
+                                    u"%1 %2 no existe. ¿Desea continuar?"_s.arg(campo.nombre, selector->Texto()),
+                                    Respuesta::No) == Respuesta::Si;
+        if (selector && !sigue)
+            selector->setFocus();
+        if (!selector || !sigue)
+            return false;
+    }
+    return true;
+}
+
 void frmArticulos_Creacion::aceptar()
 {
     const QPointer<frmArticulos_Creacion> vivo(this);
     m_barras->comprobarPendiente();
     if (!vivo)
         return;
+    // A code just typed, or chosen from its list, has no name yet: the user sees it, and whether there is one.
+    for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
+        if (!campo.selector->Asentar() || !vivo)
+            return;
+    }
     const bool hecho = nv::mensajes::guardar(this, u"Error"_s, [&] {
-        if (m_campos.asentarSelector())
-            Formar_Descripciones();
         if (!Validar_Articulo())
             return;
         static_cast<DatosCreacion &>(*this) = alta().guardar(m_campos.ficha());

@@ -53,13 +53,17 @@ protected:
 
 private:
     void conectarDescripciones();
+    /// Composes the descriptions that nobody has written by hand.
+    void recomponer();
 
     nv::AltaArticulo &alta();
     void llenar(nv::mensajes::Fallos &fallos);
 
     void alPulsarF6();
     void confirmarCodigo();
-    void rechazarCodigo();
+    void rechazarCodigo(const QString &motivo);
+    bool cabeLoElegido();
+    bool existeLoElegido();
     void permitirAceptar(bool valor);
 
     void aceptar() override;

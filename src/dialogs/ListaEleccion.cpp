@@ -4,7 +4,6 @@
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/DescarteTeclas.h"
 #include "platform/widgets/Mensajes.h"
-#include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QHBoxLayout>
@@ -30,6 +29,7 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
     m_rejilla->setObjectName(u"vsLineas"_s);
     m_rejilla->setAccessibleName(u"Artículos que coinciden"_s);
     m_rejilla->setColumnas(columnas);
+    m_rejilla->ensanchar(columnaCodigo, u"2147483647"_s);
 
     auto *arriba = new QHBoxLayout;
     arriba->addWidget(nuevoRotulo(etiqueta, m_buscado, this));
@@ -40,7 +40,7 @@ ListaEleccion::ListaEleccion(QWidget *padre, const QString &etiqueta, const std:
     todo->addWidget(m_rejilla, 1);
     todo->addLayout(botonera());
     atajosAceptarCancelar();
-    resize(twips::aPixeles(9000, this), twips::aPixeles(4500, this));
+    dimensionar(9000, 4500);
 
     connect(m_rejilla, &Rejilla::Caracter, this, [this] { m_rafaga.caracter(); });
     connect(m_rejilla, &Rejilla::Intro, this, [this] {

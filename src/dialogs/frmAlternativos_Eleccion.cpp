@@ -2,7 +2,6 @@
 
 #include "nvArticulo/Conexion.h"
 #include "platform/widgets/Mensajes.h"
-#include "platform/widgets/Twips.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -14,10 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Identificador = Qt::UserRole;
-
-// Twips.
-constexpr int Ancho = 4800;
-constexpr int Alto = 5400;
 
 /// A letter goes to the next value that begins with it; the toolkit's own list would choose it or undo its choice too.
 class ListaValores : public QListWidget
@@ -55,7 +50,7 @@ frmAlternativos_Eleccion::frmAlternativos_Eleccion(QWidget *padre)
     atajosAceptarCancelar();
     for (QPushButton *boton : findChildren<QPushButton *>())
         boton->setText(boton->text().remove(u'&')); // letters go to the list
-    resize(nv::twips::aPixeles(Ancho, this), nv::twips::aPixeles(Alto, this));
+    dimensionar(4800, 5400);
     for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(tecla, m_lista, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
                 &frmAlternativos_Eleccion::aceptar);

@@ -41,9 +41,11 @@ QString textoProveedor(qint32 codigo, const QString &nombre)
 } // namespace
 
 frmReferencia_Articulos::frmReferencia_Articulos(QWidget *padre)
-    : ListaEleccion(padre, u"Referencia:"_s, {{u"Código", 1500, Qt::AlignLeft}, {u"Descripción", 4000}, {u"Proveedor"}},
-                    ::Codigo)
-{}
+    : ListaEleccion(padre, u"Referencia:"_s,
+                    {{u"Código", 1500, Qt::AlignLeft}, {u"Descripción", 4000}, {u"Proveedor", 3000}}, ::Codigo)
+{
+    rejilla()->setElastica(::Descripcion);
+}
 
 void frmReferencia_Articulos::Cargar_Articulos()
 {

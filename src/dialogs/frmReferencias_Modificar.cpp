@@ -1,5 +1,6 @@
 #include "dialogs/frmReferencias_Modificar.h"
 
+#include "common/Largos.h"
 #include "common/Valores.h"
 #include "dialogs/ComprobadorSencillo.h"
 #include "nvArticulo/Conexion.h"
@@ -28,11 +29,11 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
 {
     setWindowTitle(u"Referencias"_s);
     m_articulo->setObjectName(u"txtArticulo"_s);
-    m_articulo->setMinimumWidth(nv::twips::aPixeles(6500, this));
+    m_articulo->setMinimumWidth(nv::twips::conLetra(6500, this));
     m_proveedor->setObjectName(u"txtProv"_s);
     m_referencia->setObjectName(u"txtReferencia"_s);
-    m_referencia->setMaxLength(50);
-    m_referencia->setMaximumWidth(nv::twips::aPixeles(3500, this));
+    m_referencia->setMaxLength(nv::largos::Referencia);
+    m_referencia->setMaximumWidth(nv::twips::conLetra(3500, this));
 
     auto *campos = new QFormLayout;
     campos->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);

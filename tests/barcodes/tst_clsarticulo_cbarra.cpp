@@ -118,6 +118,18 @@ private Q_SLOTS:
         barra = nueva(30, u"NUEVO"_s);
         barra.ModificarPrincipal();
         QVERIFY2(deArticulo(30) == u"NUEVO|1", "an item without a main barcode gets it inserted as such");
+        barra = nueva(20, u"C2"_s);
+        barra.ModificarPrincipal();
+        QVERIFY2(deArticulo(20) == u"B|0 C2|1", "one that it has already takes the mark");
+        if (via() == Via::Embebida) {
+            barra = nueva(40, u"C2"_s);
+            conductor.responde(u"Sí"_s);
+            rompe(u"INSERT"_s, [&] { barra.ModificarPrincipal(); });
+            QVERIFY(!barra.Principal);
+            rompe(u"DELETE"_s, [&] { barra.Eliminar(u"C2"_s, 20, true); });
+        }
+        barra.Eliminar(u"B"_s, 20, true); // it is not the main one, whatever its caller thinks
+        QCOMPARE(deArticulo(20), u"C2|1"_s);
     }
 
     void owner_of_a_barcode()
@@ -132,6 +144,10 @@ private Q_SLOTS:
         QVERIFY(barra.Existe(u"C"_s, articulo, nombre, unidades, principal));
         QVERIFY2(articulo == 20 && nombre.isEmpty() && principal, "an item whose row is missing has no name");
         QVERIFY(!barra.Existe(u"NADA"_s, articulo, nombre, unidades, principal));
+        ejecutar(u"UPDATE Articulos_CBarras SET Unidades = NULL, Principal = NULL WHERE Cod_Articulo = 20"_s);
+        QVERIFY(barra.Existe(u"C"_s, articulo, nombre, unidades, principal) && unidades == 1 && !principal);
+        nv::Registros registros;
+        QVERIFY(barra.Cargar(registros, 20) && barra.Unidades == 1 && !barra.Principal);
     }
 
     void errors_carry_the_outermost_label()
@@ -145,10 +161,8 @@ private Q_SLOTS:
         QCOMPARE(errorDe([&] { barra.Insertar(); }).origen, u"clsCodigos_Barra::Insertar"_s);
         QCOMPARE(errorDe([&] { barra.Eliminar(u"O'R"_s, 1, false); }).origen, u"clsCodigos_Barra::Existe"_s);
         QVERIFY2(deArticulo(20) == u"C|1", "the main mark is not lost to what cannot be sent");
-        ejecutar(u"UPDATE Articulos_CBarras SET Unidades = NULL WHERE Cod_Articulo = 10"_s);
-        QCOMPARE(errorDe([&] { barra.Cargar(registros, 10); }).origen, u"clsCodigos_Barra::Cargar"_s);
-        QVERIFY2(barra.Cod_Articulo == 20 && barra.Cod_Barras == u"O'R", "a failed load leaves the record");
         clsArticulo_CBarra suelta;
+        QCOMPARE(errorDe([&] { suelta.Cargar(registros, 10); }).origen, u"clsCodigos_Barra::Cargar"_s);
         QCOMPARE(errorDe([&] { suelta.CrearAuto(); }).origen, u"clsCodigos_Barra::CrearAuto"_s);
         suelta.setcEmpresa(&m_empresa);
         QCOMPARE(errorDe([&] { suelta.Dev_CodigoBarraPrincipal(1); }).origen, u"clsCodigos_Barra::Existe"_s);
@@ -161,7 +175,11 @@ private Q_SLOTS:
                                                u"46→400638133393→400638133393|1"_s);
         for (const QStringList &caso : casos)
             inserta(caso[0].toInt(), caso[1], caso[2].endsWith(u"|1"));
-        nueva().Calc_Check(40, 45);
+        inserta(40, u"9810001"_s, 0); // its own stands there with the digit already
+        inserta(40, u"98100019"_s, 0);
+        const nv::Error choque = errorDe([&] { nueva().Calc_Check(40, 45); });
+        QVERIFY2(choque.descripcion.contains(u"98100019 del artículo 40"_s), qPrintable(choque.descripcion));
+        ejecutar(u"DELETE FROM Articulos_CBarras WHERE Cod_Articulo = 40 AND Cod_Barras LIKE '9810001%'"_s);
         for (const QStringList &caso : casos)
             QCOMPARE(deArticulo(caso[0].toInt()), caso[2]);
         auto barra = nueva(0, u"98100019"_s);
@@ -186,6 +204,14 @@ private Q_SLOTS:
         const nv::Transaccion unidad(conexion());
         QCOMPARE(nueva(62).CrearAuto(), u"100000007"_s);
         QVERIFY2(conexion().enTransaccion(), "inside an open transaction it joins that one");
+        for (const QStringList &caso : tabla(u"9007199254740993→90071992547409946;0099→1007;99999999999999999999→"
+                                             u"1000000000000000000009;x1→;-7→;1e3→;→"_s)) {
+            ejecutar(u"UPDATE Contador_CBarras SET Cod_Barras = '%1'"_s.arg(caso[0]));
+            QString numero;
+            const nv::Error error = errorDe([&] { numero = nueva(63).CrearAuto(); });
+            QVERIFY2(numero.chopped(!numero.isEmpty()) == caso[1].chopped(!caso[1].isEmpty()), qPrintable(numero));
+            QCOMPARE(error.descripcion.contains(u"«%1»"_s.arg(caso[0])), caso[1].isEmpty());
+        }
     }
 
     /// No lock holds a row that is not there yet: another workstation may make it between our look and our write.
@@ -269,6 +295,15 @@ private:
         const QString alta = u"INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal, Fecha)"
                              u" VALUES (2, %1, '%2', %3, '01/02/2026')"_s;
         ejecutar(alta.arg(articulo).arg(codigo).arg(principal));
+    }
+    /// What the embedded engine is told to refuse fails, and leaves the rows of 20 as they were.
+    void rompe(const QString &que, const std::function<void()> &operacion)
+    {
+        ejecutar(u"CREATE TRIGGER rompe BEFORE %1 ON Articulos_CBarras BEGIN SELECT RAISE(ABORT, 'x'); END"_s.arg(que));
+        const QString antes = deArticulo(20);
+        QVERIFY(falla(operacion) && !conexion().enTransaccion());
+        QCOMPARE(deArticulo(20), antes);
+        ejecutar(u"DROP TRIGGER rompe"_s);
     }
     /// "barcode|main" of an item's rows.
     QString deArticulo(int articulo)

@@ -25,6 +25,9 @@ private Q_SLOTS:
             nombres << una.NombreFamilia(i) << una.NombreCualidad(i);
         QCOMPARE(nombres.join(u','), u"Estilo,C:\\Inf,,,,Sección,Talla,,Color,Línea,,,"_s);
         QVERIFY(una.ValorEntero16(u"busqueda"_s) == 5 && una.ValorEntero32(u"Vital"_s) == 70000);
+        QVERIFY(errorDe([&] {
+                    una.ValorEntero16(u"Vital"_s);
+                }).descripcion.endsWith(u"70000 se sale de lo que cabe (Vital)."_s));
         QVERIFY(una.ValorBooleano(u"VITAL"_s) && !una.ValorBooleano(u"Nada"_s));
         QCOMPARE(una.PorcentajeImpuesto(1).textoCorto() + una.PorcentajeImpuesto2(1).textoCorto(), u"215,2"_s);
         QVERIFY2(una.PorcentajeImpuesto(2).esCero(), "a type that is not there");

@@ -131,11 +131,13 @@ private Q_SLOTS:
         BaseDatos base;
         nv::Registros fila =
             base.conexion().Abrir(nv::Sentencia(u"SELECT '05/11/2026', ' 5/11/2026 9:30', '2026-11-05T09:30', "
-                                                u"'2026-11-05 00:00:00.000', 'x', '', NULL, '99999'"));
+                                                u"'2026-11-05 00:00:00.000', 'x', '', NULL, '99999' AS Tarifa"));
         QVERIFY(fila.siguiente());
         for (int i = 0; i < 8; ++i)
             QCOMPARE(fila.fechaO(i), i < 4 ? QDate(2026, 11, 5) : QDate());
-        QCOMPARE(numeroDeError([&] { fila.entero16(7); }), nv::errores::Desbordamiento);
+        const nv::Error grande = errorDe([&] { fila.entero16(7); });
+        QCOMPARE(grande.numero, nv::errores::Desbordamiento);
+        QCOMPARE(grande.descripcion, u"El número 99999 se sale de lo que cabe (Tarifa)."_s);
         QVERIFY(fila.entero32(7) == 99999 && fila.booleano(7) && fila.booleanoO(7));
         QVERIFY(fila.entero32O(6) == 0 && fila.entero16O(6) == 0 && !fila.booleanoO(6) && fila.monedaO(6).esCero());
     }

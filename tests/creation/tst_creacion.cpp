@@ -1,4 +1,5 @@
 #include "Escenario.h"
+#include "platform/pickers/SelectorCodigo.h"
 #include "support/Programa.h"
 
 #include <QApplication>
@@ -25,12 +26,12 @@ private Q_SLOTS:
         Escenario e;
         e.empresa.valores[u"EsUlvaro"_s] = u"1"_s;
         QVERIFY(e.corre(uR"(
-            todo 00321 L'ORÉAL-1; txtImpuesto = 1,5; txtCodBarras = 96385074; -> chkUnidadesDecimales; Espacio
+            todo 00321 L'ORÉAL-1; txtImpuesto = ,2; txtCodBarras = 96385074; -> chkUnidadesDecimales; Espacio
             Enter; foco ? txtCodBarras; F9)"_s));
         QVERIFY(e.forma->Aceptado && e.dicho().isEmpty());
         for (const auto &[columnas, filas] : casos<2>(uR"(
             Descripcion, Desc_Ticket, FAlta FROM Articulos → ROPA ACME SPORT L'ORÉAL-1|ACM L'ORÉAL-1|22/11/2026
-            Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, CualidadX, CualidadY FROM Articulos → 1|5|6|4|1.5|3|4
+            Familia_1, Familia_2, Familia_3, Marca, TipoImpuesto, CualidadX, CualidadY FROM Articulos → 1|5|6|4|2|3|4
             NoGenerarSerieEAN, UnidadesDecimales, Temporada, Mod_Ficha FROM Articulos → 0|1|V26|1
             Cod_Empresa, Cod_Almacen FROM Almacen_Articulos → 1|1 1|2
             Cod_Empresa, Cod_Prov, Ref, Principal, Fecha FROM Articulos_Ref → 2|7|L'ORÉAL-1|1|22/11/2026
@@ -78,37 +79,81 @@ private Q_SLOTS:
         QVERIFY(e.corre(uR"(
             txtCodigo = 1; Enter; txtMarca = 4; txtRef = B-1; txtDesc_Ticket ? ACM B-1
             txtDescripcion ? ·ACME SPORT B-1; txtDesc_Ticket = A MANO; txtFamilia_1 = 2; Enter
-            txtDesc_Ticket ? ACM B-1; txtDescripcion ? CALZ ACME SPORT B-1; txtDescripcion = A MANO
+            txtDesc_Ticket ? A MANO; txtDescripcion ? CALZ ACME SPORT B-1; txtDesc_Ticket =; txtRef = B-2
+            txtDesc_Ticket ? ACM B-2; txtDescripcion = A MANO; txtDescripcion ? A MANO
             txtImpuesto = -1; txtImpuesto ? 1; -> txtRef; lblPIgic ? 7 %; conserva; F12; txtDescripcion ?; txtRef ?
             lblPIgic ?; txtMarca ? 4; cboCualX ? (ninguna); cboCualY ? Colores; cboCualX = 1
             todo 200 R; foco ? cboCualX; -> txtFamilia_1; Enter; foco ? txtFamilia_2; txtFamilia_3 ? 6
             txtFamilia_1 = 2; Enter; txtFamilia_2 ?; txtFamilia_3 ?; txtFamilia_2 = 5; txtFamilia_3 = 6
-            txtFamilia_1 ? 2; sql UPDATE Familias_1 SET Nombre = 'ZAPATO'; txtMarca =; F9; 200 ? 1|CALZ··R)"_s));
-        Escenario otro; // what a picker has not yet looked up is in the description all the same
-        QVERIFY(otro.corre(u"todo 200 R; txtMarca =; -> txtRef; txtMarca = 4; F9; 200 ? 1|ROPA ACME SPORT R"_s));
+            txtFamilia_1 ? 2; sql UPDATE Familias_1 SET Nombre = 'ZAPATO'; txtMarca =; F9; responde Sí; responde Sí)"_s));
+        QCOMPARE(e.ve(u"200"_s), u"1|CALZ  R"_s);
+        // What a picker has not yet looked up is in the description all the same, unless that was written by hand.
+        for (const auto &[mano, queda] : casos<2>(u"→ ROPA ACME SPORT R\ntxtDescripcion = MIA; → MIA"_s)) {
+            Escenario otro;
+            QVERIFY(
+                otro.corre(u"todo 200 R; txtMarca =; -> txtRef; %1 txtMarca = 4; F9; 200 ? 1|%2"_s.arg(mano, queda)));
+        }
+    }
+
+    /// The last digits before F9, what is asked, the answer, where the focus is then.
+    void what_does_not_exist_is_asked_about_before_it_is_saved()
+    {
+        for (const auto &[campo, pregunta, respuesta, queda] : casos<4>(uR"(
+            txtProv = 99      → El proveedor 99 no existe. ¿Desea continuar?       → No      → txtProv
+            txtProv = 99      → El proveedor 99 no existe. ¿Desea continuar?       → Sí      → guardado
+            txtMarca = 9      → La marca 9 no existe. ¿Desea continuar?            → No      → txtMarca
+            txtFamilia_1 = 9  → Familia 9 no existe. ¿Desea continuar?             → No      → txtFamilia_1
+            txtFamilia_3 = 5  → Linea 5 no existe. ¿Desea continuar?               → Sí      → guardado
+            txtTemporada = X  → La temporada X no existe. ¿Desea continuar?        → No      → txtTemporada
+            txtMarca = 40000  → La marca 40000 no existe: los códigos llegan a 32767. → Aceptar → txtMarca
+            txtProv = 9999999999 → El proveedor 9999999999 no existe: los códigos llegan a 2147483647. → Aceptar → txtProv
+            txtImpuesto = 40000  → El número 40000 se sale de lo que cabe (Igic).  → Aceptar → txtImpuesto)"_s)) {
+            Escenario e;
+            e.sql(u"UPDATE Empresas SET FamiliaObligada = 0"_s);
+            QString nombre; // that the picker shows while the box is up
+            e.acciones[u"espera"_s] = [&] {
+                e.conductor.con<QMessageBox>([&, respuesta](QMessageBox &caja) {
+                    if (auto *selector = dynamic_cast<nv::SelectorCodigo *>(e.hijo(campo.section(u' ', 0, 0))))
+                        nombre = selector->findChild<QLabel *>(u"nombre"_s)->text();
+                    for (auto *boton : caja.findChildren<QPushButton *>())
+                        if (boton->text().remove(u'&') == respuesta)
+                            boton->click();
+                });
+            };
+            const bool guarda = queda == u"guardado";
+            QVERIFY(e.corre(u"todo 200 R; %1; espera; F9; "_s.arg(campo) +
+                            (guarda ? QString() : u"foco ? %1; cierra"_s.arg(queda))));
+            QCOMPARE(e.forma->Aceptado, guarda);
+            QVERIFY2(e.dicho().endsWith(u": "_s + pregunta), qPrintable(e.dicho()));
+            QCOMPARE(nombre, campo.startsWith(u"txtImp") ? QString() : u"No existe"_s);
+        }
     }
 
     void a_code_is_confirmed_or_refused()
     {
         for (const auto &[texto, queda, foco, dice] : casos<4>(uR"(
-            ··          → ··          → txtCodigo →
-            00012       → 00012       → txtProv   →
-            12ab        → 12          → txtProv   →
-            999         → 999         → txtProv   →
-            5000        → 5000        → txtProv   →
-            0           →             → txtCodigo →
-            ABC         →             → txtCodigo →
-            99999999999 → 99999999999 → txtCodigo → ¡ Atención !: Desbordamiento)"_s)) {
+            ··         → ··    → txtCodigo →
+            00012      → 00012 → txtProv   →
+            12ab       → 12    → txtProv   →
+            999        → 999   → txtProv   →
+            5000       → 5000  → txtProv   →
+            0          →       → txtCodigo → «0» no es un código de artículo
+            ABC        →       → txtCodigo → «ABC» no es un código de artículo
+            5001       →       → txtCodigo → El código 5001 pasa del mayor que se admite: 5000
+            9999999999 →       → txtCodigo → El código 9999999999 pasa del mayor que se admite: 5000)"_s)) {
             Escenario e;
-            QVERIFY(
-                e.corre(u"txtCodigo = %1; Enter; %2;txtCodigo ? %3; foco ? %4; abierto ? %5; cmdAceptar:activo ? %5; "
-                        u"clic cmdCerrar"_s.arg(texto, dice.isEmpty() ? dice : u"responde Aceptar"_s, queda, foco)
-                            .arg(foco == u"txtProv")));
-            QVERIFY2(e.dijo(dice), qPrintable(e.dicho()));
+            QVERIFY(e.corre(u"txtCodigo = %1; Enter; txtCodigo ? %2; foco ? %3; lblAviso ? %4; abierto ? %5; "
+                            u"cmdAceptar:activo ? %5; "
+                            u"clic cmdCerrar"_s.arg(texto, queda, foco, dice.isEmpty() ? u"no such field"_s : dice)
+                                .arg(foco == u"txtProv")));
+            QVERIFY2(e.dicho().isEmpty(), qPrintable(e.dicho()));
             QCOMPARE(e.filas(u"SELECT Codigo FROM Articulos UNION ALL SELECT Cod_Articulo FROM Almacen_Articulos "
                              u"ORDER BY 1"_s),
                      u"100 999"_s);
         }
+        Escenario e;
+        QVERIFY(e.corre(uR"(txtCodigo = 100; Enter; responde Aceptar; txtCodigo ?
+            lblAviso ? El código 100 ya está asignado; cierra)"_s));
     }
 
     void keys_held_down_wheel_and_esc_do_one_thing_at_a_time()
@@ -203,7 +248,7 @@ private Q_SLOTS:
         mallopt(M_PERTURB, 0xA5);
         for (const auto &[guion, conCheck] : casos<2>(uR"(
             txtCodigo = 100; Enter                                    → 0
-            txtCodigo = 99999999999; Enter                            → 0
+            todo 200 R; txtMarca = 9; F9                              → 0
             todo 200 R; txtProv =; F9                                 → 0
             todo 200 R; txtDescripcion =; F9                          → 0
             todo 200 YA; F9                                           → 0

@@ -92,13 +92,14 @@ public:
     QVariant valor(int) const override { return {}; }
 };
 
-bool cambiaFilas(const QString &forma)
+enum class Clase { Consulta, Filas, Esquema };
+
+Clase claseDe(QStringView forma)
 {
-    for (const Lexema &lexema : Lexemas(forma)) {
-        if (lexema.tipo != Lexema::Tipo::Blanco)
-            return lexema.es(u"INSERT") || lexema.es(u"UPDATE") || lexema.es(u"DELETE");
-    }
-    return false;
+    const Lexema primero = primerLexema(forma);
+    if (primero.es(u"INSERT") || primero.es(u"UPDATE") || primero.es(u"DELETE"))
+        return Clase::Filas;
+    return primero.es(u"CREATE") || primero.es(u"ALTER") || primero.es(u"DROP") ? Clase::Esquema : Clase::Consulta;
 }
 
 QString entreCorchetes(const QString &nombre)
@@ -203,8 +204,12 @@ qint64 ConexionEmbebida::ejecutar(Preparada &preparada, const Parametrizada &par
         sqlite3_reset(sentencia);
         throw error;
     }
-    const qint64 filas = cambiaFilas(parametrizada.forma) ? sqlite3_changes64(m_base.get()) : 0;
+    const Clase clase = claseDe(parametrizada.forma);
+    const qint64 filas = clase == Clase::Filas ? sqlite3_changes64(m_base.get()) : 0;
     sqlite3_reset(sentencia);
+    // A search that makes its #table changes none of the catalogue's.
+    if (clase == Clase::Esquema && !parametrizada.forma.contains(u'#'))
+        m_cache.vaciar();
     if (filas > 0 && sqlite3_get_autocommit(m_base.get()) != 0)
         trigramas::ponerAlDia(m_base.get());
     return filas;

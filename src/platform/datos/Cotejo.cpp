@@ -113,8 +113,15 @@ std::optional<std::int64_t> segundos(std::string_view texto)
     return (static_cast<std::int64_t>(partes[0]) * 60 + partes[1]) * 60 + partes[2];
 }
 
-/// Seconds on a scale that only has to grow with the date.
-std::optional<std::int64_t> instante(std::string_view texto)
+struct Momento
+{
+    int ano;
+    int mes;
+    int dia;
+    std::int64_t segundos; // of the day
+};
+
+std::optional<Momento> momento(std::string_view texto)
 {
     const std::size_t inicio = texto.find_first_not_of(' ');
     if (inicio == std::string_view::npos)
@@ -144,8 +151,17 @@ std::optional<std::int64_t> instante(std::string_view texto)
             return std::nullopt;
         hora = *leida;
     }
+    return Momento{ano, *mes, dia, hora};
+}
+
+/// Seconds on a scale that only has to grow with the date.
+std::optional<std::int64_t> instante(std::string_view texto)
+{
     constexpr std::int64_t SegundosPorDia = 86400;
-    return ((static_cast<std::int64_t>(ano) * 12 + *mes) * 31 + dia) * SegundosPorDia + hora;
+    const std::optional<Momento> m = momento(texto);
+    if (!m)
+        return std::nullopt;
+    return ((static_cast<std::int64_t>(m->ano) * 12 + m->mes) * 31 + m->dia) * SegundosPorDia + m->segundos;
 }
 
 } // namespace
@@ -210,6 +226,12 @@ int cotejarFecha(std::string_view a, std::string_view b)
     if (ia || ib)
         return ia ? 1 : -1;
     return cotejarTexto(a, b);
+}
+
+QDate fechaDe(std::string_view texto)
+{
+    const std::optional<Momento> m = momento(texto);
+    return m ? QDate(m->ano, m->mes, m->dia) : QDate();
 }
 
 QString prefijoPatron(QStringView patron)

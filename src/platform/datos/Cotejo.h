@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include <string_view>
@@ -29,6 +30,8 @@ int cotejarTexto(std::string_view a, std::string_view b);
 /// Compares dd/mm/yyyy and ISO texts (with or without a time) as dates, leading blanks allowed; texts that are no date
 /// come first, among themselves as texts.
 int cotejarFecha(std::string_view a, std::string_view b);
+/// The date that such a text writes; invalid when it writes none.
+QDate fechaDe(std::string_view texto);
 
 /// What every text that fits a LIKE pattern begins with, without its accents so that nothing that fits sorts before
 /// it; empty when the pattern begins with a wildcard.

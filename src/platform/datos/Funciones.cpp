@@ -2,6 +2,7 @@
 
 #include "nvArticulo/Error.h"
 #include "nvArticulo/Moneda.h"
+#include "platform/datos/ConTipos.h"
 #include "platform/datos/Cotejo.h"
 #include "platform/datos/PatronLike.h"
 #include "platform/datos/Trigramas.h"
@@ -144,12 +145,12 @@ void finSuma(sqlite3_context *contexto)
     qint64 total = suma->diezmilesimas;
     qint64 enteros = 0;
     if (suma->desbordada)
-        sqlite3_result_error(contexto, "Desbordamiento.", -1);
+        sqlite3_result_error(contexto, "La suma se sale de lo que cabe.", -1);
     else if (!suma->conDecimales)
         sqlite3_result_int64(contexto, suma->enteros);
     else if (__builtin_mul_overflow(suma->enteros, Moneda::Escala, &enteros) ||
              __builtin_add_overflow(total, enteros, &total))
-        sqlite3_result_error(contexto, "Desbordamiento.", -1);
+        sqlite3_result_error(contexto, "La suma se sale de lo que cabe.", -1);
     else
         sqlite3_result_double(contexto, static_cast<double>(total) / static_cast<double>(Moneda::Escala));
 }
@@ -177,6 +178,8 @@ int registrarFunciones(sqlite3 *base)
         codigo = funcion("NV_VALOR_TEXTO", 1, funcionTexto);
     if (codigo == SQLITE_OK)
         codigo = trigramas::registrarFuncion(base);
+    if (codigo == SQLITE_OK)
+        codigo = registrarTipos(base);
     if (codigo == SQLITE_OK)
         codigo = sqlite3_create_function_v2(base, "SUM", 1, Opciones, nullptr, nullptr, pasoSuma, finSuma, nullptr);
     return codigo;

@@ -231,6 +231,14 @@ Parametrizada parametrizar(QStringView sentencia)
     return resultado;
 }
 
+Lexema primerLexema(QStringView sentencia)
+{
+    Lexema lexema{Lexema::Tipo::Blanco, {}};
+    for (qsizetype i = 0; i < sentencia.size() && lexema.tipo == Lexema::Tipo::Blanco; i += lexema.texto.size())
+        lexema = siguiente(sentencia, i);
+    return lexema;
+}
+
 Lexemas::Lexemas(QStringView forma)
 {
     for (qsizetype i = 0; i < forma.size();) {

@@ -52,6 +52,9 @@ struct Lexema
     bool esSigno(char16_t signo) const { return tipo == Tipo::Signo && texto == QChar(signo); }
 };
 
+/// The first token that is no blank: what a statement does.
+Lexema primerLexema(QStringView sentencia);
+
 /// The tokens of a form or a statement, whole: joined they give it back. Comments count as blanks. A view: the text must
 /// outlive it.
 class Lexemas : public std::vector<Lexema>

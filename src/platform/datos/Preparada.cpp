@@ -32,6 +32,23 @@ void vincularLiteral(sqlite3_stmt *sentencia, int lugar, const Literal &literal)
         sqlite3_bind_double(sentencia, lugar, literal.escrito.toDouble());
 }
 
+/// What the column makes of a literal that does not go in as it stands.
+void vincularTipada(sqlite3_stmt *sentencia, int lugar, const Literal &literal, const TipoServidor &tipo)
+{
+    bool esEntero = false;
+    const qlonglong numero = literal.escrito.toLongLong(&esEntero);
+    const ValorGuardado escrito = literal.esTexto ? ValorGuardado(literal.texto().toStdString())
+                                  : esEntero      ? ValorGuardado(qint64{numero})
+                                                  : ValorGuardado(literal.escrito.toDouble());
+    const ValorGuardado valor = tipo.admitir(escrito);
+    if (const auto *entero = std::get_if<qint64>(&valor))
+        sqlite3_bind_int64(sentencia, lugar, *entero);
+    else if (const auto *real = std::get_if<double>(&valor))
+        sqlite3_bind_double(sentencia, lugar, *real);
+    else if (const auto *texto = std::get_if<std::string>(&valor))
+        vincularTexto(sentencia, lugar, QByteArray::fromStdString(*texto));
+}
+
 } // namespace
 
 sqlite3_stmt *preparar(sqlite3 *base, const QString &sql, bool duradera)
@@ -54,11 +71,13 @@ sqlite3_stmt *preparar(sqlite3 *base, const QString &sql, bool duradera)
     return sentencia;
 }
 
-Preparada::Preparada(sqlite3 *base, const QString &forma, Criba criba)
+Preparada::Preparada(sqlite3 *base, TablasTipadas &tablas, const QString &forma, Criba criba)
     : m_criba(criba)
 {
     Adaptada adaptada = adaptar(forma, criba);
-    m_sentencia = preparar(base, adaptada.sql, true);
+    m_tipada = conTipos(base, tablas, adaptada.sql);
+    m_sentencia = preparar(base, m_tipada.sql, true);
+    m_tipada.sql.clear();
     m_adaptada = std::move(adaptada.sql);
     m_tablaNueva = std::move(adaptada.tablaNueva);
     m_rangos = std::move(adaptada.rangos);
@@ -89,8 +108,14 @@ int Preparada::vincular(const Parametrizada &parametrizada, sqlite3_stmt *otra) 
     const int ultimo = sqlite3_bind_parameter_count(otra);
     int lugar = 0;
     for (const Literal &literal : parametrizada.literales) {
-        if (++lugar <= ultimo)
+        if (++lugar > ultimo)
+            continue;
+        const auto indice = static_cast<std::size_t>(lugar - 1);
+        const TipoServidor *tipo = indice < m_tipada.deParametros.size() ? m_tipada.deParametros[indice] : nullptr;
+        if (!tipo || tipo->cabe(literal))
             vincularLiteral(otra, lugar, literal);
+        else
+            vincularTipada(otra, lugar, literal, *tipo);
     }
     for (const std::size_t cual : m_rangos) {
         const QString prefijo = prefijoPatron(parametrizada.literales[static_cast<qsizetype>(cual)].texto());
@@ -122,7 +147,7 @@ std::shared_ptr<Preparada> CachePreparadas::obtener(sqlite3 *base, const Paramet
         m_entradas.splice(m_entradas.begin(), m_entradas, *lugar);
         return m_entradas.front().preparada;
     }
-    auto preparada = std::make_shared<Preparada>(base, parametrizada.forma, criba);
+    auto preparada = std::make_shared<Preparada>(base, m_tablas, parametrizada.forma, criba);
     // Statements without lifted literals are the schema's, seldom run twice.
     if (parametrizada.literales.isEmpty() || parametrizada.forma.size() > FormaMaxima)
         return preparada;
@@ -139,6 +164,7 @@ void CachePreparadas::vaciar()
 {
     m_indice.clear();
     m_entradas.clear();
+    m_tablas.clear();
 }
 
 } // namespace nv::datos

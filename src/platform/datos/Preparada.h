@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/datos/ConTipos.h"
 #include "platform/datos/Trigramas.h"
 
 #include <QHash>
@@ -19,7 +20,7 @@ class Preparada
 {
 public:
     /// Throws Error.
-    Preparada(sqlite3 *base, const QString &forma, Criba criba);
+    Preparada(sqlite3 *base, TablasTipadas &tablas, const QString &forma, Criba criba);
     Preparada(const Preparada &) = delete;
     Preparada &operator=(const Preparada &) = delete;
     ~Preparada();
@@ -45,6 +46,7 @@ private:
     QString m_adaptada;
     QString m_tablaNueva;
     std::vector<std::size_t> m_rangos;
+    ConTipos m_tipada;
     std::optional<CondicionesCribables> m_cribables;
     Criba m_criba;
     sqlite3_stmt *m_sentencia = nullptr;
@@ -73,6 +75,7 @@ private:
 
     std::list<Entrada> m_entradas; // most recently used first
     QHash<QString, std::list<Entrada>::iterator> m_indice;
+    TablasTipadas m_tablas;
 };
 
 /// Throws Error for a text that holds more than one statement.

@@ -2,7 +2,6 @@
 
 #include "nvArticulo/Registros.h"
 #include "platform/widgets/Campos.h"
-#include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 
 #include <QCoreApplication>
@@ -43,6 +42,7 @@ ListaCodigos::ListaCodigos(const QString &titulo, bool numericos, QWidget *padre
     m_lista->setObjectName(u"vsLista"_s);
     m_lista->setAccessibleName(titulo);
     m_lista->setColumnas({{u"Código", 1100, numericos ? Qt::AlignRight : Qt::AlignLeft}, {u"Nombre", 3000}});
+    m_lista->ensanchar(Codigo, u"2147483647"_s);
 
     auto *arriba = new QHBoxLayout;
     arriba->addWidget(nuevoRotulo(u"&Buscar:"_s, m_filtro, this));
@@ -52,7 +52,7 @@ ListaCodigos::ListaCodigos(const QString &titulo, bool numericos, QWidget *padre
     todo->addWidget(m_lista);
     todo->addLayout(botonera());
     atajosAceptarCancelar();
-    resize(twips::aPixeles(6600, this), twips::aPixeles(6000, this));
+    dimensionar(6600, 6000);
 
     m_filtro->installEventFilter(this);
     connect(m_filtro, &QLineEdit::textChanged, this, &ListaCodigos::filtrar);

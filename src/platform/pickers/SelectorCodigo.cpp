@@ -49,7 +49,7 @@ SelectorCodigo::SelectorCodigo(const Tabla &tabla, QWidget *padre)
     , m_etiqueta(new EtiquetaElidida(this))
 {
     m_caja->setObjectName(u"caja"_s);
-    m_caja->setFixedWidth(twips::aPixeles(AnchoCaja, this));
+    m_caja->setFixedWidth(twips::conLetra(AnchoCaja, this));
     m_caja->setMaxLength(20);
     m_caja->installEventFilter(this);
     m_etiqueta->setObjectName(u"nombre"_s);
@@ -157,6 +157,7 @@ void SelectorCodigo::mostrarNombre(const QString &nombre, bool existe)
     m_etiqueta->setPalette(coloresNombre(palette(), existe));
     m_etiqueta->setText(nombre);
     m_caja->setAccessibleDescription(nombre);
+    Q_EMIT Cargado();
 }
 
 bool SelectorCodigo::Cargar()

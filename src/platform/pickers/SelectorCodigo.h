@@ -47,6 +47,7 @@ public:
 
 Q_SIGNALS:
     void Cambio();             ///< the text of the box changed
+    void Cargado();            ///< the code was looked up: the name is that of the code, or gone
     void Salida();             ///< the box lost the focus, its name loaded
     void Intro(bool &tratada); ///< Enter, the name already loaded; set `tratada` to keep the focus here
 

@@ -3,12 +3,14 @@
 #include "platform/widgets/CajaTexto.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Teclas.h"
+#include "platform/widgets/Twips.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +73,11 @@ void FormularioModal::ejecutar()
 void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 {
     m_atajos->poner(tecla, std::move(accion));
+}
+
+void FormularioModal::dimensionar(int ancho, int alto)
+{
+    resize(QSize(twips::conLetra(ancho, this), twips::conLetra(alto, this)).boundedTo(screen()->availableSize()));
 }
 
 void FormularioModal::atajosAceptarCancelar()

@@ -29,6 +29,8 @@ protected:
     /// A key that the form sees before its fields do, whichever has the focus, once however long it is held. Keys of
     /// popups and of boxes on top stay theirs.
     void atajo(Qt::Key tecla, std::function<void()> accion);
+    /// In twips, for the standard letter; grows with a larger one, as far as the screen goes.
+    void dimensionar(int ancho, int alto);
     /// F9 and F12.
     void atajosAceptarCancelar();
     QPushButton *boton(const QString &texto, const QString &nombre, std::function<void()> accion);

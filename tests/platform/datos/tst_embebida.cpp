@@ -52,7 +52,9 @@ private Q_SLOTS:
         base.ejecutar(u"UPDATE Articulos_Tarifas SET Pvp = 900000000000000"_s);
         for (const QString &de : {u"Articulos_Tarifas"_s, u"(SELECT 9223372036854775807 AS Pvp UNION ALL SELECT 1)"_s,
                                   u"(SELECT 922337203685477 AS Pvp UNION ALL SELECT 0.9)"_s})
-            QVERIFY(mensaje([&] { base.filas(u"SELECT SUM(Pvp) FROM "_s + de); }).endsWith(u"Desbordamiento."_s));
+            QVERIFY(mensaje([&] {
+                        base.filas(u"SELECT SUM(Pvp) FROM "_s + de);
+                    }).endsWith(u"La suma se sale de lo que cabe."_s));
     }
 
     void errors_in_words()

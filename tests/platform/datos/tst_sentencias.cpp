@@ -119,6 +119,47 @@ private Q_SLOTS:
         QVERIFY(falla([&] { conexion().Ejecutar(crear(Hoy)); }) && !abierta.siguiente()); // it stands already
     }
 
+    /// Column, what is written; what is kept, or "!" and the words that refuse it. As value, by an expression, by a query.
+    void columns_keep_what_their_types_allow()
+    {
+        for (const QStringList &c : tabla(
+                 u"Temporada→'x20'→x20;Temporada→'x20   '→x20;Temporada→'x21'→!demasiado largo: caben 20 caracteres;"
+                 u"Temporada→'ñ20'→ñ20;Temporada→NULL→NULL;Temporada→'O''R'→O'R;Marca→7.9→7;Marca→-7.9→-7;Marca→' 12 "
+                 u"'→12;"
+                 u"Marca→''→0;Marca→'7.5'→!«7.5» no es un número entero;Marca→'-'→!«-» no es;Marca→32767→32767;"
+                 u"Marca→40000→!El número 40000 se sale de lo que cabe;Marca→-32769→!El número -32769 se;"
+                 u"Marca→'99999999999999999999'→!El número 99999999999999999999 se;Marca→1e20→!El número "
+                 u"100000000000000000000 se;"
+                 u"Bloqueado→-1→1;Bloqueado→0.5→1;Bloqueado→'True'→1;Bloqueado→'no'→!«no» no es un sí o un no;"
+                 u"Largo→99999999999→99999999999;Largo→'10.5'→10.5;Largo→1e15→!El número 1000000000000000 se;"
+                 u"Largo→'ab'→!«ab» no es un importe;FAlta→'29/02/2024'→29/02/2024;FAlta→'30/02/2026'→!«30/02/2026» no;"
+                 u"FAlta→''→01/01/1900;FAlta→1→02/01/1900;FAlta→'mañana'→!«mañana» no es una fecha;"
+                 u"FAlta→'31/12/1752'→!«31/12/1752» no es;Desc_Memo→'x9000'→x9000"_s)) {
+            QString escrito = c[1], leido = c[2];
+            for (QString *texto : {&escrito, &leido})
+                for (const int veces : {20, 21, 9000})
+                    texto->replace(u"x%1"_s.arg(veces), QString(veces, u'x')).replace(u"ñ20"_s, QString(20, u'ñ'));
+            for (const QString &como : {u"INSERT INTO Articulos (Cod_Empresa, Codigo, %1) VALUES (9, 1, %2)"_s,
+                                        u"INSERT INTO [Articulos] (Cod_Empresa, Codigo, %1) SELECT 9, 1, %2"_s,
+                                        u"UPDATE Articulos SET Ancho = 1, %1 = %2, Mod_Ficha = 1 WHERE Codigo = 4"_s,
+                                        u"UPDATE Articulos SET %1 = ISNULL(%2, NULL) FROM (SELECT 4 AS n) a"
+                                        u" WHERE Articulos.Codigo = a.n"_s}) {
+                const QString sentencia = como.arg(c[0], escrito);
+                const nv::Error error = errorDe([&] { ejecutar(sentencia); });
+                QVERIFY2((error.numero == -1) != leido.startsWith(u'!'), qPrintable(sentencia + error.descripcion));
+                if (leido.startsWith(u'!') && via() == Via::Embebida)
+                    QVERIFY2(error.descripcion.contains(leido.sliced(1)) &&
+                                 error.descripcion.endsWith(u" (Articulos.%1)."_s.arg(c[0])),
+                             qPrintable(error.descripcion));
+                else if (!leido.startsWith(u'!'))
+                    QCOMPARE(responde(u"SELECT %1 FROM Articulos WHERE Codigo = %2"_s.arg(c[0]).arg(
+                                 como.startsWith(u"INSERT") ? u"1 AND Cod_Empresa = 9"_s : u"4"_s)),
+                             leido);
+                ejecutar(u"DELETE FROM Articulos WHERE Cod_Empresa = 9"_s);
+            }
+        }
+    }
+
     void copy_takes_the_rows_of_its_search()
     {
         ejecutar(u"INSERT INTO Articulos_Buscar (Terminal, Cod_Articulo) VALUES ('CAJA1', 77), ('CAJA2', 78)"_s);

@@ -48,6 +48,7 @@ private Q_SLOTS:
             const QStringList &c : tabla(
                 u"0→0012→12→12→s→Botones;0→8→8→8→n→No existe;0→→0→0→n→;0→0→0→0→n→;"
                 u"0→70001→70001→70001→s→Cinturón y Piel;0→99999999999→0→2147483648→n→No existe;"
+                u"1→99999999999→0→2147483648→n→No existe;2→99999999999→0→2147483648→n→No existe;"
                 u"0→-7→-7→2147483648→n→No existe;0→x7→0→2147483648→n→No existe;1→5→5→5→s→Central;1→9→9→9→n→No existe;"
                 u"2→3→3→3→s→;3→v26 →0→2147483648→s→Verano;3→V'26--→0→2147483648→n→No existe;0→ 7 →7→7→s→Hilos <Cía>"_s)) {
             SelectorCodigo &s = *m_todos[c[0].toInt()];
@@ -88,8 +89,12 @@ private Q_SLOTS:
         QVERIFY(!dos->Existe() && !tres->Existe());
         dos->setCodigo(1);
         QCOMPARE(familias.codigos(), (std::array{11, 1, 0}));
-        uno->setTexto(u"40000"_s);
-        QVERIFY(familias.buscados() == (std::array<qint64, 3>{40000, 0, 0}));
+        for (const QString &grande : {u"40000"_s, u"99999999999"_s}) {
+            uno->setTexto(grande);
+            dos->setTexto(grande);
+            const qint64 buscado = std::min(grande.toLongLong(), qint64{2147483648});
+            QVERIFY(familias.buscados() == (std::array<qint64, 3>{buscado, buscado, 0}) && !dos->Cargar());
+        }
         uno->Limpiar();
         for (const bool todos : {true, false}) {
             m_empresa.familias[1] = todos ? u"Sub"_s : QString();
@@ -122,6 +127,11 @@ private Q_SLOTS:
             pulsar(m_ventana.get(), tecla);
             QVERIFY(m_proveedor->caja()->hasFocus() == (codigo == 7) && m_proveedor->Existe());
         }
+        // What F9 asks before it takes the code: its name, once.
+        QSignalSpy cargado(m_proveedor, &SelectorCodigo::Cargado);
+        m_proveedor->setCodigo(7);
+        QVERIFY(cargado.isEmpty() && m_proveedor->Asentar() && m_proveedor->Nombre() == u"Hilos <Cía>");
+        QVERIFY(m_proveedor->Asentar() && cargado.size() == 1);
         m_proveedor->setcEmpresa(nullptr); // one message, and the focus stays
         m_proveedor->setFocus();
         m_proveedor->setCodigo(70001);
