@@ -1,4 +1,5 @@
 include(CMakeFindDependencyMacro)
-find_dependency(Qt6 6.4 COMPONENTS Core Gui Widgets Sql PrintSupport)
+find_dependency(Qt6 6.4 COMPONENTS Core Gui Widgets PrintSupport)
+find_dependency(ODBC)
 find_dependency(SQLite3)
 include(${CMAKE_CURRENT_LIST_DIR}/nvArticuloTargets.cmake)

@@ -56,6 +56,9 @@ protected:
     virtual void confirmar() = 0;
     virtual void deshacer() = 0;
 
+    /// Tells the listeners what an engine did beside the statements that it was given.
+    void anunciar(const SucesoSentencia &suceso);
+
 private:
     template <class Operacion>
     auto anunciada(const QString &texto, Operacion &&operacion);

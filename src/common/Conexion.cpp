@@ -26,6 +26,13 @@ Conexion::~Conexion()
         ocupante() = nullptr;
 }
 
+void Conexion::anunciar(const SucesoSentencia &suceso)
+{
+    const std::vector<OyenteSentencias *> oyentes = m_oyentes;
+    for (OyenteSentencias *oyente : oyentes)
+        oyente->sentencia(suceso);
+}
+
 template <class Operacion>
 auto Conexion::anunciada(const QString &texto, Operacion &&operacion)
 {
@@ -34,10 +41,7 @@ auto Conexion::anunciada(const QString &texto, Operacion &&operacion)
     QElapsedTimer reloj;
     reloj.start();
     const auto avisar = [&](qint64 filas, const QString &error) {
-        const SucesoSentencia suceso{texto, reloj.nsecsElapsed(), filas, error};
-        const std::vector<OyenteSentencias *> oyentes = m_oyentes;
-        for (OyenteSentencias *oyente : oyentes)
-            oyente->sentencia(suceso);
+        anunciar({texto, reloj.nsecsElapsed(), filas, error});
     };
     try {
         auto resultado = operacion();

@@ -4,7 +4,7 @@
 
 #include <QRegularExpression>
 #include <QSqlDatabase>
-#include <QSqlError>
+#include <QSqlDriver>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -86,6 +86,8 @@ Lugar::Lugar(Via via)
 {
     if (via == Via::Odbc || via == Via::Anfitrion)
         m_texto = textoSqlite(m_texto);
+    if (via == Via::Anfitrion && !QSqlDatabase::isDriverAvailable(u"QODBC"_s))
+        m_texto.clear();
 }
 
 Lugar::~Lugar()
@@ -103,9 +105,8 @@ std::unique_ptr<Conexion> Lugar::conectar()
     m_delAnfitrion << QUuid::createUuid().toString();
     QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, m_delAnfitrion.back());
     base.setDatabaseName(m_texto);
-    if (!base.open())
-        throw Error{0, base.lastError().text(), {}};
-    return datos::sobreOdbc(base);
+    base.open();
+    return datos::sobreOdbc(base.driver()->handle().value<void *>());
 }
 
 void Lugar::hacerEsquema(Conexion &conexion)

@@ -50,7 +50,7 @@ private:
 enum class Via {
     Embebida,
     Odbc,      ///< SQLite behind an ODBC driver: the server's engine, but not its dialect
-    Anfitrion, ///< the same, over a database that its host has opened
+    Anfitrion, ///< the same, over a database that its host has opened with Qt's own driver
     Servidor,  ///< the empty database for tests that NVARTICULO_SQLSERVER names
 };
 
@@ -64,7 +64,9 @@ public:
     /// What the machine lacks for it; empty when nothing.
     QString falta() const
     {
-        const char *que = m_via == Via::Servidor ? "NVARTICULO_SQLSERVER is empty" : "no ODBC driver of SQLite";
+        const char *que = m_via == Via::Servidor    ? "NVARTICULO_SQLSERVER is empty"
+                          : m_via == Via::Anfitrion ? "no ODBC driver of Qt, or of SQLite"
+                                                    : "no ODBC driver of SQLite";
         return m_texto.isEmpty() ? QString::fromLatin1(que) : QString();
     }
     std::unique_ptr<Conexion> conectar();

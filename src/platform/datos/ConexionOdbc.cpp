@@ -1,22 +1,14 @@
 #include "platform/datos/ConexionOdbc.h"
 
-#include "nvArticulo/Error.h"
-#include "nvArticulo/Motores.h"
 #include "platform/datos/Catalogo.h"
-#include "platform/datos/ConexionOdbcErrores.h"
-#include "platform/datos/ConexionOdbcTextos.h"
-#include "platform/datos/ConexionOdbcValores.h"
 
-#include <QSqlDriver>
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlQuery>
-#include <QSqlRecord>
-#include <QUuid>
+#include <QElapsedTimer>
+#include <QRegularExpression>
 
 #include <algorithm>
-#include <map>
-#include <utility>
+#include <array>
+#include <sql.h>
+#include <sqlext.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,116 +16,66 @@ namespace nv::datos {
 
 namespace {
 
-const auto ControladorQt = "QODBC"_L1;
-
-class CursorOdbc final : public Cursor
+void *segundos(int cuantos)
 {
-public:
-    /// Reads to the first row, so that what fails fails here.
-    explicit CursorOdbc(QSqlQuery &&consulta)
-        : m_consulta(std::move(consulta))
-    {
-        const QSqlRecord campos = m_consulta.record();
-        for (int i = 0; i < campos.count(); ++i) {
-            m_nombres.push_back(campos.fieldName(i));
-            m_clases.push_back(claseOdbc(campos.field(i)));
-        }
-        adelantar();
-    }
-
-    int columnas() const override { return static_cast<int>(m_nombres.size()); }
-    QString nombre(int columna) const override { return m_nombres.at(columna); }
-
-    QVariant valor(int columna) const override
-    {
-        leerLargos(columna);
-        const auto lugar = static_cast<std::size_t>(columna);
-        return m_clases.at(lugar) == ClaseOdbc::TextoLargo ? m_largos.at(columna)
-                                                           : valorOdbc(m_consulta.value(columna), m_clases[lugar]);
-    }
-
-private:
-    /// What the driver does not read whole has to be read before it goes on to the columns behind.
-    void leerLargos(int hasta) const
-    {
-        for (; m_leidas <= hasta && m_leidas < columnas(); ++m_leidas) {
-            if (m_clases[static_cast<std::size_t>(m_leidas)] != ClaseOdbc::TextoLargo)
-                continue;
-            if (!m_consulta.driver()->isOpen())
-                throw errores::conexionCerrada();
-            m_largos[m_leidas] = textoLargo(m_consulta, m_leidas);
-        }
-    }
-
-    bool paso() override
-    {
-        m_leidas = 0;
-        if (!m_consulta.driver()->isOpen())
-            throw errores::conexionCerrada();
-        if (m_consulta.next())
-            return true;
-        const bool fallida = m_consulta.lastError().isValid();
-        const Error error = fallida ? errorOdbc(m_consulta) : Error();
-        // The connection is free for others with the last row, not when the reader gets round to closing.
-        m_consulta.finish();
-        if (fallida)
-            throw error;
-        return false;
-    }
-
-    QSqlQuery m_consulta;
-    QStringList m_nombres;
-    std::vector<ClaseOdbc> m_clases;
-    mutable std::map<int, QVariant> m_largos; // of the current row, by column
-    mutable int m_leidas = 0;                 // columns of the current row whose long texts have been read
-};
-
-QSqlDatabase nuevaBase(const QString &nombre)
-{
-    if (!QSqlDatabase::isDriverAvailable(ControladorQt))
-        throw Error{0, u"Falta el controlador de ODBC de Qt."_s, {}};
-    return QSqlDatabase::addDatabase(ControladorQt, nombre);
+    return reinterpret_cast<void *>(static_cast<qintptr>(std::max(cuantos, 0)));
 }
 
-/// Qt puts "DSN=" before a text that names neither a driver nor a server, and counts the zero behind the text as part
-/// of it: a driver may take it for the end of the last value, as of a password.
-QString paraQt(const QString &texto)
+/// For the driver, which reads no further than it is told to.
+SQLWCHAR *comoAncho(const QString &texto)
 {
-    const bool conOrigen = texto.startsWith(u"DSN="_s, Qt::CaseInsensitive) &&
-                           !texto.contains(u"DRIVER="_s, Qt::CaseInsensitive) &&
-                           !texto.contains(u"SERVER="_s, Qt::CaseInsensitive);
-    const QString limpio = conOrigen ? texto.sliced(4) : texto;
-    return limpio.endsWith(u';') ? limpio : limpio + u';';
+    return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(texto.utf16()));
+}
+
+/// The #tables that a statement names, outside its literals.
+QStringList temporales(const QString &texto)
+{
+    static const QRegularExpression forma(u"'[^']*'|(#+\\w+)"_s, QRegularExpression::UseUnicodePropertiesOption);
+    QStringList nombres;
+    for (const QRegularExpressionMatch &vista : forma.globalMatch(texto))
+        if (vista.hasCaptured(1))
+            nombres << vista.captured(1).toLower();
+    return nombres;
+}
+
+/// Whether a rollback failed because there was nothing left to roll back: some errors make the server do it by itself.
+bool sinTransaccion(const Error &error)
+{
+    constexpr qint32 RollbackSinBegin = 3903;
+    return error.numero == RollbackSinBegin ||
+           error.descripcion.contains(u"no transaction is active"_s, Qt::CaseInsensitive);
 }
 
 } // namespace
 
-ConexionOdbc::ConexionOdbc(const QSqlDatabase &base, const QString &nombrePropio)
-    : m_base(base)
-    , m_nombrePropio(nombrePropio)
-{}
-
-ConexionOdbc::ConexionOdbc(const QString &texto)
-    : ConexionOdbc(QSqlDatabase(), QUuid::createUuid().toString())
+ConexionOdbc::ConexionOdbc(const QString &texto, const EsperasOdbc &esperas)
+    : m_texto(texto.trimmed())
+    , m_esperas(esperas)
+    , m_entorno(nullptr, [](void *entorno) { SQLFreeHandle(SQL_HANDLE_ENV, entorno); })
+    , m_enlace(nullptr, [](void *enlace) {
+        SQLDisconnect(enlace);
+        SQLFreeHandle(SQL_HANDLE_DBC, enlace);
+    })
 {
-    if (texto.trimmed().isEmpty())
+    if (m_texto.isEmpty())
         throw Error{0, u"Falta el texto de la conexión con la base de datos."_s, {}};
-    m_base = nuevaBase(m_nombrePropio);
-    m_base.setConnectOptions(u"SQL_ATTR_LOGIN_TIMEOUT=10"_s);
-    m_base.setDatabaseName(paraQt(texto.trimmed()));
-    if (!m_base.open()) {
-        const Error error = errorOdbc(m_base.lastError());
-        throw Error{error.numero, u"No se puede conectar con la base de datos: "_s + error.descripcion, {}};
-    }
-    ajustarSesion();
+    if (!m_texto.section(u';', 0, 0).contains(u'='))
+        m_texto.prepend(u"DSN="_s);
+    SQLHANDLE entorno = nullptr;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &entorno)))
+        throw Error{0, u"Falta el gestor de controladores de ODBC."_s, {}};
+    m_entorno.reset(entorno);
+    SQLSetEnvAttr(entorno, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+    conectar();
 }
 
-ConexionOdbc::ConexionOdbc(const QSqlDatabase &ajena)
-    : ConexionOdbc(ajena, QString())
+ConexionOdbc::ConexionOdbc(void *enlace, const EsperasOdbc &esperas)
+    : m_esperas(esperas)
+    , m_entorno(nullptr, [](void *) {})
+    , m_enlace(enlace, [](void *) {})
 {
-    if (!m_base.driverName().startsWith(ControladorQt))
-        throw Error{0, u"La base de datos no está abierta a través de ODBC."_s, {}};
-    if (!m_base.isOpen())
+    std::array<SQLWCHAR, 8> version{};
+    if (!enlace || !SQL_SUCCEEDED(SQLGetInfoW(enlace, SQL_DRIVER_ODBC_VER, version.data(), sizeof version, nullptr)))
         throw errores::conexionCerrada();
     ajustarSesion();
 }
@@ -141,51 +83,148 @@ ConexionOdbc::ConexionOdbc(const QSqlDatabase &ajena)
 ConexionOdbc::~ConexionOdbc()
 {
     soltarResultados();
-    m_base = QSqlDatabase();
-    if (!m_nombrePropio.isEmpty())
-        QSqlDatabase::removeDatabase(m_nombrePropio);
+}
+
+void ConexionOdbc::conectar()
+{
+    m_enlace.reset();
+    SQLHANDLE enlace = nullptr;
+    SQLAllocHandle(SQL_HANDLE_DBC, m_entorno.get(), &enlace);
+    m_enlace.reset(enlace);
+    SQLSetConnectAttrW(enlace, SQL_ATTR_LOGIN_TIMEOUT, segundos(m_esperas.conectar), 0);
+    if (!SQL_SUCCEEDED(SQLDriverConnectW(enlace, nullptr, comoAncho(m_texto), static_cast<SQLSMALLINT>(m_texto.size()),
+                                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT))) {
+        const DichoOdbc dicho = dichoOdbc(SQL_HANDLE_DBC, enlace);
+        throw Error{dicho.numero, u"No se puede conectar con la base de datos: "_s + dicho.texto, {}};
+    }
+    ajustarSesion();
 }
 
 /// Statements carry dates as dd/mm/yyyy whatever the language of the login.
 void ConexionOdbc::ajustarSesion()
 {
-    const Sentencia orden(u"SET DATEFORMAT dmy");
-    const QSqlDriver::DbmsType tipo = m_base.driver()->dbmsType();
-    if (tipo == QSqlDriver::MSSqlServer || tipo == QSqlDriver::Sybase) {
-        ejecutada(orden);
-    } else if (tipo == QSqlDriver::UnknownDbms) {
-        // A server that goes by another name may speak the dialect too; one that does not refuses, and no harm is done.
-        try {
-            ejecutada(orden);
-        } catch (const Error &) {}
+    ++m_sesion;
+    m_caida = false;
+    std::array<SQLWCHAR, 64> nombre{};
+    SQLGetInfoW(m_enlace.get(), SQL_DBMS_NAME, nombre.data(), sizeof nombre, nullptr);
+    const QString servidor = QString::fromUtf16(reinterpret_cast<const char16_t *>(nombre.data()));
+    try {
+        enviada(u"SET DATEFORMAT dmy"_s);
+    } catch (const Error &) {
+        // A server of another name may speak the dialect too; one that does not refuses, and no harm is done.
+        if (m_caida || servidor.contains(u"SQL Server"_s) || servidor.contains(u"Sybase"_s))
+            throw;
     }
 }
 
-QSqlQuery ConexionOdbc::ejecutada(const Sentencia &sentencia)
+/// Who comes here finds the link gone. Only what can do without all that went with it may have another.
+void ConexionOdbc::reabrir()
 {
-    if (!m_base.isOpen())
-        throw errores::conexionCerrada();
-    QSqlQuery consulta(m_base);
-    consulta.setForwardOnly(true);
-    consulta.setNumericalPrecisionPolicy(QSql::HighPrecision); // amounts as text, not through a double
-    if (!consulta.exec((sentencia.ordenPrescindible() ? sentencia.sinOrden() : sentencia).texto()))
-        throw errorOdbc(consulta);
+    if (enTransaccion())
+        throw Error{errores::ConexionCerrada,
+                    u"Se ha perdido la conexión con la base de datos, y con ella la transacción que estaba abierta: "
+                    u"nada de ella se ha guardado."_s,
+                    {}};
+    QElapsedTimer reloj;
+    reloj.start();
+    const auto contar = [&](const QString &error) {
+        anunciar({u"-- Se abre de nuevo la conexión con la base de datos."_s, reloj.nsecsElapsed(), -1, error});
+    };
+    try {
+        if (m_texto.isEmpty())
+            ajustarSesion(); // its host may have connected it again
+        else
+            conectar();
+    } catch (const Error &error) {
+        m_caida = true;
+        contar(error.descripcion);
+        throw m_texto.isEmpty() ? error : perdida(error.descripcion);
+    }
+    contar({});
+}
+
+bool ConexionOdbc::muerta() const
+{
+    SQLUINTEGER muerta = SQL_CD_FALSE;
+    return SQL_SUCCEEDED(SQLGetConnectAttrW(m_enlace.get(), SQL_ATTR_CONNECTION_DEAD, &muerta, 0, nullptr)) &&
+           muerta == SQL_CD_TRUE;
+}
+
+Error ConexionOdbc::perdida(const QString &porque) const
+{
+    const QString quien = m_texto.isEmpty() ? u" Solo puede abrirla de nuevo el programa que la abrió."_s : QString();
+    return {
+        errores::ConexionCerrada, u"Se ha perdido la conexión con la base de datos.%1 (%2)"_s.arg(quien, porque), {}};
+}
+
+Error ConexionOdbc::fallo(void *consulta)
+{
+    const DichoOdbc dicho = consulta ? dichoOdbc(SQL_HANDLE_STMT, consulta) : dichoOdbc(SQL_HANDLE_DBC, m_enlace.get());
+    m_vencida = dicho.vencido;
+    m_caida = m_caida || dicho.perdida || muerta();
+    if (m_vencida)
+        return {dicho.numero,
+                u"La consulta ha tardado más de %1 segundos y se ha cancelado."_s.arg(m_esperas.consulta),
+                {}};
+    return m_caida ? perdida(dicho.texto) : Error{dicho.numero, dicho.texto, {}};
+}
+
+ConsultaOdbc ConexionOdbc::enviada(const QString &texto)
+{
+    SQLHANDLE manejador = nullptr;
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, m_enlace.get(), &manejador)))
+        throw fallo(nullptr);
+    ConsultaOdbc consulta(manejador);
+    SQLSetStmtAttrW(manejador, SQL_ATTR_QUERY_TIMEOUT, segundos(m_esperas.consulta), 0);
+    const SQLRETURN codigo = SQLExecDirectW(manejador, comoAncho(texto), static_cast<SQLINTEGER>(texto.size()));
+    if (!SQL_SUCCEEDED(codigo) && codigo != SQL_NO_DATA) // none is for a statement that changed no row
+        throw fallo(manejador);
     return consulta;
+}
+
+ConsultaOdbc ConexionOdbc::ejecutada(const Sentencia &sentencia)
+{
+    if (m_caida)
+        reabrir();
+    const QString texto = (sentencia.ordenPrescindible() ? sentencia.sinOrden() : sentencia).texto();
+    const QStringList tablas = texto.contains(u'#') ? temporales(texto) : QStringList();
+    try {
+        ConsultaOdbc consulta = enviada(texto);
+        for (const QString &tabla : tablas)
+            m_temporales[tabla] = m_sesion;
+        return consulta;
+    } catch (const Error &error) {
+        const bool seFue = std::any_of(tablas.begin(), tablas.end(), [&](const QString &tabla) {
+            return m_temporales.value(tabla, m_sesion) < m_sesion;
+        });
+        throw seFue && !m_caida ? perdida(error.descripcion) : error;
+    }
+}
+
+void ConexionOdbc::agotar(void *consulta)
+{
+    SQLRETURN codigo = SQL_SUCCESS;
+    // A trigger's error comes behind the count of the statement that fired it.
+    while (SQL_SUCCEEDED(codigo))
+        codigo = SQLMoreResults(consulta);
+    if (codigo != SQL_NO_DATA || muerta())
+        throw fallo(consulta);
 }
 
 std::unique_ptr<FuenteRegistros> ConexionOdbc::abrirCursor(const Sentencia &sentencia)
 {
-    return std::make_unique<CursorOdbc>(ejecutada(sentencia));
+    return std::make_unique<CursorOdbc>(*this, ejecutada(sentencia));
 }
 
 qint64 ConexionOdbc::ejecutarSolo(const Sentencia &sentencia)
 {
-    QSqlQuery consulta = ejecutada(sentencia);
-    const qint64 filas = consulta.isSelect() ? 0 : consulta.numRowsAffected();
-    // A trigger's error comes behind the count of the statement that fired it.
-    while (consulta.nextResult()) {}
-    if (consulta.lastError().isValid())
-        throw errorOdbc(consulta);
+    const ConsultaOdbc consulta = ejecutada(sentencia);
+    SQLSMALLINT columnas = 0;
+    SQLLEN filas = 0;
+    SQLNumResultCols(consulta.get(), &columnas);
+    if (columnas == 0)
+        SQLRowCount(consulta.get(), &filas);
+    agotar(consulta.get());
     return std::max<qint64>(filas, 0);
 }
 
@@ -198,27 +237,40 @@ void ConexionOdbc::comenzarSolo()
 
 void ConexionOdbc::confirmarSolo()
 {
-    ejecutada(Sentencia(u"COMMIT TRANSACTION"));
+    const bool enviable = !m_caida;
+    m_vencida = false;
+    try {
+        ejecutada(Sentencia(u"COMMIT TRANSACTION"));
+    } catch (const Error &error) {
+        if (!enviable || !(m_caida || m_vencida))
+            throw;
+        throw Error{errores::ConexionCerrada,
+                    u"No se sabe si se guardó: compruébelo antes de repetirlo. "_s + error.descripcion,
+                    {}};
+    }
 }
 
 void ConexionOdbc::deshacerSolo()
 {
+    // A server undoes by itself what a link leaves behind that is gone.
+    if (m_caida)
+        return;
     try {
         ejecutada(Sentencia(u"ROLLBACK TRANSACTION"));
     } catch (const Error &error) {
-        if (!sinTransaccion(error))
+        if (!m_caida && !sinTransaccion(error))
             throw;
     }
 }
 
-std::unique_ptr<Conexion> abrirOdbc(const QString &textoConexion)
+std::unique_ptr<Conexion> abrirOdbc(const QString &textoConexion, const EsperasOdbc &esperas)
 {
-    return std::make_unique<ConexionOdbc>(textoConexion);
+    return std::make_unique<ConexionOdbc>(textoConexion, esperas);
 }
 
-std::unique_ptr<Conexion> sobreOdbc(const QSqlDatabase &base)
+std::unique_ptr<Conexion> sobreOdbc(void *enlace, const EsperasOdbc &esperas)
 {
-    return std::make_unique<ConexionOdbc>(base);
+    return std::make_unique<ConexionOdbc>(enlace, esperas);
 }
 
 void crearEsquema(Conexion &conexion)

@@ -1,11 +1,9 @@
-#include "platform/datos/ConexionOdbcErrores.h"
-#include "platform/datos/ConexionOdbcValores.h"
+#include "platform/datos/CursorOdbc.h"
 #include "support/BaseDatos.h"
+#include "support/Puente.h"
 
 #include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlQuery>
+#include <QSqlDriver>
 
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>
@@ -17,72 +15,65 @@ using namespace nv::datos;
 using nv::Sentencia;
 
 /// What the server's engine does to connection texts, messages and values, and what only a server shows.
-class PruebaOdbc : public QObject
+class PruebaOdbc : public QObject, public nv::OyenteSentencias
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void messages_lose_the_names_of_the_drivers()
+    void init()
     {
-        const QString casos[][3] = {
-            {u"[FreeTDS][SQL Server]Invalid object name 'Nada'."_s, u"208"_s, u"208 Invalid object name 'Nada'."_s},
-            {u"[FreeTDS][SQL Server]Violation of KEY. [FreeTDS][SQL Server]The statement has been terminated."_s,
-             u"2627;3621"_s, u"2627 Violation of KEY. The statement has been terminated."_s},
-            {u"[A][Driver 18 for B][B]Column [a] or [b]?"_s, u"207"_s, u"207 Column [a] or [b]?"_s},
-            {u"  Se ha cortado la conexión "_s, {}, u"0 Se ha cortado la conexión"_s},
-            {u"[D]uno [D]dos [D]uno"_s, u"0;1205"_s, u"1205 uno. dos"_s},
-            {u"[D][S]"_s, {}, u"0 Unable to execute statement"_s},
-            {u"[Driver sin cerrar"_s, u"1"_s, u"1 [Driver sin cerrar"_s},
-        };
-        for (const auto &[mensaje, codigo, visto] : casos) {
-            const QSqlError crudo(u"Unable to execute statement"_s, mensaje, QSqlError::StatementError, codigo);
-            QCOMPARE(QString::number(errorOdbc(crudo).numero) + u' ' + errorOdbc(crudo).descripcion, visto);
-        }
-        QVERIFY(!errorOdbc(QSqlError()).descripcion.isEmpty());
+        const bool conServidor = QByteArray(QTest::currentTestFunction()).startsWith("server_");
+        m_lugar = std::make_unique<Lugar>(conServidor ? Via::Servidor : Via::Odbc);
+        if (!m_lugar->falta().isEmpty())
+            QSKIP(qPrintable(m_lugar->falta()));
+        if (conServidor)
+            m_puente = std::make_unique<Puente>(m_lugar->texto());
+    }
+    void cleanup()
+    {
+        m_conexion.reset();
+        m_puente.reset();
     }
 
-    void values_of_a_server()
+    void messages_lose_the_names_of_the_drivers()
     {
-        using Tipo = QMetaType;
-        constexpr int Char = 1, Varchar = 12, WChar = -8;
-        const std::tuple<QMetaType::Type, int, QVariant, QVariant> casos[] = {
-            {Tipo::Double, 3, u"10.5000"_s, 10.5},
-            {Tipo::Double, 3, u"-.0001"_s, -0.0001},
-            {Tipo::Double, 3, u"0.66666666"_s, 0.6667},                              // more decimals than an amount has
-            {Tipo::Double, 3, u"922337203685477.5807"_s, u"922337203685477.5807"_s}, // no double holds it
-            {Tipo::Double, 8, 0.1 + 0.2, 0.3},
-            {Tipo::Double, 3, QVariant(Tipo::fromType<QString>()), {}},
-            {Tipo::Bool, -7, true, qlonglong{1}},
-            {Tipo::UInt, -6, 255U, qlonglong{255}},
-            {Tipo::QString, Char, u" AB    "_s, u" AB"_s},
-            {Tipo::QString, WChar, u"   "_s, QString(u""_s)},
-            {Tipo::QString, Varchar, u"AB  "_s, u"AB  "_s},
-        };
-        for (const auto &[tipo, tipoSql, crudo, valor] : casos) {
-            QSqlField campo(u"c"_s, QMetaType(tipo));
-            campo.setSqlType(tipoSql);
-            const QVariant visto = valorOdbc(crudo, claseOdbc(campo));
-            QVERIFY(visto == valor && visto.typeId() == valor.typeId() && visto.isNull() == valor.isNull());
+        for (const QStringList &caso :
+             tabla(u"42S02 208 [FreeTDS][SQL Server]Invalid object name 'Nada'.→208 Invalid object name 'Nada'.;"
+                   u"01000 3621 [F][S]Terminated.|23000 2627 [F][S]Violation of KEY→2627 Terminated. Violation of KEY;"
+                   u"42S22 207 [A][Driver 18 for B][B]Column [a] or [b]?→207 Column [a] or [b]?;01000 20017 [D] EOF "
+                   u"|01000 7"
+                   u" EOF→20017 EOF;HY000 0 [D]uno|HY000 1205 [D]dos→1205 uno. dos;HY000 1 [Driver sin cerrar→1 "
+                   u"[Driver sin"
+                   u" cerrar;HY000 0 [D][S]→0 La base de datos no responde."_s)) {
+            QList<MensajeOdbc> mensajes;
+            for (const QString &uno : caso[0].split(u'|'))
+                mensajes.push_back({uno.first(5), uno.section(u' ', 1, 1).toInt(), uno.section(u' ', 2)});
+            const DichoOdbc dicho = resumidos(mensajes);
+            QCOMPARE(QString::number(dicho.numero) + u' ' + dicho.texto, caso[1]);
         }
+    }
+
+    void amounts_of_a_server()
+    {
+        QVERIFY(importeOdbc(u"10.5000"_s) == QVariant(10.5) && importeOdbc(u"-.0001"_s) == QVariant(-0.0001));
+        QCOMPARE(importeOdbc(u"0.66666666"_s), QVariant(0.6667)); // more decimals than an amount has
+        QCOMPARE(importeOdbc(u"922337203685477.5807"_s).typeId(), int(QMetaType::QString)); // no double holds it
     }
 
     void texts_that_connect()
     {
-        Lugar lugar(Via::Odbc);
-        if (!lugar.falta().isEmpty())
-            QSKIP(qPrintable(lugar.falta()));
         const QTemporaryDir carpeta;
         QFile origenes(carpeta.filePath(u"odbc.ini"_s));
         QVERIFY(origenes.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        origenes.write("[suite]\n" + lugar.texto().toUtf8().replace(';', '\n') + '\n');
+        origenes.write("[suite]\n" + m_lugar->texto().toUtf8().replace(';', '\n') + '\n');
         qputenv("ODBCINI", origenes.fileName().toUtf8());
 #ifdef __SANITIZE_ADDRESS__
         const __lsan::ScopedDisabler ajenas; // the driver manager keeps what it reads of its files
 #endif
-        for (const QString &texto : {lugar.texto(), u" suite "_s, u"DSN=suite"_s, u"dsn=suite;"_s})
+        for (const QString &texto : {m_lugar->texto(), u" suite "_s, u"DSN=suite"_s, u"dsn=suite;"_s})
             QCOMPARE(filasDe(*abrirOdbc(texto), u"SELECT 1"_s), QStringList{u"1"_s});
         // This driver knows neither varchar(max) nor half the schema: nothing of it stays.
-        const auto conexion = lugar.conectar();
+        const auto conexion = m_lugar->conectar();
         QVERIFY(falla([&] { crearEsquema(*conexion); }) && !conexion->enTransaccion());
         QCOMPARE(filasDe(*conexion, u"SELECT name FROM sqlite_master"_s), QStringList());
     }
@@ -96,47 +87,160 @@ private Q_SLOTS:
             QVERIFY2(visto.startsWith(u"No se puede conectar con la base de datos: "_s), qPrintable(visto));
             QVERIFY2(visto.size() > 50 && !visto.contains(u'[') && !visto.contains(u"secreto"_s), qPrintable(visto));
         }
-        QCOMPARE(QSqlDatabase::connectionNames(), QStringList());
-        QVERIFY2(falla([] { sobreOdbc(QSqlDatabase()); }), "no ODBC");
-        const auto cerrada = [] { sobreOdbc(QSqlDatabase::addDatabase(u"QODBC"_s, u"cerrada"_s)); };
-        QCOMPARE(numeroDeError(cerrada), nv::errores::ConexionCerrada);
-        QSqlDatabase::removeDatabase(u"cerrada"_s);
+        int ajeno = 0;
+        for (void *enlace : {static_cast<void *>(nullptr), static_cast<void *>(&ajeno)})
+            QCOMPARE(numeroDeError([&] { sobreOdbc(enlace); }), nv::errores::ConexionCerrada);
     }
 
     /// Of the driver, too, what the connection does for it: where it did that alone, other tests would prove nothing.
-    void only_a_server_shows()
+    void server_and_its_driver()
     {
-        Lugar lugar(Via::Servidor);
-        if (!lugar.falta().isEmpty())
-            QSKIP(qPrintable(lugar.falta()));
-        const auto conexion = lugar.conectar();
-        const auto ejecutar = [&](const QString &sentencia) { conexion->Ejecutar(Sentencia::deConsola(sentencia)); };
-        ejecutar(u"CREATE TABLE #Lista (Codigo int NOT NULL PRIMARY KEY)"_s);
-        ejecutar(u"INSERT INTO #Lista (Codigo) VALUES (1), (2)"_s);
-        const QString repetida = u"INSERT INTO #Lista (Codigo) VALUES (1)"_s;
+        conectar();
+        ejecutar(u"CREATE TABLE #Clave (Codigo int NOT NULL PRIMARY KEY)"_s);
+        ejecutar(u"INSERT INTO #Clave (Codigo) VALUES (1), (2), (3), (4)"_s);
+        const QString repetida = u"INSERT INTO #Clave (Codigo) VALUES (1)"_s;
         QCOMPARE(numeroDeError([&] { ejecutar(repetida); }), 2627); // its own, not that of the remark behind it
         ejecutar(u"SET XACT_ABORT ON"_s);
-        conexion->Comenzar();
-        ejecutar(u"DELETE FROM #Lista WHERE Codigo = 2"_s);
+        m_conexion->Comenzar();
+        ejecutar(u"DELETE FROM #Clave WHERE Codigo = 2"_s);
         QVERIFY(falla([&] { ejecutar(repetida); })); // the server rolls back by itself
-        conexion->Deshacer();
-        QCOMPARE(filasDe(*conexion, u"SELECT Codigo FROM #Lista"_s).size(), 2);
+        m_conexion->Deshacer();
+        QCOMPARE(filas(u"SELECT Codigo FROM #Clave"_s).size(), 4);
+        const QString rota = u"SELECT 6 / (3 - Codigo) FROM #Clave ORDER BY Codigo"_s;
+        QCOMPARE(numeroDeError([&] { filas(rota); }), 8134); // behind the first rows, which are no whole list
 
-        // As for a password at the end of the text: the driver must not see more of it than there is.
-        QStringList partes = lugar.texto().split(u';', Qt::SkipEmptyParts);
+        // Without ClientCharset, and with the name at the end, as a password may be.
+        QStringList partes = QString(m_lugar->texto()).remove(u"ClientCharset=UTF-8"_s).split(u';', Qt::SkipEmptyParts);
         const QString nombre = partes.filter(u"DATABASE="_s).value(0);
         std::stable_partition(partes.begin(), partes.end(), [&](const QString &parte) { return parte != nombre; });
-        QCOMPARE(filasDe(*abrirOdbc(partes.join(u';')), u"SELECT DB_NAME()"_s), QStringList{nombre.section(u'=', 1)});
-
-        QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, u"anfitrion"_s);
-        base.setDatabaseName(lugar.texto() + u';');
-        QVERIFY(base.open());
-        QCOMPARE(filasDe(*sobreOdbc(base), u"SELECT 1"_s), QStringList{u"1"_s});
-        QSqlQuery una(base);
-        una.setForwardOnly(true);
-        QVERIFY(una.exec(u"SELECT 1 UNION SELECT 2"_s) && una.next());
-        QVERIFY2(!QSqlQuery(base).exec(u"SELECT 1"_s), "this driver has more than one live result");
+        const auto otra = abrirOdbc(partes.join(u';'));
+        QCOMPARE(filasDe(*otra, u"SELECT DB_NAME() + '¡Ñandú! €'"_s),
+                 QStringList{nombre.section(u'=', 1) + u"¡Ñandú! €"_s});
     }
+
+    /// Which asks for another version of ODBC than we do.
+    void server_over_a_handle_of_qt()
+    {
+        QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, u"anfitrion"_s);
+        base.setDatabaseName(m_lugar->texto() + u';');
+        if (base.open())
+            m_conexion = sobreOdbc(base.driver()->handle().value<void *>());
+        else
+            QSKIP("no ODBC driver of Qt");
+        llenar();
+        QCOMPARE(filas(u"SELECT Codigo, CAST('02/11/2026' AS datetime) AS Día FROM #Lista"_s).last().section(u'|', 1),
+                 u"02/11/2026"_s);
+        QCOMPARE(filas(u"SELECT Codigo FROM #Lista"_s).size(), 32768);
+        m_conexion.reset();
+    }
+
+    void server_is_asked_once()
+    {
+        conectar();
+        const std::tuple<QString, int, int> casos[] = {
+            {u"Codigo FROM #Lista WHERE Codigo = 7"_s, 1, 1},
+            {u"Nota, Codigo FROM #Lista WHERE Codigo = 7"_s, 1, 1}, // a text of any length
+            {u"Codigo FROM #Lista WHERE Codigo <= 300"_s, 1, 1},
+            {u"Codigo FROM #Lista"_s, 40000, 1},
+            {u"Codigo FROM #Lista"_s, 1, 2}, // told to stop, which is less than reading them all
+        };
+        for (const auto &[consulta, leidas, viajes] : casos) {
+            m_puente->viajes();
+            nv::Registros registros = m_conexion->Abrir(Sentencia::deConsola(u"SELECT "_s + consulta));
+            for (int i = 0; i < leidas && registros.siguiente();)
+                ++i;
+            registros.cerrar();
+            QVERIFY2(m_puente->viajes() == viajes, qPrintable(consulta));
+        }
+    }
+
+    void server_that_is_lost()
+    {
+        conectar();
+        m_puente->cortar();
+        const nv::Error error = errorDe([&] { filas(u"SELECT 1"_s); });
+        QVERIFY2(error.descripcion.startsWith(Perdida + u" ("_s) && error.numero == nv::errores::ConexionCerrada,
+                 qPrintable(error.descripcion));
+        QCOMPARE(dice(u"INSERT INTO #Lista VALUES (1, '')"_s).first(Perdida.size()),
+                 Perdida); // it went with its session
+        QCOMPARE(m_oido.filter(u"de nuevo"_s).size(), 1);
+        QVERIFY(!dice(u"SELECT '#Lista' FROM NoEsta"_s).startsWith(Perdida));
+        llenar();
+        nv::Registros lista = m_conexion->Abrir(Sentencia(u"SELECT Codigo, Nota FROM #Lista"));
+        QVERIFY(lista.siguiente());
+        m_puente->cortar();
+        QVERIFY2(falla([&] { filasDe(lista); }), "half a list");
+        for (const auto corte : {Puente::AntesDePedir, Puente::TrasResponder}) {
+            QCOMPARE(filas(u"SELECT 1"_s), QStringList{u"1"_s});
+            m_puente->cortarAl(u"SELECT 2"_s, corte);
+            QVERIFY(dice(u"SELECT 2"_s).startsWith(Perdida));
+        }
+        m_conexion = abrirOdbc(m_puente->texto(), {5, 1});
+        m_puente->cortarAl(u"SELECT 2"_s, Puente::Callado);
+        QCOMPARE(dice(u"SELECT 2"_s), u"La consulta ha tardado más de 1 segundos y se ha cancelado."_s);
+    }
+
+    void server_that_is_lost_in_a_transaction()
+    {
+        const auto otra = m_lugar->conectar();
+        otra->Ejecutar(Sentencia(u"CREATE TABLE Guardados (Codigo int)"));
+        const auto quitar = qScopeGuard([&] { otra->Ejecutar(Sentencia(u"DROP TABLE Guardados")); });
+        const auto guardados = [&] { return filasDe(*otra, u"SELECT Codigo FROM Guardados"_s).join(u','); };
+        const QString guardar = u"INSERT INTO Guardados VALUES (4)"_s;
+        conectar();
+        m_conexion->Comenzar();
+        ejecutar(guardar);
+        m_puente->cortar();
+        QVERIFY(dice(guardar).startsWith(Perdida));
+        QVERIFY(dice(guardar).contains(u"y con ella la transacción"_s) && falla([&] { m_conexion->Confirmar(); }));
+        m_conexion->Deshacer();
+        for (const auto &[corte, quedan] : {std::pair{Puente::AntesDePedir, u""_s}, {Puente::TrasResponder, u"4"_s}}) {
+            QCOMPARE(guardados(), QString());
+            nv::Transaccion transaccion(*m_conexion);
+            ejecutar(guardar);
+            m_puente->cortarAl(u"COMMIT"_s, corte);
+            QVERIFY(errorDe([&] { transaccion.confirmar(); }).descripcion.startsWith(u"No se sabe si se guardó"_s));
+            QTRY_COMPARE(guardados(), quedan);
+        }
+    }
+
+private:
+    void sentencia(const nv::SucesoSentencia &suceso) override
+    {
+        m_oido << suceso.texto;
+    }
+    void conectar()
+    {
+        m_conexion = abrirOdbc(m_puente->texto());
+        m_conexion->escuchar(this);
+        llenar();
+    }
+    void ejecutar(const QString &sentencia)
+    {
+        m_conexion->Ejecutar(Sentencia::deConsola(sentencia));
+    }
+    QStringList filas(const QString &sentencia)
+    {
+        return filasDe(*m_conexion, sentencia);
+    }
+    QString dice(const QString &sentencia)
+    {
+        return errorDe([&] { ejecutar(sentencia); }).descripcion;
+    }
+    /// More than 30,000 rows.
+    void llenar()
+    {
+        ejecutar(u"CREATE TABLE #Lista (Codigo int, Nota varchar(max))"_s);
+        ejecutar(u"INSERT INTO #Lista VALUES (1, 'Nota de un artículo, más larga que su código')"_s);
+        for (int i = 1; i <= 16384; i *= 2)
+            ejecutar(u"INSERT INTO #Lista SELECT Codigo + %1, Nota FROM #Lista"_s.arg(i));
+    }
+
+    const QString Perdida = u"Se ha perdido la conexión con la base de datos."_s;
+    std::unique_ptr<Lugar> m_lugar;
+    std::unique_ptr<Puente> m_puente;
+    std::unique_ptr<nv::Conexion> m_conexion;
+    QStringList m_oido;
 };
 
 NV_PRUEBA(PruebaOdbc)
