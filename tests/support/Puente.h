@@ -25,7 +25,8 @@ public:
         QObject::connect(&m_hilo, &QThread::finished, m_servidor, &QObject::deleteLater);
         QObject::connect(m_servidor, &QTcpServer::newConnection, m_servidor, [this] { atender(); });
         m_hilo.start();
-        dentro([this] { m_servidor->listen(QHostAddress::LocalHost); });
+        QMetaObject::invokeMethod(
+            m_servidor, [this] { m_servidor->listen(QHostAddress::LocalHost); }, Qt::BlockingQueuedConnection);
         m_texto.replace(m_donde.captured(), QStringLiteral("SERVER=127.0.0.1;PORT=%1").arg(m_servidor->serverPort()));
     }
     ~Puente() { m_hilo.quit(), m_hilo.wait(); }
@@ -37,21 +38,18 @@ public:
     void cortarAl(const QString &texto, Corte corte)
     {
         m_marca = QByteArray(reinterpret_cast<const char *>(texto.utf16()), texto.size() * 2);
-        dentro([this, corte] { m_corte = corte; });
+        m_corte = corte;
     }
     void cortar()
     {
-        dentro([this] {
+        const auto todas = [this] {
             for (QTcpSocket *enchufe : m_servidor->findChildren<QTcpSocket *>())
                 enchufe->abort();
-        });
+        };
+        QMetaObject::invokeMethod(m_servidor, todas, Qt::BlockingQueuedConnection);
     }
 
 private:
-    void dentro(const std::function<void()> &hacer)
-    {
-        QMetaObject::invokeMethod(m_servidor, hacer, Qt::BlockingQueuedConnection);
-    }
     void atender()
     {
         QTcpSocket *cliente = m_servidor->nextPendingConnection();
@@ -85,7 +83,7 @@ private:
     QTcpServer *m_servidor = new QTcpServer;
     std::atomic<int> m_viajes = 0;
     QByteArray m_marca;
-    Corte m_corte = Nunca;
+    std::atomic<Corte> m_corte = Nunca;
     bool m_llega = false;
     bool m_pidiendo = false;
 };

@@ -120,6 +120,8 @@ void ConexionOdbc::ajustarSesion()
 /// Who comes here finds the link gone. Only what can do without all that went with it may have another.
 void ConexionOdbc::reabrir()
 {
+    if (enTransaccion() && !m_incierta.isEmpty())
+        throw Error{errores::ConexionCerrada, m_incierta, {}};
     if (enTransaccion())
         throw Error{errores::ConexionCerrada,
                     u"Se ha perdido la conexión con la base de datos, y con ella la transacción que estaba abierta: "
@@ -233,6 +235,7 @@ qint64 ConexionOdbc::ejecutarSolo(const Sentencia &sentencia)
 void ConexionOdbc::comenzarSolo()
 {
     ejecutada(Sentencia(u"BEGIN TRANSACTION"));
+    m_incierta.clear();
 }
 
 void ConexionOdbc::confirmarSolo()
@@ -244,9 +247,8 @@ void ConexionOdbc::confirmarSolo()
     } catch (const Error &error) {
         if (!enviable || !(m_caida || m_vencida))
             throw;
-        throw Error{errores::ConexionCerrada,
-                    u"No se sabe si se guardó: compruébelo antes de repetirlo. "_s + error.descripcion,
-                    {}};
+        m_incierta = u"No se sabe si se guardó: compruébelo antes de repetirlo. "_s + error.descripcion;
+        throw Error{errores::ConexionCerrada, m_incierta, {}};
     }
 }
 

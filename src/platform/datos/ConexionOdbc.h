@@ -49,6 +49,7 @@ private:
     Manejador m_enlace;
     bool m_caida = false;
     bool m_vencida = false;           // the last failure was that the time was up
+    QString m_incierta;               // what was said of a COMMIT without an answer
     int m_sesion = 0;                 // counts them
     QHash<QString, int> m_temporales; // #tables by the session that had them last
 };

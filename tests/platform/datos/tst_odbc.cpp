@@ -7,6 +7,10 @@
 
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/lsan_interface.h>
+using SinFugas = __lsan::ScopedDisabler;
+#else
+struct SinFugas
+{};
 #endif
 
 using namespace Qt::StringLiterals;
@@ -38,13 +42,12 @@ private Q_SLOTS:
     void messages_lose_the_names_of_the_drivers()
     {
         for (const QStringList &caso :
-             tabla(u"42S02 208 [FreeTDS][SQL Server]Invalid object name 'Nada'.→208 Invalid object name 'Nada'.;"
-                   u"01000 3621 [F][S]Terminated.|23000 2627 [F][S]Violation of KEY→2627 Terminated. Violation of KEY;"
-                   u"42S22 207 [A][Driver 18 for B][B]Column [a] or [b]?→207 Column [a] or [b]?;01000 20017 [D] EOF "
-                   u"|01000 7"
-                   u" EOF→20017 EOF;HY000 0 [D]uno|HY000 1205 [D]dos→1205 uno. dos;HY000 1 [Driver sin cerrar→1 "
-                   u"[Driver sin"
-                   u" cerrar;HY000 0 [D][S]→0 La base de datos no responde."_s)) {
+             tabla(u"01000 3621 [F][S]Terminated.|23000 2627 [F][S]Violation of KEY→2627 Terminated. Violation of KEY;"
+                   u"42S22 207 [A][Driver 18 for B][B]Column [a] or [b]?→207 Column [a] or [b]?;01000 2 [D] EOF |01000 "
+                   u"7 EOF"
+                   u"→2 EOF;HY000 0 [D]uno|HY000 1205 [D]dos→1205 uno. dos;HY000 1 [Driver sin cerrar→1 [Driver sin "
+                   u"cerrar;"
+                   u"HY000 0 [D][S]→0 La base de datos no responde."_s)) {
             QList<MensajeOdbc> mensajes;
             for (const QString &uno : caso[0].split(u'|'))
                 mensajes.push_back({uno.first(5), uno.section(u' ', 1, 1).toInt(), uno.section(u' ', 2)});
@@ -67,9 +70,7 @@ private Q_SLOTS:
         QVERIFY(origenes.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         origenes.write("[suite]\n" + m_lugar->texto().toUtf8().replace(';', '\n') + '\n');
         qputenv("ODBCINI", origenes.fileName().toUtf8());
-#ifdef __SANITIZE_ADDRESS__
-        const __lsan::ScopedDisabler ajenas; // the driver manager keeps what it reads of its files
-#endif
+        [[maybe_unused]] const SinFugas ajenas; // the driver manager keeps what it reads of its files
         for (const QString &texto : {m_lugar->texto(), u" suite "_s, u"DSN=suite"_s, u"dsn=suite;"_s})
             QCOMPARE(filasDe(*abrirOdbc(texto), u"SELECT 1"_s), QStringList{u"1"_s});
         // This driver knows neither varchar(max) nor half the schema: nothing of it stays.
@@ -123,10 +124,9 @@ private Q_SLOTS:
     {
         QSqlDatabase base = QSqlDatabase::addDatabase(u"QODBC"_s, u"anfitrion"_s);
         base.setDatabaseName(m_lugar->texto() + u';');
-        if (base.open())
-            m_conexion = sobreOdbc(base.driver()->handle().value<void *>());
-        else
+        if (!base.open())
             QSKIP("no ODBC driver of Qt");
+        m_conexion = sobreOdbc(base.driver()->handle().value<void *>());
         llenar();
         QCOMPARE(filas(u"SELECT Codigo, CAST('02/11/2026' AS datetime) AS Día FROM #Lista"_s).last().section(u'|', 1),
                  u"02/11/2026"_s);
@@ -139,8 +139,7 @@ private Q_SLOTS:
         conectar();
         const std::tuple<QString, int, int> casos[] = {
             {u"Codigo FROM #Lista WHERE Codigo = 7"_s, 1, 1},
-            {u"Nota, Codigo FROM #Lista WHERE Codigo = 7"_s, 1, 1}, // a text of any length
-            {u"Codigo FROM #Lista WHERE Codigo <= 300"_s, 1, 1},
+            {u"Nota, Codigo FROM #Lista WHERE Codigo <= 100"_s, 1, 1}, // a text of any length
             {u"Codigo FROM #Lista"_s, 40000, 1},
             {u"Codigo FROM #Lista"_s, 1, 2}, // told to stop, which is less than reading them all
         };
@@ -158,11 +157,8 @@ private Q_SLOTS:
     {
         conectar();
         m_puente->cortar();
-        const nv::Error error = errorDe([&] { filas(u"SELECT 1"_s); });
-        QVERIFY2(error.descripcion.startsWith(Perdida + u" ("_s) && error.numero == nv::errores::ConexionCerrada,
-                 qPrintable(error.descripcion));
-        QCOMPARE(dice(u"INSERT INTO #Lista VALUES (1, '')"_s).first(Perdida.size()),
-                 Perdida); // it went with its session
+        QVERIFY(dice(u"SELECT 1"_s).startsWith(Perdida + u" ("_s));
+        QVERIFY(dice(u"DELETE FROM #Lista"_s).startsWith(Perdida)); // it went with its session
         QCOMPARE(m_oido.filter(u"de nuevo"_s).size(), 1);
         QVERIFY(!dice(u"SELECT '#Lista' FROM NoEsta"_s).startsWith(Perdida));
         llenar();
@@ -194,35 +190,29 @@ private Q_SLOTS:
         QVERIFY(dice(guardar).startsWith(Perdida));
         QVERIFY(dice(guardar).contains(u"y con ella la transacción"_s) && falla([&] { m_conexion->Confirmar(); }));
         m_conexion->Deshacer();
-        for (const auto &[corte, quedan] : {std::pair{Puente::AntesDePedir, u""_s}, {Puente::TrasResponder, u"4"_s}}) {
+        const std::pair<Puente::Corte, QString> casos[] = {{Puente::AntesDePedir, u""_s},
+                                                           {Puente::TrasResponder, u"4"_s}};
+        for (const auto &[corte, quedan] : casos) {
             QCOMPARE(guardados(), QString());
             nv::Transaccion transaccion(*m_conexion);
             ejecutar(guardar);
             m_puente->cortarAl(u"COMMIT"_s, corte);
             QVERIFY(errorDe([&] { transaccion.confirmar(); }).descripcion.startsWith(u"No se sabe si se guardó"_s));
+            QVERIFY2(dice(guardar).startsWith(u"No se sabe"_s), "nor does who asks again");
             QTRY_COMPARE(guardados(), quedan);
         }
     }
 
 private:
-    void sentencia(const nv::SucesoSentencia &suceso) override
-    {
-        m_oido << suceso.texto;
-    }
+    void sentencia(const nv::SucesoSentencia &suceso) override { m_oido << suceso.texto; }
     void conectar()
     {
         m_conexion = abrirOdbc(m_puente->texto());
         m_conexion->escuchar(this);
         llenar();
     }
-    void ejecutar(const QString &sentencia)
-    {
-        m_conexion->Ejecutar(Sentencia::deConsola(sentencia));
-    }
-    QStringList filas(const QString &sentencia)
-    {
-        return filasDe(*m_conexion, sentencia);
-    }
+    void ejecutar(const QString &sentencia) { m_conexion->Ejecutar(Sentencia::deConsola(sentencia)); }
+    QStringList filas(const QString &sentencia) { return filasDe(*m_conexion, sentencia); }
     QString dice(const QString &sentencia)
     {
         return errorDe([&] { ejecutar(sentencia); }).descripcion;
