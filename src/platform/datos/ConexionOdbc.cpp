@@ -209,7 +209,7 @@ void ConexionOdbc::agotar(void *consulta)
     // A trigger's error comes behind the count of the statement that fired it.
     while (SQL_SUCCEEDED(codigo))
         codigo = SQLMoreResults(consulta);
-    if (codigo != SQL_NO_DATA || muerta())
+    if (codigo != SQL_NO_DATA)
         throw fallo(consulta);
 }
 

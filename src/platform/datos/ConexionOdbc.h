@@ -22,8 +22,6 @@ public:
 
     /// For the cursors: what has just failed on a statement. Notes it when the link is gone.
     Error fallo(void *consulta);
-    /// Whether the driver knows that the link is gone.
-    bool muerta() const;
     /// Reads what else a statement has to say.
     void agotar(void *consulta);
 
@@ -39,6 +37,7 @@ private:
     void conectar();
     void ajustarSesion();
     void reabrir();
+    bool muerta() const;
     Error perdida(const QString &porque) const;
     ConsultaOdbc ejecutada(const Sentencia &sentencia);
     ConsultaOdbc enviada(const QString &texto);

@@ -229,9 +229,6 @@ void CursorOdbc::traerBloque()
     comprobar(codigo);
     if (codigo == SQL_NO_DATA)
         m_enBloque = 0;
-    // A driver may take a link that broke for the end of the rows.
-    if (m_enBloque < m_capacidad && m_conexion.muerta())
-        throw m_conexion.fallo(m_consulta.get());
     m_agotado = m_enBloque < m_capacidad;
     // The connection is free for others with the last row fetched, not when the reader gets round to closing.
     if (m_agotado)
