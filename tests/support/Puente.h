@@ -21,13 +21,19 @@ public:
         : m_texto(texto)
         , m_donde(QRegularExpression(QStringLiteral("SERVER=([^;]*);PORT=(\\d+)")).match(texto))
     {
+        m_servidor->listen(QHostAddress::LocalHost);
+        m_texto.replace(m_donde.captured(), QStringLiteral("SERVER=127.0.0.1;PORT=%1").arg(m_servidor->serverPort()));
         m_servidor->moveToThread(&m_hilo);
         QObject::connect(&m_hilo, &QThread::finished, m_servidor, &QObject::deleteLater);
-        QObject::connect(m_servidor, &QTcpServer::newConnection, m_servidor, [this] { atender(); });
+        QObject::connect(m_servidor, &QTcpServer::newConnection, m_servidor, [this] {
+            QTcpSocket *cliente = m_servidor->nextPendingConnection();
+            auto *motor = new QTcpSocket(cliente);
+            motor->connectToHost(m_donde.captured(1), m_donde.captured(2).toUShort());
+            cliente->setSocketOption(QTcpSocket::SendBufferSizeSocketOption, 16384); // a list is not there at once
+            pasar(cliente, motor, true);
+            pasar(motor, cliente, false);
+        });
         m_hilo.start();
-        QMetaObject::invokeMethod(
-            m_servidor, [this] { m_servidor->listen(QHostAddress::LocalHost); }, Qt::BlockingQueuedConnection);
-        m_texto.replace(m_donde.captured(), QStringLiteral("SERVER=127.0.0.1;PORT=%1").arg(m_servidor->serverPort()));
     }
     ~Puente() { m_hilo.quit(), m_hilo.wait(); }
 
@@ -50,16 +56,6 @@ public:
     }
 
 private:
-    void atender()
-    {
-        QTcpSocket *cliente = m_servidor->nextPendingConnection();
-        auto *motor = new QTcpSocket(cliente);
-        motor->connectToHost(m_donde.captured(1), m_donde.captured(2).toUShort());
-        motor->waitForConnected();
-        cliente->setSocketOption(QAbstractSocket::SendBufferSizeSocketOption, 16384); // a list is not there at once
-        pasar(cliente, motor, true);
-        pasar(motor, cliente, false);
-    }
     void pasar(QTcpSocket *de, QTcpSocket *a, bool pide)
     {
         QObject::connect(de, &QTcpSocket::disconnected, a, &QTcpSocket::disconnectFromHost);
@@ -68,12 +64,10 @@ private:
             m_viajes += pide && !m_pidiendo ? 1 : 0;
             m_pidiendo = pide;
             m_llega = m_corte != Nunca && (m_llega || (pide && datos.contains(m_marca)));
-            if (!m_llega || (pide && m_corte == TrasResponder)) {
+            if (!m_llega || (pide && m_corte == TrasResponder))
                 a->write(datos);
-            } else if (m_corte != Callado) {
-                m_corte = Nunca;
-                de->abort(), a->abort();
-            }
+            else if (m_corte != Callado)
+                m_corte = Nunca, de->abort(), a->abort();
         });
     }
 
@@ -84,8 +78,7 @@ private:
     std::atomic<int> m_viajes = 0;
     QByteArray m_marca;
     std::atomic<Corte> m_corte = Nunca;
-    bool m_llega = false;
-    bool m_pidiendo = false;
+    bool m_llega = false, m_pidiendo = false;
 };
 
 } // namespace nv::pruebas
