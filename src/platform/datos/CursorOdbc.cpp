@@ -305,7 +305,8 @@ QVariant CursorOdbc::valor(int columna) const
         const auto cuando = leido<SQL_TIMESTAMP_STRUCT>(dato);
         constexpr SQLUINTEGER NanosPorMili = 1'000'000;
         const auto milis = static_cast<int>(cuando.fraction / NanosPorMili);
-        return QDateTime({cuando.year, cuando.month, cuando.day}, {cuando.hour, cuando.minute, cuando.second, milis});
+        const QTime hora(cuando.hour, cuando.minute, cuando.second, milis);
+        return QDateTime({cuando.year, cuando.month, cuando.day}, hora, Qt::UTC); // this machine's zone has no say
     }
     case Clase::TextoFijo: {
         QString relleno = texto();
