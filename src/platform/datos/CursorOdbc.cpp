@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <sql.h>
 #include <sqlext.h>
@@ -93,10 +92,9 @@ DichoOdbc dichoOdbc(short clase, void *manejador)
 
 QVariant importeOdbc(const QString &texto)
 {
-    bool bien = false;
-    constexpr double Limite = 1e11;
-    const double real = texto.toDouble(&bien);
-    if (!bien || std::abs(real) >= Limite)
+    constexpr qsizetype CifrasDeReal = 11; // in front of the point
+    const qsizetype punto = texto.indexOf(u'.');
+    if ((punto < 0 ? texto.size() : punto) - (texto.startsWith(u'-') ? 1 : 0) > CifrasDeReal)
         return texto;
     return static_cast<double>(Moneda::deTexto(texto).diezmilesimas()) / static_cast<double>(Moneda::Escala);
 }
