@@ -46,22 +46,21 @@ public:
 
     QVariant valor(int columna) const override
     {
-        leerLargos(columna);
-        const auto lugar = static_cast<std::size_t>(columna);
-        return m_clases.at(lugar) == ClaseOdbc::TextoLargo ? m_largos.at(columna)
-                                                           : valorOdbc(m_consulta.value(columna), m_clases[lugar]);
+        leerTextos(columna);
+        const ClaseOdbc clase = m_clases.at(static_cast<std::size_t>(columna));
+        return valorOdbc(esTexto(clase) ? m_textos.at(columna) : m_consulta.value(columna), clase);
     }
 
 private:
     /// What the driver does not read whole has to be read before it goes on to the columns behind.
-    void leerLargos(int hasta) const
+    void leerTextos(int hasta) const
     {
         for (; m_leidas <= hasta && m_leidas < columnas(); ++m_leidas) {
-            if (m_clases[static_cast<std::size_t>(m_leidas)] != ClaseOdbc::TextoLargo)
+            if (!esTexto(m_clases[static_cast<std::size_t>(m_leidas)]))
                 continue;
             if (!m_consulta.driver()->isOpen())
                 throw errores::conexionCerrada();
-            m_largos[m_leidas] = textoLargo(m_consulta, m_leidas);
+            m_textos[m_leidas] = textoEntero(m_consulta, m_leidas);
         }
     }
 
@@ -84,8 +83,8 @@ private:
     QSqlQuery m_consulta;
     QStringList m_nombres;
     std::vector<ClaseOdbc> m_clases;
-    mutable std::map<int, QVariant> m_largos; // of the current row, by column
-    mutable int m_leidas = 0;                 // columns of the current row whose long texts have been read
+    mutable std::map<int, QVariant> m_textos; // of the current row, by column
+    mutable int m_leidas = 0;                 // columns of the current row whose texts have been read
 };
 
 QSqlDatabase nuevaBase(const QString &nombre)

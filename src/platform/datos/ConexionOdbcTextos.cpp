@@ -25,7 +25,7 @@ constexpr qintptr Nulo = -1;
 
 } // namespace
 
-QVariant textoLargo(const QSqlQuery &consulta, int columna)
+QVariant textoEntero(const QSqlQuery &consulta, int columna)
 {
     static const auto leer = reinterpret_cast<LeerDato>(funcionOdbc("SQLGetData"));
     const QVariant manejador = consulta.result()->handle();

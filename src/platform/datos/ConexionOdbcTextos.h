@@ -6,8 +6,9 @@ class QSqlQuery;
 
 namespace nv::datos {
 
-/// A text of the current row whose column declares no length: Qt's driver reads a few hundred letters of it and takes
-/// a longer one for null. Read once per row, after the columns in front of it and before those behind. Throws Error.
-QVariant textoLargo(const QSqlQuery &consulta, int columna);
+/// A text of the current row: Qt's driver takes one for null that has more octets than its column has letters (with
+/// accents they are soon more), or more than a few hundred where no length is declared. Read once per row, after the
+/// columns in front of it and before those behind. Throws Error.
+QVariant textoEntero(const QSqlQuery &consulta, int columna);
 
 } // namespace nv::datos

@@ -56,7 +56,7 @@ ClaseOdbc claseOdbc(const QSqlField &campo)
     case QMetaType::QString:
         if (campo.typeID() == SqlChar || campo.typeID() == SqlWChar)
             return ClaseOdbc::TextoFijo;
-        return campo.length() <= 0 ? ClaseOdbc::TextoLargo : ClaseOdbc::Otro;
+        return ClaseOdbc::Texto;
     default:
         return ClaseOdbc::Otro;
     }
@@ -73,7 +73,7 @@ QVariant valorOdbc(const QVariant &crudo, ClaseOdbc clase)
         return decimal(crudo);
     case ClaseOdbc::TextoFijo:
         return QVariant(sinRelleno(crudo.toString()));
-    case ClaseOdbc::TextoLargo:
+    case ClaseOdbc::Texto:
     case ClaseOdbc::Otro:
         break;
     }

@@ -7,7 +7,12 @@ class QSqlField;
 namespace nv::datos {
 
 /// How the values of a column come out of the driver, and so what has to be done to them.
-enum class ClaseOdbc { Entero, Decimal, TextoFijo, TextoLargo, Otro };
+enum class ClaseOdbc { Entero, Decimal, TextoFijo, Texto, Otro };
+
+inline bool esTexto(ClaseOdbc clase)
+{
+    return clase == ClaseOdbc::TextoFijo || clase == ClaseOdbc::Texto;
+}
 
 ClaseOdbc claseOdbc(const QSqlField &campo);
 
