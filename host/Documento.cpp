@@ -15,6 +15,7 @@
 #include "platform/widgets/nvCheckBox.h"
 #include "platform/widgets/nvTextBox.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
@@ -61,7 +62,7 @@ QLayout *Documento::cabecera()
     m_cliente->setAccessibleName(u"Cliente"_s);
     m_cliente->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_almacen = nombrado<QComboBox>(u"cboAlmacen"_s);
-    m_almacen->setMinimumContentsLength(22);
+    m_almacen->setMinimumContentsLength(16);
     connect(m_cliente, &SelectorCodigo::Cambio, this, &Documento::ponerContexto);
     connect(m_almacen, &QComboBox::currentIndexChanged, this, &Documento::ponerContexto);
     return enFila({rotulo(u"&Cliente:"_s, m_cliente->caja()), m_cliente, rotulo(u"Al&macén:"_s, m_almacen), m_almacen});
@@ -75,14 +76,13 @@ QWidget *Documento::entrada()
     m_unidades->setNumerico(true);
     m_unidades->setDecimales(3);
     m_unidades->setMaxLength(14); // a barcode, too: the next item, scanned too soon
-    m_unidades->setFixedWidth(90);
+    m_unidades->setFixedWidth(fontMetrics().horizontalAdvance(u"9999999,999"_s) + 16);
     m_precio = nombrado<QLabel>(u"lblPrecio"_s);
-    m_precio->setMinimumWidth(110);
     m_escaner = nombrado<nvCheckBox>(u"chkEscaner"_s, u"Modo &escáner"_s);
     m_escaner->setToolTip(u"Cada artículo leído es una línea de una unidad."_s);
     m_anadir = nombrado<QPushButton>(u"cmdAnadir"_s, u"Aña&dir"_s);
-    auto *ayuda = new QLabel(u"F3 busca · .referencia · *ref. cliente · +PLU · /barras"_s);
-    ayuda->setForegroundRole(QPalette::PlaceholderText);
+    auto *ayuda = new QLabel(u"F3 busca · .referencia · *ref. cliente · +PLU · /\u2060barras"_s);
+    ayuda->setWordWrap(true);
 
     auto *marco = new QFrame;
     marco->setFrameShape(QFrame::StyledPanel);
@@ -90,7 +90,8 @@ QWidget *Documento::entrada()
     rejilla->addWidget(m_rotuloArticulo, 0, 0);
     rejilla->addLayout(m_lugarArticulo, 0, 1);
     rejilla->addWidget(rotulo(u"&Unidades:"_s, m_unidades), 1, 0);
-    rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, ayuda, m_anadir}), 1, 1);
+    rejilla->addLayout(enFila({m_unidades, m_precio, nullptr, m_escaner, m_anadir}), 1, 1);
+    rejilla->addWidget(ayuda, 2, 1);
     connect(m_unidades, &nvTextBox::Intro, this, [this](bool &tratada) {
         tratada = true;
         const QString escrito = m_unidades->text();
@@ -104,6 +105,8 @@ QWidget *Documento::entrada()
     });
     connect(m_anadir, &QPushButton::clicked, this, &Documento::anadirActual);
     connect(m_escaner, &QCheckBox::toggled, this, [this](bool activo) {
+        if (m_articulo->Existe())
+            anadirActual();
         m_articulo->setKeyEnterChangeFocus(!activo);
         Q_EMIT Aviso(activo ? u"Modo escáner: cada artículo leído es una línea."_s : QString());
         siguienteArticulo();
@@ -235,9 +238,11 @@ bool Documento::leidoSinPreguntar()
     const bool varios = lectura.hallazgo == LecturaCallada::eHallazgo::Varios;
     m_lineas->anadirEnEspera(leido, varios ? u"VARIOS ARTÍCULOS"_s : u"SIN ARTÍCULO"_s);
     siguienteArticulo();
-    Q_EMIT Aviso(!lectura.error.isEmpty() ? lectura.error
-                 : varios                 ? u"Varios artículos: %1"_s.arg(leido)
-                                          : u"No existe: %1"_s.arg(leido));
+    decir(m_articulo, !lectura.error.isEmpty() ? lectura.error
+                      : varios                 ? u"«%1» es de varios artículos."_s.arg(leido)
+                                               : u"«%1» no existe."_s.arg(leido));
+    // Nobody looks at the screen while he scans.
+    QApplication::beep();
     return true;
 }
 
@@ -272,6 +277,8 @@ void Documento::pedirArticulo(int fila, bool buscando)
     const QString leido = m_lineas->leido(fila);
     if (leido.isEmpty()) {
         m_articulo->setFocus();
+        if (buscando)
+            pulsarEnCaja(Qt::Key_F3, {});
         return;
     }
     if (m_articulo->Existe() && !anadirActual())
@@ -304,14 +311,15 @@ void Documento::pedirArticulo(int fila, bool buscando)
     if (const int otra = m_lineas->siguienteEnEspera(fila))
         m_lineas->enfocar(otra);
     if (!hallado)
-        decir(&m_lineas->rejilla(),
-              u"«%1» sigue sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s.arg(leido));
+        decir(m_lineas->lugarDeAviso(), u"«%1» sigue sin artículo."_s.arg(leido));
 }
 
-/// And with it whatever else was read that has its item by now.
+/// And with it what was read alike, and whatever else has its item by now.
 void Documento::asentar(int fila, const QString &codigo, const QString &descripcion)
 {
-    m_lineas->asentar(fila, linea(codigo, descripcion, Moneda::deUnidades(1)));
+    const QString este = m_lineas->leido(fila);
+    const LineaArticulo suya = linea(codigo, descripcion, Moneda::deUnidades(1));
+    m_lineas->asentar(fila, suya);
     for (int otra = 1; otra <= m_lineas->numero(); ++otra) {
         const QString leido = m_lineas->leido(otra);
         if (leido.isEmpty())
@@ -319,6 +327,8 @@ void Documento::asentar(int fila, const QString &codigo, const QString &descripc
         const LecturaCallada lectura = LecturaCallada::de(leido, *m_articulo, *m_base);
         if (lectura.hallazgo == LecturaCallada::eHallazgo::Articulo)
             m_lineas->asentar(otra, linea(lectura.codigo, lectura.descripcion, Moneda::deUnidades(1)));
+        else if (leido == este && lectura.hallazgo == LecturaCallada::eHallazgo::Nada)
+            m_lineas->asentar(otra, suya);
     }
 }
 
@@ -334,8 +344,13 @@ void Documento::empezar(const QString &caracteres)
 void Documento::leer(const QString &codigo)
 {
     empezar(codigo);
-    QKeyEvent intro(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
-    QCoreApplication::sendEvent(m_articulo->focusProxy(), &intro);
+    pulsarEnCaja(Qt::Key_Return, u"\r"_s);
+}
+
+void Documento::pulsarEnCaja(Qt::Key tecla, const QString &texto)
+{
+    QKeyEvent evento(QEvent::KeyPress, tecla, Qt::NoModifier, texto);
+    QCoreApplication::sendEvent(m_articulo->focusProxy(), &evento);
 }
 
 void Documento::anadirVarios()
@@ -379,9 +394,14 @@ QString Documento::descripcionActual() const
 
 bool Documento::anadirActual()
 {
-    // What came from F3 has its description but has not been looked up yet.
-    if (!m_articulo->Existe() && m_articulo->Pendiente() && esNumerico(m_articulo->Text()))
-        m_articulo->Cargar();
+    // With the focus in the box, or what F3 has brought: as Enter would find it. What is not found stays to be seen.
+    if (m_articulo->Pendiente() && !m_articulo->Text().trimmed().isEmpty()) {
+        const nvArticulo::eConfirmacion hay = m_articulo->Confirmar();
+        if (hay == nvArticulo::eConfirmacion::NoExiste)
+            decir(m_articulo, u"«%1» no existe."_s.arg(m_articulo->Text()));
+        if (hay != nvArticulo::eConfirmacion::Existe)
+            return false;
+    }
     if (!m_articulo->Existe()) {
         m_articulo->setFocus();
         decir(m_articulo, u"Indique primero un artículo."_s);
@@ -400,13 +420,19 @@ bool Documento::anadirActual()
     return true;
 }
 
+/// Nothing in the box that is not a line yet.
+bool Documento::asentarActual()
+{
+    return (m_articulo->Text().trimmed().isEmpty() && !m_articulo->Existe()) || anadirActual();
+}
+
 bool Documento::nadaEnEspera()
 {
     const int fila = m_lineas->siguienteEnEspera();
     if (fila == 0)
         return true;
     m_lineas->enfocar(fila);
-    decir(&m_lineas->rejilla(), u"Hay líneas sin artículo: Enter lo asigna, F3 lo busca, Supr quita la línea"_s);
+    decir(m_lineas->lugarDeAviso(), u"Hay líneas sin artículo."_s);
     return false;
 }
 
@@ -430,7 +456,7 @@ void Documento::alVaciar()
 
 void Documento::finalizar()
 {
-    if (!nadaEnEspera() || (m_articulo->Existe() && !anadirActual()))
+    if (!nadaEnEspera() || !asentarActual())
         return;
     const int lineas = m_lineas->numero();
     const QString total = m_lineas->total().textoAgrupado();

@@ -70,7 +70,10 @@ private:
     bool anadirActual();
     LineaArticulo linea(const QString &codigo, const QString &descripcion, Moneda unidades);
     QString descripcionActual() const;
+    void pulsarEnCaja(Qt::Key tecla, const QString &texto);
+    bool asentarActual();
     bool nadaEnEspera();
+    bool puedeVaciarse();
     void alVaciar();
     void finalizar();
     void vaciar();

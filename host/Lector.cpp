@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <utility>
 
 using namespace nv;
@@ -13,8 +14,8 @@ using namespace nv;
 namespace mostrador {
 
 /// Characters in a burst that no hand types.
-constexpr qsizetype LecturaConTab = 3;
-constexpr qsizetype LecturaEnCampo = 5;
+constexpr qsizetype Lectura = 3;
+constexpr qsizetype LecturaEnCampo = 5; ///< of figures, which a field might want
 
 Lector::Lector(QWidget *ventana)
     : QObject(ventana)
@@ -32,14 +33,12 @@ bool Lector::eventFilter(QObject *objeto, QEvent *evento)
     // Nor is the line feed an answer to what the scan has opened.
     if (QApplication::activeModalWidget())
         return teclas::esIntro(tecla) && m_acabada && sigue(tecla);
-    if (!m_caja || !m_caja->isEnabled())
-        return false;
-    if (!esDeLaVentana(widget))
+    if (!m_caja || !m_caja->isEnabled() || !esDeLaVentana(widget))
         return false;
     if (teclas::esTexto(tecla))
         return caracter(widget, tecla);
     const bool acaba = teclas::esIntro(tecla) || tecla.key() == Qt::Key_Tab;
-    return acaba && tecla.timestamp() != 0 && final(widget, tecla);
+    return acaba && tecla.timestamp() != 0 && fin(widget, tecla);
 }
 
 /// The one that the key is meant for: its parents are offered what it does not take.
@@ -47,7 +46,8 @@ bool Lector::esDeLaVentana(const QWidget &widget) const
 {
     if (const QWidget *desplegable = QApplication::activePopupWidget())
         return &widget == (desplegable->focusWidget() ? desplegable->focusWidget() : desplegable);
-    return &widget == m_ventana->focusWidget();
+    const QWidget *foco = m_ventana->focusWidget();
+    return &widget == (foco ? foco : m_ventana);
 }
 
 /// Only the window system stamps its keys: what the program itself sends is no burst.
@@ -69,9 +69,9 @@ bool Lector::caracter(QWidget &widget, const QKeyEvent &tecla)
     m_rafaga += tecla.text();
     m_ultima = tecla.timestamp();
     const bool desplegado = QApplication::activePopupWidget() != nullptr;
-    // One letter chooses in a list, one blank presses a button.
-    const bool suya = desplegado || tecla.key() == Qt::Key_Space;
-    if (esCampo || (suya && m_rafaga.size() < 2))
+    // A letter chooses in a list or a menu, a blank presses a button.
+    const bool enLista = desplegado || qobject_cast<QMenuBar *>(&widget);
+    if (esCampo || (enLista && m_rafaga.size() < Lectura) || m_rafaga == u" ")
         return false;
     if (QWidget *desplegable = QApplication::activePopupWidget())
         desplegable->close();
@@ -80,25 +80,26 @@ bool Lector::caracter(QWidget &widget, const QKeyEvent &tecla)
     return true;
 }
 
-bool Lector::final(QWidget &widget, const QKeyEvent &tecla)
+bool Lector::fin(QWidget &widget, const QKeyEvent &tecla)
 {
     const bool seguida = sigue(tecla);
     const QString rafaga = seguida && m_donde == &widget ? std::exchange(m_rafaga, {}) : QString();
     const bool sobra = seguida && m_acabada;
-    m_acabada = rafaga.size() >= LecturaConTab;
+    m_acabada = rafaga.size() >= Lectura;
     m_ultima = tecla.timestamp();
     if (sobra)
         return true;
     if (&widget == m_caja) {
         Q_EMIT Acabada(rafaga);
-        if (tecla.key() != Qt::Key_Tab || rafaga.size() < LecturaConTab)
+        if (tecla.key() != Qt::Key_Tab || rafaga.size() < Lectura)
             return false;
         QKeyEvent intro(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
         QCoreApplication::sendEvent(m_caja, &intro);
         return true;
     }
     auto *campo = qobject_cast<QLineEdit *>(&widget);
-    if (!campo || rafaga.size() < LecturaEnCampo)
+    const bool conSigno = !rafaga.isEmpty() && !rafaga.front().isLetterOrNumber();
+    if (!campo || rafaga.size() < (conSigno ? Lectura : LecturaEnCampo))
         return false;
     campo->setText(m_antes);
     Q_EMIT Leido(rafaga);

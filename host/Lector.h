@@ -39,7 +39,7 @@ private:
     bool esDeLaVentana(const QWidget &widget) const;
     bool sigue(const QKeyEvent &tecla) const;
     bool caracter(QWidget &widget, const QKeyEvent &tecla);
-    bool final(QWidget &widget, const QKeyEvent &tecla);
+    bool fin(QWidget &widget, const QKeyEvent &tecla);
 
     QWidget *m_ventana;
     QPointer<QLineEdit> m_caja;

@@ -1,9 +1,12 @@
 #include "Lineas.h"
 
 #include "Formas.h"
+#include "platform/widgets/Aviso.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <algorithm>
 #include <numeric>
 
@@ -26,11 +29,22 @@ Lineas::Lineas(QWidget *padre)
     , m_irEnEspera(nombrado<QPushButton>(u"cmdEnEspera"_s, u"Si&n artículo"_s))
 {
     m_rejilla->setAccessibleName(u"Líneas del documento"_s);
+    // The amounts are seen whole, where letters are large too; the description takes what is left.
+    m_rejilla->setEstirarUltima(false);
     m_rejilla->setColumnas({{u"Código"_s, 1000, Qt::AlignRight},
-                            {u"Descripción"_s, 5400, Qt::AlignLeft},
+                            {u"Descripción"_s, 1800, Qt::AlignLeft},
                             {u"Unidades"_s, 1000, Qt::AlignRight},
                             {u"Precio"_s, 1100, Qt::AlignRight},
                             {u"Importe"_s, 1200, Qt::AlignRight}});
+    int columna = 0;
+    int ancho = 0;
+    for (const QString &muestra :
+         {u"99999999"_s, u"Sin artículo: /84"_s, u"Unidades"_s, u"9.999,99"_s, u"99.999,99"_s}) {
+        m_rejilla->ensanchar(columna, muestra);
+        ancho += m_rejilla->columnWidth(columna++);
+    }
+    m_rejilla->horizontalHeader()->setSectionResizeMode(ColumnaDescripcion, QHeaderView::Stretch);
+    m_rejilla->setMinimumWidth(ancho + m_rejilla->verticalScrollBar()->sizeHint().width() + 4);
     m_rejilla->alPulsar = [this](QKeyEvent *evento) { return alPulsar(*evento); };
     QFont grande = m_total->font();
     grande.setPointSizeF(grande.pointSizeF() * 1.9);
@@ -40,11 +54,13 @@ Lineas::Lineas(QWidget *padre)
     auto *quitar = nombrado<QPushButton>(u"cmdQuitar"_s, u"&Quitar línea"_s);
     auto *limpiar = nombrado<QPushButton>(u"cmdVaciar"_s, u"&Vaciar"_s);
     auto *finalizar = nombrado<QPushButton>(u"cmdFinalizar"_s, u"&Finalizar"_s);
-    auto *columna = new QVBoxLayout(this);
-    columna->setContentsMargins(0, 0, 0, 0);
-    columna->addWidget(m_rejilla, 1);
-    columna->addLayout(enFila({m_irEnEspera, m_leyenda}));
-    columna->addLayout(enFila({quitar, limpiar, finalizar, m_numero, nullptr, new QLabel(u"TOTAL"_s), m_total}));
+    m_leyenda->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    auto *todo = new QVBoxLayout(this);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->addWidget(m_rejilla, 1);
+    todo->addLayout(enFila({m_irEnEspera, m_leyenda}));
+    todo->addLayout(enFila({m_numero, nullptr, new QLabel(u"TOTAL"_s), m_total}));
+    todo->addLayout(enFila({quitar, limpiar, nullptr, finalizar}));
     connect(quitar, &QPushButton::clicked, this, &Lineas::quitarActual);
     connect(limpiar, &QPushButton::clicked, this, &Lineas::VaciadoPedido);
     connect(finalizar, &QPushButton::clicked, this, &Lineas::FinPedido);
@@ -79,7 +95,7 @@ void Lineas::anadir(Linea linea)
 {
     m_lineas.push_back(std::move(linea));
     m_rejilla->anadir(m_lineas.back().celdas);
-    colorear(numero());
+    marcar(numero());
     m_rejilla->setFilaActual(numero());
     mostrarTotal();
 }
@@ -91,7 +107,7 @@ void Lineas::anadir(const LineaArticulo &datos)
 
 void Lineas::anadirEnEspera(const QString &leido, const QString &motivo)
 {
-    anadir(Linea{{{}, motivo + u": "_s + leido, u"1"_s, {}, {}}, {}, leido});
+    anadir(Linea{{{}, motivo + u": "_s + leido, {}, {}, {}}, {}, leido});
 }
 
 void Lineas::asentar(int fila, const LineaArticulo &datos)
@@ -100,25 +116,32 @@ void Lineas::asentar(int fila, const LineaArticulo &datos)
     una = linea(datos);
     for (int c = 0; c < static_cast<int>(una.celdas.size()); ++c)
         m_rejilla->setTexto(fila, c, una.celdas[static_cast<std::size_t>(c)]);
-    colorear(fila);
+    marcar(fila);
     mostrarTotal();
 }
 
-void Lineas::colorear(int fila)
+/// What waits is seen by more than its colour: its word and the whole code take the place of the amounts.
+void Lineas::marcar(int fila)
 {
-    m_rejilla->setColorFondo(fila, ColumnaDescripcion, leido(fila).isEmpty() ? QColor() : FondoEnEspera);
+    const bool espera = !leido(fila).isEmpty();
+    const int columnas = espera ? m_rejilla->model()->columnCount() - ColumnaDescripcion : 1;
+    if (columnas != m_rejilla->columnSpan(fila - 1, ColumnaDescripcion))
+        m_rejilla->setSpan(fila - 1, ColumnaDescripcion, 1, columnas);
+    m_rejilla->setColorFondo(fila, ColumnaDescripcion, espera ? FondoEnEspera : QColor());
+    m_rejilla->setColorTexto(fila, ColumnaDescripcion, espera ? QColor(Qt::black) : QColor());
 }
 
 void Lineas::quitarActual()
 {
     const int fila = m_rejilla->filaActual();
     if (fila < 1 || fila > numero())
-        return;
+        return nv::Aviso::mostrar(m_rejilla, u"No hay ninguna línea elegida."_s);
     m_lineas.erase(m_lineas.begin() + fila - 1);
+    m_rejilla->clearSpans();
     m_rejilla->vaciar();
     for (int i = 1; i <= numero(); ++i) {
         m_rejilla->anadir(m_lineas[static_cast<std::size_t>(i) - 1].celdas);
-        colorear(i);
+        marcar(i);
     }
     if (numero() > 0)
         m_rejilla->setFilaActual(fila);
@@ -128,6 +151,7 @@ void Lineas::quitarActual()
 void Lineas::vaciar()
 {
     m_lineas.clear();
+    m_rejilla->clearSpans();
     m_rejilla->vaciar();
     mostrarTotal();
 }
@@ -163,6 +187,11 @@ void Lineas::enfocar(int fila)
 {
     m_rejilla->setFilaActual(fila);
     m_rejilla->setFocus();
+}
+
+QWidget *Lineas::lugarDeAviso() const
+{
+    return enEspera() > 0 ? static_cast<QWidget *>(m_irEnEspera) : m_rejilla;
 }
 
 void Lineas::mostrarTotal()

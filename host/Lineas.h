@@ -47,6 +47,8 @@ public:
     int siguienteEnEspera(int desde = 1) const;
     /// The focus on a line.
     void enfocar(int fila);
+    /// Where a word about the lines that wait covers neither them nor what can be done.
+    QWidget *lugarDeAviso() const;
 
 Q_SIGNALS:
     void VaciadoPedido();
@@ -63,7 +65,7 @@ private:
     };
     static Linea linea(const LineaArticulo &datos);
     void anadir(Linea linea);
-    void colorear(int fila);
+    void marcar(int fila);
     bool alPulsar(const QKeyEvent &evento);
     void mostrarTotal();
 

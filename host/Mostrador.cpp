@@ -17,7 +17,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -44,7 +46,7 @@ Mostrador::Mostrador(const Opciones &opciones)
     reparto->addWidget(m_documento);
     reparto->addWidget(crearLateral());
     reparto->setStretchFactor(0, 1);
-    reparto->setSizes({740, 440});
+    reparto->setSizes({800, 380});
     setCentralWidget(reparto);
     QMenu *archivo = menuBar()->addMenu(u"&Archivo"_s);
     archivo->addAction(u"&Abrir catálogo…"_s, QKeySequence::Open, this, &Mostrador::elegirBase);
@@ -69,7 +71,8 @@ Mostrador::Mostrador(const Opciones &opciones)
     connect(lector, &Lector::Empezada, m_documento, &Documento::empezar);
     connect(lector, &Lector::Leido, m_documento, &Documento::leer);
     connect(lector, &Lector::Acabada, m_documento, &Documento::setRafaga);
-    resize(1180, 720);
+    const QSize habitual(1180, 720); // at the toolkit's usual letters
+    resize((habitual * (font().pointSizeF() / 9)).boundedTo(screen()->availableSize()).expandedTo(habitual));
     poner(nullptr);
 }
 
@@ -84,6 +87,8 @@ QWidget *Mostrador::crearLateral()
     vista->setWidget(m_ajustes);
     vista->setWidgetResizable(true);
     vista->setFrameShape(QFrame::NoFrame);
+    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    vista->setMinimumWidth(m_ajustes->minimumSizeHint().width() + vista->verticalScrollBar()->sizeHint().width());
     auto *pestanas = new QTabWidget;
     pestanas->addTab(m_estado, u"Es&tado"_s);
     pestanas->addTab(vista, u"A&justes"_s);

@@ -9,7 +9,6 @@
 #include "platform/widgets/nvTextBox.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QGroupBox>
 
 using namespace Qt::StringLiterals;
@@ -40,7 +39,7 @@ QWidget *PanelAjustes::grupoEmpresa()
 {
     m_modelo->addItems(QString::fromUtf16(Modelos).split(u'|'));
     m_modelo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_modelo->setMinimumContentsLength(20);
+    m_modelo->setMinimumContentsLength(12);
     m_modelo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     connect(m_modelo, &QComboBox::currentIndexChanged, this, [this](int modelo) {
         escribir([&] {
@@ -50,10 +49,11 @@ QWidget *PanelAjustes::grupoEmpresa()
     });
     auto *grupo = new QGroupBox(u"Empresa"_s);
     auto *columna = new QVBoxLayout(grupo);
-    columna->addLayout(enFila({rotulo(u"Modelo de &búsqueda:"_s, m_modelo), m_modelo}));
+    columna->addWidget(rotulo(u"Modelo de &búsqueda:"_s, m_modelo));
+    columna->addWidget(m_modelo);
     columna->addWidget(ajuste(u"EsUlvaro"_s, u"Edición de moda (EsUlvaro)"_s));
     columna->addWidget(casilla(
-        u"chkOrdenCualidades"_s, u"En los códigos, posiciones 9-10 = X y 11-12 = Y"_s,
+        u"chkOrdenCualidades"_s, u"Posiciones 9-10 = X, 11-12 = Y"_s,
         [this] { return m_base->empresa().OrdenCualidades(); },
         [this](bool marcada) {
             Sentencia s(u"UPDATE Empresas SET OrdenCualidades =");
@@ -61,26 +61,21 @@ QWidget *PanelAjustes::grupoEmpresa()
             m_base->empresa().Recargar();
         }));
     columna->addWidget(ajuste(u"OficinaCentral"_s, u"&Oficina central"_s));
-    columna->addWidget(permiso(u"chkPermisoReferencias"_s, u"Permiso para crear referencias"_s, 19));
-    columna->addWidget(permiso(u"chkPermisoBarras"_s, u"Permiso para crear códigos de barras"_s, 8));
+    columna->addWidget(permiso(u"chkPermisoReferencias"_s, u"Permiso: crear referencias"_s, 19));
+    columna->addWidget(permiso(u"chkPermisoBarras"_s, u"Permiso: crear códigos de barras"_s, 8));
     return grupo;
 }
 
 QWidget *PanelAjustes::grupoArticulo()
 {
-    auto *rejilla = new QGridLayout;
-    int lugar = 0;
+    auto *grupo = new QGroupBox(u"Caja de artículo"_s);
+    auto *columna = new QVBoxLayout(grupo);
     for (const char *nombre : {"Vital", "Inicial", "DejarEnBlanco", "MultiResultado", "SeleccionarTodo",
-                               "GuardarBusqueda", "KeyUpChangeFocus", "Locked"}) {
-        rejilla->addWidget(propiedad(nombre), lugar / 2, lugar % 2);
-        ++lugar;
-    }
+                               "GuardarBusqueda", "KeyUpChangeFocus", "Locked"})
+        columna->addWidget(propiedad(nombre));
     m_proveedor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     connect(m_proveedor, &SelectorCodigo::Cambio, this,
             [this] { escribir([this] { m_articulo->setProveedor(m_proveedor->Codigo()); }); });
-    auto *grupo = new QGroupBox(u"Caja de artículo"_s);
-    auto *columna = new QVBoxLayout(grupo);
-    columna->addLayout(rejilla);
     columna->addLayout(enFila({rotulo(u"&Proveedor:"_s, m_proveedor->caja()), m_proveedor}));
     return grupo;
 }

@@ -3,6 +3,7 @@
 #include "Formas.h"
 #include "Propiedades.h"
 #include "nvArticulo/nvArticulo.h"
+#include "platform/widgets/EtiquetaElidida.h"
 
 #include <QFontDatabase>
 #include <QFormLayout>
@@ -27,10 +28,7 @@ QWidget *PanelEstado::grupoComponente()
                                   u"Valor_CualidadX"_s, u"Valor_CualidadY"_s, u"Nombre_CualidadX"_s,
                                   u"Nombre_CualidadY"_s, u"Proveedor"_s, u"MultiCodigo"_s, u"MultiDescripcion"_s}) {
         auto *titulo = new QLabel(nombre);
-        titulo->setForegroundRole(QPalette::PlaceholderText);
-        auto *valor = nombrado<QLabel>(u"estado"_s + nombre);
-        valor->setTextFormat(Qt::PlainText);
-        valor->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        auto *valor = nombrado<EtiquetaElidida>(u"estado"_s + nombre);
         // A long list of codes must not widen the window.
         valor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         valor->setAccessibleName(nombre);
@@ -50,7 +48,9 @@ PanelEstado::PanelEstado(QWidget *padre)
     m_sentencias->setReadOnly(true);
     m_sentencias->setMaximumBlockCount(LineasGuardadas);
     m_sentencias->setTabChangesFocus(true);
-    m_sentencias->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont fija = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fija.setPointSizeF(font().pointSizeF());
+    m_sentencias->setFont(fija);
     auto *limpiar = nombrado<QPushButton>(u"cmdLimpiar"_s, u"&Limpiar"_s);
     connect(limpiar, &QPushButton::clicked, this, &PanelEstado::limpiarSentencias);
     auto *columna = new QVBoxLayout(this);
@@ -111,11 +111,8 @@ void PanelEstado::mostrar()
     }
     if (!m_articulo)
         return;
-    for (QLabel *rotulo : m_valores) {
-        const QString valor = propiedades::leida(*m_articulo, rotulo->accessibleName()).value_or(QString());
-        rotulo->setText(valor);
-        rotulo->setToolTip(valor.toHtmlEscaped());
-    }
+    for (QLabel *rotulo : m_valores)
+        rotulo->setText(propiedades::leida(*m_articulo, rotulo->accessibleName()).value_or(QString()));
 }
 
 } // namespace mostrador

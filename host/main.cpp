@@ -15,13 +15,15 @@ int main(int argc, char *argv[])
 {
     QApplication programa(argc, argv);
     QCoreApplication::setApplicationName(u"mostrador"_s);
-    QCoreApplication::setOrganizationName(u"nvArticulo"_s);
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
     QTranslator traductor;
     if (traductor.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&traductor);
     try {
         const mostrador::Opciones opciones(QCoreApplication::arguments());
+        // Without one the searches open as they were made, which scripts rely on.
+        if (!opciones.hay(u"temporal"_s))
+            QCoreApplication::setOrganizationName(u"nvArticulo"_s);
         mostrador::ponerAspecto(opciones.letra(), opciones.hay(u"oscuro"_s));
         if (!opciones.hay(u"help"_s))
             return mostrador::Mostrador(opciones).ejecutar();

@@ -73,6 +73,7 @@ class nvArticulo : public QWidget
     Q_PROPERTY(bool SeleccionarTodo MEMBER SeleccionarTodo DESIGNABLE false STORED false)
     Q_PROPERTY(bool GuardarBusqueda MEMBER GuardarBusqueda DESIGNABLE false STORED false)
     Q_PROPERTY(bool AvisarNoEncontrado MEMBER AvisarNoEncontrado STORED false)
+    Q_PROPERTY(bool RecordarAspecto MEMBER RecordarAspecto STORED false)
 
 public:
     enum eFormsFichas { FichaArticulos = 0, FichaArticulos_Mini = 1, FichaArticulos_Mini_1 = 2 };
@@ -149,6 +150,9 @@ public:
     bool SeleccionarTodo = false;
     bool GuardarBusqueda = false;
     bool AvisarNoEncontrado = true; ///< whether the box itself says that nothing has the code
+    /// Whether the searches open as the user left them: sizes, columns, details, warehouses. Kept in the program's
+    /// `QSettings` by user and dialog; not without an organisation's name.
+    bool RecordarAspecto = true;
 
     /// Load the description of the code in the box (`Articulos`); True when the item exists. Errors are shown.
     bool Cargar() { return Refrescar_Datos(); }
@@ -196,6 +200,7 @@ Q_SIGNALS:
 protected:
     void resizeEvent(QResizeEvent *evento) override;
     void changeEvent(QEvent *evento) override;
+    void showEvent(QShowEvent *evento) override;
 
 private:
     class Ocupada;
@@ -207,6 +212,7 @@ private:
     void pintarSegunEstado();
     void ponerTexto(const QString &texto, const QString &nombre);
     void ponerNombre(const QString &nombre);
+    void describirCaja();
     void ponerFuente(const QFont &fuente);
     template <class Valor>
     void cambiar(Valor &miembro, const Valor &valor, const QString &propiedad);

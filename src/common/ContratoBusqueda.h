@@ -50,6 +50,7 @@ public:
     qint16 AlmacenStock = 0; ///< 0 = the company's default warehouse
     bool GuardarBusqueda = false;
     bool SeleccionarTodo = false; ///< search model 1 only
+    bool RecordarAspecto = true;  ///< sizes and widths that the user has drawn, for the next opening
 };
 
 } // namespace nv

@@ -25,6 +25,7 @@ std::optional<ResultadoBusqueda> mostrarBusqueda(Dialogos &dialogos, const Servi
     dialogo->AlmacenStock = peticion.almacenStock;
     dialogo->Cliente = peticion.cliente;
     dialogo->GuardarBusqueda = peticion.guardarBusqueda;
+    dialogo->RecordarAspecto = peticion.recordarAspecto;
     if (peticion.familia[0] != 0) {
         dialogo->Familia_1 = dialogo->Busqueda_Familia_1 = peticion.familia[0];
         dialogo->Familia_2 = dialogo->Busqueda_Familia_2 = peticion.familia[1];

@@ -16,6 +16,7 @@ struct PeticionBusqueda
     qint16 almacenStock = 0;
     qint32 cliente = 0;
     bool guardarBusqueda = false;
+    bool recordarAspecto = true;
     std::array<qint16, 3> familia{}; ///< fixed; 0 in the first: free
 };
 

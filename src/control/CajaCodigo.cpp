@@ -36,13 +36,36 @@ CajaCodigo::CajaCodigo(QWidget *padre)
 
 void CajaCodigo::pintarEstado(bool habilitada)
 {
+    m_habilitada = habilitada;
+    const QPalette comun = parentWidget()->palette();
     QPalette paleta;
     if (!habilitada || hasFocus()) {
         paleta = palette();
         paleta.setColor(QPalette::Base, habilitada ? ConFoco : Deshabilitada);
         paleta.setColor(QPalette::Text, Letra);
+    } else if (isReadOnly()) {
+        // What is only to be read lies flat on its form.
+        paleta = palette();
+        paleta.setColor(QPalette::Base, comun.color(QPalette::Window));
+        paleta.setColor(QPalette::Text, comun.color(QPalette::WindowText));
     }
+    const bool propia = !habilitada || hasFocus() || isReadOnly();
     setPalette(paleta);
+    // A host's style sheet would have its own colours instead.
+    if (testAttribute(Qt::WA_StyleSheet) || !styleSheet().isEmpty()) {
+        const QString hoja = propia ? u"background-color: %1; color: %2"_s.arg(paleta.color(QPalette::Base).name(),
+                                                                               paleta.color(QPalette::Text).name())
+                                    : QString();
+        if (styleSheet() != hoja)
+            setStyleSheet(hoja);
+    }
+}
+
+void CajaCodigo::changeEvent(QEvent *evento)
+{
+    CajaTexto::changeEvent(evento);
+    if (evento->type() == QEvent::StyleChange)
+        pintarEstado(m_habilitada);
 }
 
 void CajaCodigo::decirNoEncontrado(const QString &escrito)

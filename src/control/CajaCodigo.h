@@ -13,8 +13,8 @@ class CajaCodigo : public CajaTexto
 public:
     explicit CajaCodigo(QWidget *padre);
 
-    /// Light cyan with the focus, light grey while its owner is disabled, else the theme's own colours; dark letters on
-    /// both, whatever the theme.
+    /// Light cyan with the focus, light grey while its owner is disabled, dark letters on both, whatever the theme or a
+    /// style sheet says; else flat when it is only to be read, and the theme's own colours.
     void pintarEstado(bool habilitada);
 
     /// Says at the box that nothing has this code; Ctrl+Z in the emptied box brings it back.
@@ -40,6 +40,7 @@ protected:
     void keyPressEvent(QKeyEvent *evento) override;
     void keyReleaseEvent(QKeyEvent *evento) override;
     void inputMethodEvent(QInputMethodEvent *evento) override;
+    void changeEvent(QEvent *evento) override;
     void focusInEvent(QFocusEvent *evento) override;
     void focusOutEvent(QFocusEvent *evento) override;
     void mousePressEvent(QMouseEvent *evento) override;
@@ -52,6 +53,7 @@ private:
     using SenalRaton = void (CajaCodigo::*)(qint16 &, qint16 &, float &, float &);
     void avisarRaton(SenalRaton senal, const QMouseEvent &evento, Qt::MouseButtons botones);
 
+    bool m_habilitada = true;
     QString m_recuperable;        ///< what was not found last
     bool m_trasDobleClic = false; ///< the release that ends a double click is no click
 };

@@ -7,6 +7,7 @@
 #include "control/Resolucion.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Campos.h"
 #include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Foco.h"
 #include "platform/widgets/Mensajes.h"
@@ -51,7 +52,6 @@ nvArticulo::nvArticulo(QWidget *padre)
     , m_keyFichaArt(nv::teclas::F4)
 {
     m_caja->setObjectName(u"txtCodigo"_s);
-    m_caja->setAccessibleName(u"Código de artículo"_s);
     m_nombre->setObjectName(u"lblNombre"_s);
     // Off the edge of the box; an indent would push the text down too.
     m_nombre->setContentsMargins(nv::twips::aPixeles(90, this), 0, 0, 0);
@@ -333,6 +333,12 @@ void nvArticulo::changeEvent(QEvent *evento)
         pintarSegunEstado();
 }
 
+void nvArticulo::showEvent(QShowEvent *evento)
+{
+    QWidget::showEvent(evento);
+    m_caja->setAccessibleName(nv::nombreDe(*this, u"Código de artículo"_s));
+}
+
 /// Whatever its form's state, the component's own decides.
 void nvArticulo::pintarSegunEstado()
 {
@@ -342,5 +348,12 @@ void nvArticulo::pintarSegunEstado()
 void nvArticulo::ponerNombre(const QString &nombre)
 {
     m_nombre->setText(nombre);
-    m_caja->setAccessibleDescription(nombre.startsWith(u'[') ? QString() : nombre);
+    describirCaja();
+}
+
+/// Without a description of its own a box is described by its tool tip, which is marked up.
+void nvArticulo::describirCaja()
+{
+    const QString nombre = m_nombre->text();
+    m_caja->setAccessibleDescription(nombre.isEmpty() || nombre.startsWith(u'[') ? m_toolTipText : nombre);
 }

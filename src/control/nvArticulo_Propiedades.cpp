@@ -257,6 +257,7 @@ bool nvArticulo::Locked() const
 void nvArticulo::setLocked(bool valor)
 {
     m_caja->setReadOnly(valor);
+    pintarSegunEstado();
     Q_EMIT PropertyChanged(u"Locked"_s);
 }
 
@@ -264,6 +265,7 @@ void nvArticulo::setToolTipText(const QString &texto)
 {
     m_caja->setToolTip(sinFormato(texto));
     cambiar(m_toolTipText, texto, u"ToolTipText"_s);
+    describirCaja();
 }
 
 void nvArticulo::setModelo(qint16 valor)
@@ -273,8 +275,8 @@ void nvArticulo::setModelo(qint16 valor)
 
 nv::PeticionBusqueda nvArticulo::peticion() const
 {
-    return {
-        0, MultiResultado, SeleccionarTodo, AlmacenStock, Cliente, GuardarBusqueda, {Familia_1, Familia_2, Familia_3}};
+    return {0,       MultiResultado,  SeleccionarTodo, AlmacenStock,
+            Cliente, GuardarBusqueda, RecordarAspecto, {Familia_1, Familia_2, Familia_3}};
 }
 
 nv::AjustesCaja nvArticulo::ajustes() const
@@ -296,9 +298,11 @@ void nvArticulo::ReadProperties(const nv::BolsaPropiedades &bolsa)
     ponerFuente(bolsa.leer(u"Font"_s, fuenteAmbiente(this)).value<QFont>());
     m_causesValidation = bolsa.leer(u"CausesValidation"_s, true).toBool();
     m_caja->setReadOnly(bolsa.leer(u"Locked"_s, false).toBool());
+    pintarSegunEstado();
     m_caja->setText(bolsa.leer(u"Text"_s, QString()).toString());
     m_toolTipText = bolsa.leer(u"ToolTipText"_s, QString()).toString();
     m_caja->setToolTip(sinFormato(m_toolTipText));
+    describirCaja();
     m_caja->setMaxLength(21);
     m_vital = bolsa.leer(u"Vital"_s, true).toBool();
     m_inicial = bolsa.leer(u"Inicial"_s, true).toBool();

@@ -15,6 +15,8 @@
 #include "search/sql/CopiaBusqueda.h"
 
 #include <QAbstractItemModel>
+#include <QAction>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
@@ -43,6 +45,12 @@ BusquedaBase::BusquedaBase(QWidget *padre)
         decirResultado();
     });
     m_rejilla->installEventFilter(this);
+    auto *restaurar = new QAction(u"Volver al aspecto inicial"_s, this);
+    restaurar->setShortcut(Qt::CTRL | Qt::Key_0);
+    connect(restaurar, &QAction::triggered, this, [this] { restaurarAspecto(); });
+    addAction(restaurar);
+    m_rejilla->horizontalHeader()->addAction(restaurar);
+    m_rejilla->horizontalHeader()->setContextMenuPolicy(Qt::ActionsContextMenu);
     // Rows that come while the list is walked.
     connect(m_rejilla->model(), &QAbstractItemModel::rowsInserted, this, &BusquedaBase::decirResultado);
 }
@@ -52,12 +60,17 @@ void BusquedaBase::MostrarModal()
     if (!cEmpresa)
         throw errores::sinEmpresa();
     const QPointer<BusquedaBase> vivo(this);
+    if (RecordarAspecto)
+        m_aspecto = AspectoBusqueda(*cEmpresa, QString::fromLatin1(metaObject()->className()));
     trasIntro();
     alAbrir();
     if (!vivo)
         return;
     m_conIntro = false;
+    m_aspecto.poner(*this, *m_rejilla, variante());
     ejecutar();
+    if (vivo)
+        m_aspecto.anotar(*this, *m_rejilla, variante());
 }
 
 void BusquedaBase::dimensionar(int ancho, int alto)

@@ -3,6 +3,7 @@
 #include "common/ContratoBusqueda.h"
 #include "nvArticulo/Sentencia.h"
 #include "platform/widgets/FormularioModal.h"
+#include "search/piezas/AspectoBusqueda.h"
 #include "search/piezas/Eleccion.h"
 
 #include <QElapsedTimer>
@@ -87,6 +88,11 @@ protected:
     std::optional<qint32> limite() const;
     /// 0 becomes the company's default warehouse. Throws Error.
     void completarAlmacen();
+    /// What the user has made of the form. `variante` tells apart the forms that it has.
+    const AspectoBusqueda &aspecto() const { return m_aspecto; }
+    virtual QString variante() const { return {}; }
+    /// The user wants the form as it was made.
+    virtual void restaurarAspecto() { m_aspecto.restaurar(*this, *m_rejilla); }
     /// Parameters of the component's library, by the end of their key. Throw Error.
     QVariant parametroApp(QStringView sufijo, const QVariant &defecto) const;
     QVariant parametroUsuario(QStringView sufijo, const QVariant &defecto) const;
@@ -99,7 +105,8 @@ private:
     EtiquetaElidida *m_resultado;
     std::optional<qint32> m_tope; ///< row limit of the last search
     bool m_buscado = false;
-    bool m_conIntro = false;   ///< the search that comes was begun by Enter
+    bool m_conIntro = false; ///< the search that comes was begun by Enter
+    AspectoBusqueda m_aspecto;
     QElapsedTimer m_trasIntro; ///< since such a one
     FranjaMensaje *m_franja = nullptr;
     Sentencia m_ultima;

@@ -63,11 +63,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel cr
     dimensionar(conLetra(Ancho), conLetra(Alto));
     extender(false);
     connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
-    atajo(Qt::Key_F6, [this] {
-        extender(!m_extendida);
-        centrar(y());
-        refrescarDetalles();
-    });
+    atajo(Qt::Key_F6, [this] { alternarDetalles(); });
 }
 
 void frmBusqueda_Articulos_1::montarDetalles()
@@ -90,9 +86,26 @@ void frmBusqueda_Articulos_1::montarDetalles()
 
 void frmBusqueda_Articulos_1::alAbrir()
 {
-    extender(Cliente > 0);
+    extender(Cliente > 0 || aspecto().valor(u"Detalles"_s).toBool());
     centrar(alturaInicial());
     BusquedaCriterios::alAbrir();
+}
+
+void frmBusqueda_Articulos_1::alternarDetalles()
+{
+    extender(!m_extendida);
+    centrar(y());
+    refrescarDetalles();
+    // For a customer they are shown whatever was wanted last.
+    if (Cliente <= 0)
+        aspecto().guardar(u"Detalles"_s, m_extendida);
+}
+
+void frmBusqueda_Articulos_1::restaurarAspecto()
+{
+    if (m_extendida != (Cliente > 0))
+        alternarDetalles();
+    BusquedaCriterios::restaurarAspecto();
 }
 
 void frmBusqueda_Articulos_1::cargarPropios(nv::mensajes::Fallos &fallos)

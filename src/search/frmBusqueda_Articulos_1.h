@@ -25,10 +25,13 @@ protected:
     void cargarPropios(nv::mensajes::Fallos &fallos) override;
     void trasBuscar() override;
     bool extendida() const { return m_extendida; }
+    QString variante() const override { return m_extendida ? QStringLiteral("Detalles") : QString(); }
+    void restaurarAspecto() override;
 
 private:
     void montarDetalles();
     void refrescarDetalles();
+    void alternarDetalles();
     void extender(bool extendida);
     void centrar(int y);
     int alturaInicial() const;

@@ -110,6 +110,12 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     tabularAntes(m_alternativo->caja());
     tabularAntes(m_almacenes);
     ponerFranja();
+    connect(m_almacenes, &nvAlmacenCons::Cambio, this, [this] {
+        QVariantList elegidos;
+        for (const qint16 codigo : m_almacenes->Almacenes())
+            elegidos << codigo;
+        aspecto().guardar(u"Almacenes"_s, elegidos);
+    });
     connect(lista->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
             &frmBusqueda_Articulos_2::decirResultado);
 }
@@ -153,6 +159,13 @@ void frmBusqueda_Articulos_2::cargarPropios(nv::mensajes::Fallos &fallos)
         m_almacenes->setcEmpresa(cEmpresa);
         m_almacenes->setUsuario(cEmpresa->Valor(u"UsuarioActual"_s));
         m_almacenes->Cargar();
+        std::vector<qint16> elegidos;
+        for (const QVariant &codigo : aspecto().valor(u"Almacenes"_s).toList())
+            elegidos.push_back(static_cast<qint16>(codigo.toInt()));
+        const QSignalBlocker sinGuardar(m_almacenes);
+        m_almacenes->setAlmacenes(elegidos);
+        m_usados = almacenes();
+        titularStock();
     });
 }
 

@@ -1,6 +1,7 @@
 #include "Formulario.h"
 #include "support/Programa.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
@@ -83,6 +84,44 @@ private Q_SLOTS:
         forma.articulo->Cargar();
         QTest::keyClick(forma.caja(), Qt::Key_7);
         QVERIFY2(tinta(forma) < conHoja - 60, "whatever a style sheet says");
+    }
+
+    void states_of_the_box_are_seen_whatever_a_style_sheet_says()
+    {
+        for (const QString &hoja : {QString(), u"QLineEdit { background: white; color: navy }"_s}) {
+            Formulario forma;
+            forma.setStyleSheet(hoja);
+            const auto fondo = [&forma] {
+                return forma.caja()->grab().toImage().pixelColor(forma.caja()->width() / 2, 4).name();
+            };
+            QCOMPARE(fondo(), u"#c0ffff"_s);
+            forma.despues->setFocus();
+            QCOMPARE(fondo(), u"#ffffff"_s);
+            forma.articulo->setLocked(true);
+            QCOMPARE(fondo(), forma.palette().color(QPalette::Window).name());
+            forma.articulo->setFocus();
+            QCOMPARE(fondo(), u"#c0ffff"_s);
+            forma.articulo->setEnabled(false);
+            QCOMPARE(fondo(), u"#e0e0e0"_s);
+        }
+    }
+
+    void screen_readers_hear_the_label_that_leads_to_the_box()
+    {
+        Formulario forma;
+        const auto dice = [&forma](QAccessible::Text que) {
+            forma.articulo->hide();
+            forma.articulo->show();
+            return QAccessible::queryAccessibleInterface(forma.caja())->text(que);
+        };
+        QCOMPARE(dice(QAccessible::Name), u"Código de artículo"_s);
+        QLabel rotulo(u"<b>&Pieza</b>:"_s, &forma);
+        rotulo.setBuddy(forma.articulo);
+        QCOMPARE(dice(QAccessible::Name), u"Pieza"_s);
+        forma.articulo->setAccessibleName(u"Recambio"_s);
+        QCOMPARE(dice(QAccessible::Name), u"Recambio"_s);
+        forma.articulo->setToolTipText(u"El <código>"_s);
+        QCOMPARE(dice(QAccessible::Description), u"El <código>"_s);
     }
 
     void what_nothing_has_is_said_and_can_be_brought_back()

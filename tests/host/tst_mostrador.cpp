@@ -6,17 +6,20 @@
 #include "nvArticulo/Error.h"
 #include "nvArticulo/nvArticulo.h"
 #include "platform/pickers/SelectorCodigo.h"
+#include "support/Conductor.h"
 #include "support/Programa.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QKeyEvent>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace mostrador;
 using namespace nv;
+using namespace nv::pruebas;
 
 /// The point of sale as its user meets it.
 class tst_Mostrador : public QObject
@@ -59,6 +62,26 @@ private Q_SLOTS:
             QVERIFY(suyo.siguiente());
             QCOMPARE(lineas.rejilla().texto(i + 1, 0), QString::number(suyo.entero32(0)));
         }
+    }
+
+    void the_line_feed_of_a_slow_scanner_answers_no_question()
+    {
+        m_mostrador->base().empresa().PonerValor(u"OficinaCentral"_s, u"1"_s);
+        const auto tecla = [](QWidget *donde, int cual, const QString &texto, quint64 cuando) {
+            QKeyEvent evento(QEvent::KeyPress, cual, Qt::NoModifier, texto);
+            evento.setTimestamp(cuando);
+            QCoreApplication::sendEvent(donde, &evento);
+        };
+        Conductor conductor;
+        conductor.con<QMessageBox>([&](QMessageBox &pregunta) {
+            QTest::qWait(60); // until what was typed before is no longer dropped
+            tecla(pregunta.focusWidget(), Qt::Key_Return, u"\r"_s, 1060);
+            QVERIFY(pregunta.isVisible());
+            pregunta.reject();
+        });
+        for (quint64 i = 0; const QChar c : u"/5901234123464\r"_s)
+            tecla(QApplication::focusWidget(), c == u'\r' ? Qt::Key_Return : Qt::Key(c.unicode()), c, 1000 - 14 + i++);
+        QVERIFY(conductor.terminado() && m_mostrador->documento().articulo()->Text().isEmpty());
     }
 
     void settings_are_the_companys_and_a_new_box_keeps_those_of_the_former()

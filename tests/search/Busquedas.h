@@ -8,11 +8,26 @@
 #include "support/EmpresaPrueba.h"
 
 #include <QLineEdit>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace nv::pruebas {
 
 using namespace Qt::StringLiterals;
+
+/// A program whose settings are kept, for as long as this lasts.
+struct Organizacion
+{
+    Organizacion()
+    {
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, carpeta.path());
+        QCoreApplication::setOrganizationName(u"Pruebas"_s);
+    }
+    ~Organizacion() { QCoreApplication::setOrganizationName({}); }
+    QTemporaryDir carpeta;
+};
 
 /// A search dialog on screen, and the hands of who works with it.
 struct Vista
@@ -25,6 +40,8 @@ struct Vista
     {
         return d.findChild<Widget *>(QLatin1StringView(nombre));
     }
+    /// Without its underlined letter.
+    QString rotulo(const char *nombre) const { return campo(nombre)->property("text").toString().remove(u'&'); }
     Rejilla *lista() const { return d.findChild<Rejilla *>(); }
     bool porCriterios() const { return modelo != 2 && modelo != 5 && modelo < 7; }
     /// The box of the description.

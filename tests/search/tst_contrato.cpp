@@ -252,6 +252,46 @@ private Q_SLOTS:
         });
     }
 
+    void what_the_user_has_drawn_is_there_again_until_it_is_given_back()
+    {
+        const Organizacion organizacion;
+        QSize tamano, natural;
+        int ancho = 0, previsto = 0;
+        const int columna = modelo == 8 ? 4 : modelo == 0 || modelo == 6 ? 0 : 1; // one that is not the description
+        const auto abierta = [&](const QString &usuario, bool recuerda, const CatalogoBusquedas::Accion &accion) {
+            m->empresa.valores[u"UsuarioActual"_s] = usuario;
+            m->pedido.RecordarAspecto = recuerda;
+            m->abrir(modelo, [&](const Vista &v) {
+                tamano = v.d.size();
+                ancho = v.lista()->columnWidth(columna);
+                if (accion)
+                    accion(v);
+            });
+        };
+        abierta(u"ANA"_s, true, [&](const Vista &v) {
+            natural = tamano;
+            previsto = ancho;
+            auto *titulos = v.lista()->horizontalHeader();
+            v.d.resize(natural - QSize(30, 60));
+            QCoreApplication::processEvents();
+            previsto = v.lista()->columnWidth(columna);
+            const int borde = titulos->sectionViewportPosition(columna) + previsto - 1;
+            QTest::mousePress(titulos->viewport(), Qt::LeftButton, {}, {borde, 5});
+            QTest::mouseMove(titulos->viewport(), {borde - 20, 5});
+            QTest::mouseRelease(titulos->viewport(), Qt::LeftButton, {}, {borde - 20, 5});
+        });
+        abierta(u"EVA"_s, true, {});
+        QVERIFY2(tamano == natural && ancho != previsto - 20, "another user's is as it was made");
+        abierta(u"ANA"_s, false, {});
+        QVERIFY2(tamano == natural && ancho != previsto - 20, "and so is the host's that wants none of it");
+        abierta(u"ANA"_s, true, [&](const Vista &v) {
+            QVERIFY(tamano == natural - QSize(30, 60) && qAbs(ancho - (previsto - 20)) < 2);
+            QTest::keyClick(&v.d, Qt::Key_0, Qt::ControlModifier);
+        });
+        abierta(u"ANA"_s, true, {});
+        QCOMPARE(tamano, natural);
+    }
+
     void window_may_go_while_an_error_is_up()
     {
         for (const bool alAbrir : {true, false}) {

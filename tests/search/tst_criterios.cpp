@@ -60,6 +60,22 @@ private Q_SLOTS:
         }
     }
 
+    void alt_and_the_letter_of_a_label_lead_to_its_field()
+    {
+        m->abrir(modelo, [](const Vista &v) {
+            int llevan = 0;
+            for (const auto *rotulo : v.d.findChildren<QLabel *>()) {
+                if (!rotulo->buddy() || !rotulo->isVisible() || rotulo->buddy()->isAncestorOf(v.d.focusWidget()))
+                    continue;
+                const QKeySequence letra = QKeySequence::mnemonic(rotulo->text());
+                QTest::keyClick(v.d.focusWidget(), letra[0].key(), Qt::AltModifier);
+                QVERIFY2(v.enfocado(qPrintable(rotulo->buddy()->objectName())), qPrintable(rotulo->text()));
+                ++llevan;
+            }
+            QVERIFY(llevan >= 5);
+        });
+    }
+
     void nothing_found_offers_more_and_an_apostrophe_is_not_handed_back()
     {
         m->pedido.Busqueda_Descripcion = u"O'R"_s;
@@ -123,7 +139,7 @@ private Q_SLOTS:
         m->empresa.familias[2] = u"Gama"_s;
         m->abrir(modelo, [this](const Vista &v) {
             QVERIFY(!v.campo("txtFamilia_2")->isVisible() && !v.campo("lblTFamilia_2")->isVisible());
-            QVERIFY(v.campo("txtFamilia_3")->isVisible() && v.campo<QLabel>("lblTFamilia_3")->text() == u"Gama:");
+            QVERIFY(v.campo("txtFamilia_3")->isVisible() && v.rotulo("lblTFamilia_3") == u"Gama:");
             v.escribe("txtFamilia_1", u"2"_s);
             v.pulsa(Qt::Key_Return);
             QVERIFY2(v.enfocado("txtFamilia_3") && v.lista()->filasDatos() == 0, "the level not used is skipped");

@@ -112,6 +112,19 @@ private Q_SLOTS:
         QDir::setCurrent(anterior);
     }
 
+    void details_are_there_again_until_the_form_is_given_back()
+    {
+        const Organizacion organizacion;
+        bool antes = false;
+        for (const Qt::Key tecla : {Qt::Key_F6, Qt::Key_0, Qt::Key_F7}) {
+            m->abrir(6, [&](const Vista &v) {
+                QCOMPARE(v.campo("fraExtendido")->isVisible(), antes);
+                QTest::keyClick(v.d.focusWidget(), tecla, tecla == Qt::Key_0 ? Qt::ControlModifier : Qt::NoModifier);
+            });
+            antes = tecla == Qt::Key_F6;
+        }
+    }
+
     void F6_makes_room_and_the_notes_search()
     {
         for (const int modelo : {0, 6}) {
@@ -158,7 +171,7 @@ private Q_SLOTS:
         for (const QStringList &caso : tabla(u"→10|841|24|2|1|3;1→2|1|3;0→1|3;quizá→1|3"_s)) {
             m->empresa.valores[u"OficinaCentral"_s] = caso[0];
             m->abrir(6, [&](const Vista &v) {
-                QCOMPARE(v.campo<QCheckBox>("chkSurtido")->text(), u"Sólo mostrar artículos en Surtido"_s);
+                QCOMPARE(v.rotulo("chkSurtido"), u"Sólo mostrar artículos en Surtido"_s);
                 v.campo("chkSurtido")->setFocus();
                 if (!caso[0].isEmpty())
                     v.pulsa(Qt::Key_Space);

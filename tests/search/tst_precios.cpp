@@ -35,6 +35,7 @@ private Q_SLOTS:
             d.AlmacenStock = 2;
             d.Familia_1 = d.Busqueda_Familia_1 = 1;
         };
+        const Organizacion organizacion; // the last warehouses are there again
         m->abrir(1, enOtro, [this](const Vista &v) {
             QCOMPARE(v.lista()->texto(0, 11), u"Stock Alm 2"_s);
             v.busca(u"TORN"_s);
@@ -66,6 +67,10 @@ private Q_SLOTS:
             v.lista()->setFocus();
             v.pulsa(Qt::Key_Up);
             QVERIFY2(pestanas->currentIndex() == 0 && v.enfocado("txtNombre"), "the criteria again");
+        });
+        m->abrir(1, enOtro, [](const Vista &v) {
+            v.busca(u"TORNILLO ROJO"_s);
+            QCOMPARE(v.lista()->texto(0, 11) + v.columna(11), u"Stock Alm 112"_s);
         });
     }
 
@@ -149,7 +154,7 @@ private Q_SLOTS:
                     u" (0, 0, 7, 'AZUL'), (0, 0, 33, 'VERDE')"_s);
         m->abrir(1, [&](const Vista &v) {
             auto *caja = v.campo<QLineEdit>("txtAlternativo1");
-            QCOMPARE(v.campo<QLabel>("lblAlternativo1")->text(), u"Estilo:"_s);
+            QCOMPARE(v.rotulo("lblAlternativo1"), u"Estilo:"_s);
             v.escribe("txtAlternativo1", u"X"_s);
             const auto elegir = [&](const char *boton) {
                 m->conductor.con<frmAlternativos_Eleccion>([boton](frmAlternativos_Eleccion &f) {

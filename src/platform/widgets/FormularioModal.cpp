@@ -64,6 +64,12 @@ FormularioModal::FormularioModal(QWidget *padre)
     setAttribute(Qt::WA_WindowPropagation);
 }
 
+void FormularioModal::ejecutar()
+{
+    ponerMnemonicos(*this);
+    exec();
+}
+
 void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 {
     m_atajos->poner(tecla, std::move(accion));

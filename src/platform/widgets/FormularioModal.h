@@ -25,7 +25,7 @@ protected:
     explicit FormularioModal(QWidget *padre);
 
     /// Shows the form, returns once it has hidden itself, or is gone: no member may be read any more without a look.
-    void ejecutar() { exec(); }
+    void ejecutar();
     /// A key that the form sees before its fields do, whichever has the focus, once however long it is held. Keys of
     /// popups and of boxes on top stay theirs.
     void atajo(Qt::Key tecla, std::function<void()> accion);

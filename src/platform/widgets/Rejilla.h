@@ -43,6 +43,7 @@ public:
     /// The column that takes the width that is left, and gives some of its own where that is not enough. -1, as at first,
     /// is the last visible one, which never gives.
     void setElastica(int columna);
+    int elastica() const { return m_estirada; }
 
     /// Rows including the heading: 1 when there are no data.
     int filas() const;
