@@ -228,10 +228,11 @@ bool frmArticulos_Creacion::Validar_Articulo()
             m_campos.campo(campo)->setFocus();
         return false;
     };
+    nv::AltaArticulo &nueva = alta();
     if (!cabeLoElegido())
         return false;
     const nv::FichaAlta ficha = m_campos.ficha();
-    if (const std::optional<nv::FaltaCreacion> primera = alta().falta(ficha))
+    if (const std::optional<nv::FaltaCreacion> primera = nueva.falta(ficha))
         return falta(primera->texto, primera->campo);
     if (!existeLoElegido())
         return false;
@@ -244,7 +245,7 @@ bool frmArticulos_Creacion::Validar_Articulo()
         if (!vivo || !sigue)
             return false;
     }
-    return !alta().referenciaRepetida(ficha) ||
+    return !nueva.referenciaRepetida(ficha) ||
            falta(u"La referencia especificada ya existe."_s, nv::CampoCreacion::Referencia);
 }
 
@@ -292,12 +293,13 @@ void frmArticulos_Creacion::aceptar()
     m_barras->comprobarPendiente();
     if (!vivo)
         return;
-    // A code just typed, or chosen from its list, has no name yet: the user sees it, and whether there is one.
-    for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
-        if (!campo.selector->Asentar() || !vivo)
-            return;
-    }
     const bool hecho = nv::mensajes::guardar(this, u"Error"_s, [&] {
+        alta();
+        // A code just typed, or chosen from its list, has no name yet: the user sees it, and whether there is one.
+        for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
+            if (!campo.selector->Asentar() || !vivo)
+                return;
+        }
         if (!Validar_Articulo())
             return;
         static_cast<DatosCreacion &>(*this) = alta().guardar(m_campos.ficha());

@@ -132,8 +132,8 @@ bool frmReferencias_Modificar::admiteDuplicada()
         return true;
     nv::ComprobadorSencillo sencillo;
     nv::ComprobadorReferencias &regla = Comprobador ? *Comprobador : sencillo;
-    const auto similar =
-        regla.buscar(nv::ranura::exigida(), *cEmpresa, nv::ValEntero32(m_articulo->Codigo()), proveedor, referencia);
+    const qint32 articulo = nv::nombrado(u"Artículo", [this] { return nv::ValEntero32(m_articulo->Codigo()); });
+    const auto similar = regla.buscar(nv::ranura::exigida(), *cEmpresa, articulo, proveedor, referencia);
     if (!similar)
         return true;
     const auto texto = [&](const QString &cierre) {
