@@ -3,7 +3,6 @@
 #include "Formas.h"
 #include "platform/widgets/Aviso.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -30,7 +29,6 @@ Lineas::Lineas(QWidget *padre)
 {
     m_rejilla->setAccessibleName(u"Líneas del documento"_s);
     // The amounts are seen whole, where letters are large too; the description takes what is left.
-    m_rejilla->setEstirarUltima(false);
     m_rejilla->setColumnas({{u"Código"_s, 1000, Qt::AlignRight},
                             {u"Descripción"_s, 1800, Qt::AlignLeft},
                             {u"Unidades"_s, 1000, Qt::AlignRight},
@@ -43,7 +41,7 @@ Lineas::Lineas(QWidget *padre)
         m_rejilla->ensanchar(columna, muestra);
         ancho += m_rejilla->columnWidth(columna++);
     }
-    m_rejilla->horizontalHeader()->setSectionResizeMode(ColumnaDescripcion, QHeaderView::Stretch);
+    m_rejilla->setElastica(ColumnaDescripcion);
     m_rejilla->setMinimumWidth(ancho + m_rejilla->verticalScrollBar()->sizeHint().width() + 4);
     m_rejilla->alPulsar = [this](QKeyEvent *evento) { return alPulsar(*evento); };
     QFont grande = m_total->font();

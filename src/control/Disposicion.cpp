@@ -4,6 +4,9 @@
 
 #include <QLayout>
 #include <QLineEdit>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace nv::disposicion {
 
@@ -16,8 +19,17 @@ constexpr int AnchoMinimo = 930;
 constexpr int AltoMinimo = 195;
 constexpr int AnchoConTexto = 1785;
 
+/// Larger letters have more room: an item's code is never cut.
+int anchoCaja(const QWidget &caja)
+{
+    constexpr int margenes = 180;
+    return std::max(twips::aPixeles(AnchoCaja, &caja),
+                    caja.fontMetrics().horizontalAdvance(u"000000000"_s) + twips::aPixeles(margenes, &caja));
+}
+
 QString corchetesPara(const QWidget &articulo, int twipsDescontados)
 {
+    twipsDescontados += twips::dePixeles(anchoCaja(articulo), &articulo) - AnchoCaja;
     const int blanco = twips::dePixeles(articulo.fontMetrics().horizontalAdvance(u' '), &articulo);
     const int libres = blanco > 0 ? (twips::dePixeles(articulo.width(), &articulo) - twipsDescontados) / blanco - 2 : 0;
     return libres >= 1 ? u'[' + QString(libres, u' ') + u']' : QString();
@@ -27,12 +39,12 @@ QString corchetesPara(const QWidget &articulo, int twipsDescontados)
 
 QSize preferida(const QLineEdit &caja)
 {
-    return {twips::aPixeles(AnchoCaja + AnchoNombre, &caja), caja.sizeHint().height()};
+    return {anchoCaja(caja) + twips::conLetra(AnchoNombre, &caja), caja.sizeHint().height()};
 }
 
 QSize minima(const QLineEdit &caja)
 {
-    return {twips::aPixeles(AnchoCaja, &caja), caja.minimumSizeHint().height()};
+    return {anchoCaja(caja), caja.minimumSizeHint().height()};
 }
 
 void colocar(QWidget &articulo, QWidget &caja, QWidget &nombre)
@@ -40,9 +52,9 @@ void colocar(QWidget &articulo, QWidget &caja, QWidget &nombre)
     const auto pixeles = [&](int valor) { return twips::aPixeles(valor, &articulo); };
     if (articulo.height() < pixeles(AltoMinimo))
         return;
-    const int ancho = pixeles(AnchoCaja);
     const QWidget *padre = articulo.parentWidget();
-    if (articulo.width() >= ancho) {
+    if (articulo.width() >= pixeles(AnchoCaja)) {
+        const int ancho = std::min(anchoCaja(caja), articulo.width());
         const int alto = twips::dePixeles(articulo.height(), &articulo);
         caja.setGeometry(0, 0, ancho, articulo.height());
         nombre.setGeometry(ancho, pixeles((alto - AltoMinimo) / 2), articulo.width() - ancho, pixeles(alto - 90));

@@ -1,5 +1,6 @@
 #include "Formulario.h"
 #include "support/Programa.h"
+#include "support/Recortes.h"
 #include "support/Ventana.h"
 
 #include "nvArticulo/BolsaPropiedades.h"
@@ -112,6 +113,13 @@ private Q_SLOTS:
                 articulo.resize(301, alto);
                 QCOMPARE(caja->height(), 13);
             }
+        }
+        for (const int puntos : {9, 14, 18}) {
+            const auto letra = conLetra(puntos);
+            Formulario grande;
+            const QLineEdit *caja = grande.caja();
+            QVERIFY(caja->width() >= caja->fontMetrics().horizontalAdvance(u"999999999"_s) + 8);
+            QCOMPARE(grande.articulo->findChild<QLabel *>(u"lblNombre"_s)->x(), caja->width());
         }
         Formulario forma;
         const QString nombre = u"TORNILLO <M8> & TUERCA"_s;

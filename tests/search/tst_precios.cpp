@@ -235,7 +235,9 @@ private Q_SLOTS:
             v.pulsa(Qt::Key_F11);
             QVERIFY(v.d.isVisible() && !QGuiApplication::overrideCursor());
         });
-        QCOMPARE(m->conductor.cajas().back().texto, u"Error en Imprimir_Busqueda: no such table: Articulos_CBarras"_s);
+        QCOMPARE(
+            m->conductor.cajas().back().texto,
+            u"Error en Imprimir_Busqueda: La base de datos no ha podido hacerlo (no such table: Articulos_CBarras)."_s);
         QCOMPARE(QDir(carpeta.path()).entryList(QDir::Files), QStringList{u"lista.pdf"_s});
     }
 

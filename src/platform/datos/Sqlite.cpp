@@ -52,7 +52,8 @@ QString descripcion(int codigo, const QString &propio)
     case SQLITE_CONSTRAINT:
         return restriccion(codigo, propio);
     default:
-        return propio;
+        // Our functions speak in sentences; the engine's own words, in English, say what a statement's author needs.
+        return propio.endsWith(u'.') ? propio : u"La base de datos no ha podido hacerlo (%1)."_s.arg(propio);
     }
 }
 
