@@ -140,7 +140,7 @@ private Q_SLOTS:
                 for (const int veces : {20, 21, 9000})
                     texto->replace(u"x%1"_s.arg(veces), QString(veces, u'x')).replace(u"ñ20"_s, QString(20, u'ñ'));
             for (const QString &como : {u"INSERT INTO Articulos (Cod_Empresa, Codigo, %1) VALUES (9, 1, %2)"_s,
-                                        u"INSERT INTO [Articulos] (Cod_Empresa, Codigo, %1) SELECT 9, 1, %2"_s,
+                                        u"INSERT INTO [Articulos] (Cod_Empresa, Codigo, [%1]) SELECT 9, 1, %2"_s,
                                         u"UPDATE Articulos SET Ancho = 1, %1 = %2, Mod_Ficha = 1 WHERE Codigo = 4"_s,
                                         u"UPDATE Articulos SET %1 = ISNULL(%2, NULL) FROM (SELECT 4 AS n) a"
                                         u" WHERE Articulos.Codigo = a.n"_s}) {
