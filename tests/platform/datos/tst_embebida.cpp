@@ -57,6 +57,21 @@ private Q_SLOTS:
                     }).endsWith(u"La suma se sale de lo que cabe."_s));
     }
 
+    void types_that_only_a_host_uses()
+    {
+        BaseDatos base;
+        base.ejecutar(u"CREATE TABLE Tipos (a tinyint, b bigint, c smallmoney, d smalldatetime, e date, f nvarchar(2),"
+                      u" g char(2))"_s);
+        for (const QStringList &c :
+             tabla(u"a→255→256;a→0→-1;b→9223372036854775807→'9223372036854775808';c→-214748.3647→214748.3648;"
+                   u"d→'01/01/1900'→'31/12/1899';e→'01/01/0001'→'01/01/0000';f→'ñé  '→'ñéx';f→'€'→'😀x';g→'ab'→'abc';"
+                   u"a→'12'→'12a'"_s)) {
+            const QString alta = u"INSERT INTO Tipos (%1) VALUES (%2)"_s;
+            QVERIFY2(!falla([&] { base.ejecutar(alta.arg(c[0], c[1])); }), qPrintable(c.join(u' ')));
+            QVERIFY2(falla([&] { base.ejecutar(alta.arg(c[0], c[2])); }), qPrintable(c.join(u' ')));
+        }
+    }
+
     void errors_in_words()
     {
         BaseDatos base;
