@@ -82,9 +82,11 @@ private Q_SLOTS:
         const auto devolver = qScopeGuard([&claro] { QApplication::setPalette(claro); });
         QApplication::setPalette(
             QPalette(Qt::white, QColor(45, 45, 45), Qt::gray, Qt::black, Qt::gray, Qt::white, QColor(30, 30, 30)));
+        nv::PanelDetalles oscuro(nullptr);
+        oscuro.preparar(m->empresa, 0);
         for (const QString &codigo : {u"1"_s, u"3"_s}) {
-            panel.DevPropiedades(codigo);
-            auto *cifra = panel.findChild<QLabel *>(u"lblDisponible"_s);
+            oscuro.DevPropiedades(codigo);
+            auto *cifra = oscuro.findChild<QLabel *>(u"lblDisponible"_s);
             const QImage imagen = cifra->grab().toImage();
             const QColor fondo = imagen.pixelColor(4, imagen.height() / 2);
             double mejor = 1;
