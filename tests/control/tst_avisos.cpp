@@ -118,6 +118,11 @@ private Q_SLOTS:
         QLabel rotulo(u"<b>&Pieza</b>:"_s, &forma);
         rotulo.setBuddy(forma.articulo);
         QCOMPARE(dice(QAccessible::Name), u"Pieza"_s);
+        rotulo.setText(u"&Pieza:"_s);
+        rotulo.show();
+        forma.despues->setFocus();
+        QTest::keyClick(&forma, Qt::Key_P, Qt::AltModifier);
+        QVERIFY(forma.caja()->hasFocus());
         forma.articulo->setAccessibleName(u"Recambio"_s);
         QCOMPARE(dice(QAccessible::Name), u"Recambio"_s);
         forma.articulo->setToolTipText(u"El <código>"_s);

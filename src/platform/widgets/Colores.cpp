@@ -25,10 +25,14 @@ double contraste(const QColor &uno, const QColor &otro)
     return (std::max(una, otra) + 0.05) / (std::min(una, otra) + 0.05);
 }
 
+QColor opuesto(const QColor &fondo)
+{
+    return contraste(Qt::white, fondo) > contraste(Qt::black, fondo) ? Qt::white : Qt::black;
+}
+
 QColor legible(QColor letra, const QColor &fondo)
 {
-    const bool aclarar = contraste(Qt::white, fondo) > contraste(Qt::black, fondo);
-    const int meta = aclarar ? 255 : 0;
+    const int meta = opuesto(fondo).red();
     const auto paso = [meta](int valor) { return valor + (meta - valor) / 8 + (meta > valor) - (meta < valor); };
     while (contraste(letra, fondo) < Legible && letra != QColor(meta, meta, meta))
         letra.setRgb(std::clamp(paso(letra.red()), 0, 255), std::clamp(paso(letra.green()), 0, 255),

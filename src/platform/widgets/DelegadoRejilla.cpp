@@ -74,10 +74,11 @@ void DelegadoRejilla::initStyleOption(QStyleOptionViewItem *opcion, const QModel
     QPalette &paleta = opcion->palette;
     const QVariant fondo = indice.data(Qt::BackgroundRole);
     const QVariant letra = indice.data(Qt::ForegroundRole);
-    if (fondo.isValid() || letra.isValid())
-        paleta.setColor(QPalette::Text,
-                        colores::legible(paleta.color(QPalette::Text), fondo.isValid() ? fondo.value<QBrush>().color()
-                                                                                       : paleta.color(QPalette::Base)));
+    const QColor debajo = fondo.isValid() ? fondo.value<QBrush>().color() : paleta.color(QPalette::Base);
+    if (letra.isValid())
+        paleta.setColor(QPalette::Text, colores::legible(paleta.color(QPalette::Text), debajo));
+    else if (fondo.isValid() && colores::contraste(paleta.color(QPalette::Text), debajo) < colores::Legible)
+        paleta.setColor(QPalette::Text, colores::opuesto(debajo));
     // Red letters are not to be told from others on a strong blue.
     if (conFoco(*opcion) && !letra.isValid())
         return;
