@@ -313,10 +313,10 @@ void frmArticulos_Creacion::aceptar()
         hide();
 }
 
-void frmArticulos_Creacion::cancelar()
+bool frmArticulos_Creacion::cancelada()
 {
     m_barras->olvidar();
-    nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
+    return nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
         EliminarF6();
         volverAEmpezar();
         m_cierreFallido = false;
@@ -328,8 +328,22 @@ void frmArticulos_Creacion::cerrar()
     m_barras->olvidar();
     const QPointer<frmArticulos_Creacion> vivo(this);
     const bool borrado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { EliminarF6(); });
-    // With the connection gone for good nobody must be locked in: the second time the form closes all the same.
-    if (vivo && (borrado || std::exchange(m_cierreFallido, true)))
+    if (vivo && borrado)
+        hide();
+    else if (vivo)
+        marcharseSiInsiste();
+}
+
+/// With the connection gone for good, or the disk full, nobody must be locked in: the second time the form closes all the
+/// same, and says what stays behind.
+void frmArticulos_Creacion::marcharseSiInsiste()
+{
+    if (!std::exchange(m_cierreFallido, true))
+        return;
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    nv::mensajes::mostrar(this, nv::mensajes::atencion(),
+                          u"El artículo %1 queda a medio crear en la base de datos."_s.arg(Codigo), Icono::Exclamacion);
+    if (vivo)
         hide();
 }
 
@@ -382,10 +396,11 @@ void frmArticulos_Creacion::keyPressEvent(QKeyEvent *evento)
 
 void frmArticulos_Creacion::reject()
 {
-    if (m_cancelar->isEnabled())
-        cancelar();
-    else
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    if (!m_cancelar->isEnabled())
         cerrar();
+    else if (!cancelada() && vivo)
+        marcharseSiInsiste();
 }
 
 void frmArticulos_Creacion::closeEvent(QCloseEvent *evento)
