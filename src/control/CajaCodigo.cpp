@@ -1,6 +1,7 @@
 #include "control/CajaCodigo.h"
 
 #include "platform/widgets/Aviso.h"
+#include "platform/widgets/Rafaga.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
@@ -71,6 +72,7 @@ void CajaCodigo::changeEvent(QEvent *evento)
 void CajaCodigo::decirNoEncontrado(const QString &escrito)
 {
     m_recuperable = escrito;
+    m_noEncontrado.start();
     Aviso::mostrar(this, u"«%1» no existe (Ctrl+Z lo recupera)"_s.arg(escrito));
 }
 
@@ -101,6 +103,9 @@ void CajaCodigo::keyPressEvent(QKeyEvent *evento)
     }
     if (teclas::esIntro(*evento)) {
         evento->accept();
+        // Some scanners send two: the second must not leave the box that the first has emptied.
+        if (text().isEmpty() && m_noEncontrado.isValid() && !m_noEncontrado.hasExpired(Rafaga::Plazo))
+            return;
         Q_EMIT intro();
         return;
     }

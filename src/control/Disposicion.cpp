@@ -57,7 +57,10 @@ void colocar(QWidget &articulo, QWidget &caja, QWidget &nombre)
         const int ancho = std::min(anchoCaja(caja), articulo.width());
         const int alto = twips::dePixeles(articulo.height(), &articulo);
         caja.setGeometry(0, 0, ancho, articulo.height());
-        nombre.setGeometry(ancho, pixeles((alto - AltoMinimo) / 2), articulo.width() - ancho, pixeles(alto - 90));
+        // Its first line stands beside the code, whose letters it shares.
+        const int linea = std::max(AltoMinimo, twips::dePixeles(nombre.fontMetrics().height(), &articulo));
+        nombre.setGeometry(ancho, pixeles(std::max(0, (alto - linea) / 2)), articulo.width() - ancho,
+                           pixeles(alto - 90));
     } else if (!padre || !padre->layout()) {
         articulo.resize(pixeles(AnchoMinimo), articulo.height());
     }
