@@ -36,8 +36,6 @@ public:
         i = m_lexemas.salto(i + 1);
         if (insercion && es(i, u"INTO"))
             i = m_lexemas.salto(i + 1);
-        if (i >= m_lexemas.size())
-            return;
         m_nombre = nombre(i);
         std::shared_ptr<const TablaTipada> &tabla = tablas[m_nombre];
         if (!tabla)
