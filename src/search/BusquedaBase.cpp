@@ -73,14 +73,6 @@ void BusquedaBase::MostrarModal()
         m_aspecto.anotar(*this, *m_rejilla, variante());
 }
 
-void BusquedaBase::dimensionar(int ancho, int alto)
-{
-    // The height leaves room for the title bar.
-    const QSize pantalla = screen()->availableGeometry().size();
-    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
-    resize(QSize(ancho, alto).expandedTo(minimumSizeHint()).boundedTo(sitio));
-}
-
 void BusquedaBase::Aceptar()
 {
     if (!puedeAceptar())

@@ -148,7 +148,7 @@ void BusquedaTextoLibre::encajar()
     const QRect pantalla = screen()->availableGeometry();
     const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
                        2 * twips::aPixeles(Margen, this);
-    dimensionar(rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this));
+    ajustarTamano({rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this)});
     move(pantalla.center() - rect().center());
 }
 

@@ -60,7 +60,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel cr
     todo->setSpacing(0);
     todo->addLayout(columna(), 1);
     todo->addWidget(m_lado);
-    dimensionar(conLetra(Ancho), conLetra(Alto));
+    dimensionar(Ancho, Alto);
     extender(false);
     connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
     atajo(Qt::Key_F6, [this] { alternarDetalles(); });

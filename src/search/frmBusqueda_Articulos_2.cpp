@@ -95,7 +95,7 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     setLayout(columna());
     m_todos->setObjectName(u"chkCheck"_s);
     pie()->insertWidget(0, m_todos);
-    dimensionar(nv::twips::conLetra(11400, this), nv::twips::conLetra(7500, this));
+    dimensionar(11400, 7500);
 
     nv::Rejilla *lista = rejilla();
     lista->ensanchar(Stock, u"Stock Alm 88"_s);

@@ -77,7 +77,14 @@ void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 
 void FormularioModal::dimensionar(int ancho, int alto)
 {
-    resize(QSize(twips::conLetra(ancho, this), twips::conLetra(alto, this)).boundedTo(screen()->availableSize()));
+    ajustarTamano({twips::conLetra(ancho, this), twips::conLetra(alto, this)});
+}
+
+void FormularioModal::ajustarTamano(QSize pixeles)
+{
+    // The height leaves room for the title bar.
+    const QSize pantalla = screen()->availableSize();
+    resize(pixeles.expandedTo(minimumSizeHint()).boundedTo({pantalla.width(), pantalla.height() * 95 / 100}));
 }
 
 void FormularioModal::atajosAceptarCancelar()

@@ -31,6 +31,8 @@ protected:
     void atajo(Qt::Key tecla, std::function<void()> accion);
     /// In twips, for the standard letter; grows with a larger one, as far as the screen goes.
     void dimensionar(int ancho, int alto);
+    /// In pixels: nothing of the form is cut unless the screen is too small.
+    void ajustarTamano(QSize pixeles);
     /// F9 and F12.
     void atajosAceptarCancelar();
     QPushButton *boton(const QString &texto, const QString &nombre, std::function<void()> accion);
