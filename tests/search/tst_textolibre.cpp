@@ -203,8 +203,9 @@ private Q_SLOTS:
             QTest::keyClick(v.lista(), Qt::Key_Home);
             QTest::keyClick(v.lista(), Qt::Key_Return);
         });
-        QVERIFY(m->conductor.cajas().front().texto.contains(u"99999999999999999999 se sale"_s) &&
-                m->conductor.cajas().back().texto.endsWith(u" (BackColorNM)."_s));
+        QVERIFY(
+            m->conductor.cajas().front().texto.contains(u"99999999999999999999 se sale de lo que cabe (Medida)"_s) &&
+            m->conductor.cajas().back().texto.endsWith(u" (BackColorNM)."_s));
         QVERIFY(m->codigo == u"10" && m->copia() == u"1|2|3|10|24|841");
     }
 
