@@ -33,6 +33,7 @@ CajaCodigo::CajaCodigo(QWidget *padre)
     : CajaTexto(padre)
 {
     setMaxLength(21);
+    connect(this, &QLineEdit::textEdited, this, [this] { m_recuperable.clear(); });
 }
 
 void CajaCodigo::pintarEstado(bool habilitada)
@@ -111,7 +112,7 @@ void CajaCodigo::keyPressEvent(QKeyEvent *evento)
     }
     if (evento->matches(QKeySequence::Undo) && text().isEmpty() && !m_recuperable.isEmpty() && !isReadOnly()) {
         evento->accept();
-        teclear(m_recuperable);
+        teclear(std::exchange(m_recuperable, {}));
         return;
     }
     escribir(evento);

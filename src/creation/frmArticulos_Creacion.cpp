@@ -62,8 +62,13 @@ frmArticulos_Creacion::frmArticulos_Creacion(QWidget *padre)
             nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { m_campos.mostrarPorcentaje(*cEmpresa); });
     });
     conectarDescripciones();
-    atajo(Qt::Key_F9, [this] { m_aceptar->click(); });
-    atajo(Qt::Key_F12, [this] { m_cancelar->click(); });
+    for (const auto &[tecla, pulsador] : {std::pair(Qt::Key_F9, m_aceptar), {Qt::Key_F12, m_cancelar}})
+        atajo(tecla, [this, pulsador = pulsador] {
+            if (pulsador->isEnabled())
+                pulsador->click();
+            else
+                nv::Aviso::mostrar(m_campos.codigo, u"Confirme antes el código con Enter"_s);
+        });
     permitirAceptar(false);
 }
 

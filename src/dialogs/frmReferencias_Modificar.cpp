@@ -118,7 +118,7 @@ frmReferencias_Modificar::Falta frmReferencias_Modificar::campoQueFalta()
         falta = {u"Debe especificar la referencia del artículo"_s, m_referencia};
     if (m_articulo->Text().isEmpty())
         falta = {u"Debe especificar el código del artículo"_s, m_articulo};
-    if (m_proveedor->Codigo() == 0)
+    if (m_proveedor->CodigoBuscado() == 0)
         falta = {u"Debe especificar el proveedor del artículo"_s, m_proveedor};
     return falta;
 }

@@ -6,6 +6,7 @@
 #include "platform/pickers/CascadaFamilias.h"
 #include "platform/pickers/nvAlmacenCons.h"
 #include "platform/pickers/nvProveedor.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 #include "search/piezas/CampoAlternativo.h"
@@ -260,8 +261,10 @@ QString frmBusqueda_Articulos_2::DevCriterio() const
 
 void frmBusqueda_Articulos_2::Imprimir_Busqueda()
 {
-    if (ultima().vacia())
+    if (ultima().vacia()) {
+        nv::Aviso::mostrar(panel()->nombre(), u"Busque antes lo que quiere imprimir"_s);
         return;
+    }
     try {
         imprimir();
     } catch (const nv::Error &error) {

@@ -159,6 +159,11 @@ private Q_SLOTS:
             forma.articulo->setFocus();
             QTest::keySequence(forma.caja(), QKeySequence::Undo);
             QVERIFY(forma.caja()->text() == entrada && aviso(forma).isEmpty());
+            teclear(forma.caja(), u"345"_s);
+            forma.caja()->selectAll();
+            QTest::keyClick(forma.caja(), Qt::Key_Delete);
+            QTest::keySequence(forma.caja(), QKeySequence::Undo);
+            QVERIFY2(forma.caja()->text().endsWith(u"345"), "what was typed since");
         }
         Formulario forma; // who has answered a question knows
         forma.conductor.responde(u"No"_s);

@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTemporaryDir>
 
 using namespace nv::pruebas;
@@ -153,7 +154,8 @@ private Q_SLOTS:
                 QVERIFY(!v.campo("fraExtendido")->isVisible() && !v.lista()->isColumnHidden(5));
                 v.pulsa(Qt::Key_F6);
                 QVERIFY(v.campo("fraExtendido")->isVisible() && v.lista()->isColumnHidden(5));
-                QCOMPARE(v.d.width() - ancho, nv::twips::conLetra(4515, &v.d));
+                QCOMPARE(v.d.width(), std::min(ancho + nv::twips::conLetra(4515, &v.d),
+                                               std::max(v.d.screen()->availableSize().width(), v.d.minimumWidth())));
                 QVERIFY2(v.lista()->width() < lista && v.codigos() == u"2|1", "the list is the same");
                 v.busca(u"TORN"_s);
                 QVERIFY2(v.codigos() == u"2|1|3", "its notes begin so");
@@ -255,6 +257,9 @@ private Q_SLOTS:
             m->empresa.hoy = QDate::fromString(caso[0], Qt::ISODate);
             m->ejecutar(u"DELETE FROM Articulos_Buscar"_s);
             m->abrir(4, [&](const Vista &v) {
+                v.escribe("txtRanking", u"99999999999"_s);
+                v.pulsa(Qt::Key_F9);
+                QVERIFY2(v.lista()->filasDatos() == 0 && v.enfocado("txtRanking"), "not for the part that fits");
                 v.escribe("txtRanking", caso[1]);
                 v.pulsa(Qt::Key_F9);
                 QVERIFY2(v.lista()->filasDatos() == 6 && v.columna(4).startsWith(u"0,00"), "no warehouse, no ranking");

@@ -232,7 +232,9 @@ private Q_SLOTS:
             m->empresa.valores[u"OficinaCentral"_s] = u"0"_s; // read again by every search
             QVERIFY(conMarca({}) == u"2|1|3" && v.columna(4) == u"0|1|1");
             QVERIFY(v.lista()->model()->index(0, 4).data(Qt::CheckStateRole).isValid());
-            QVERIFY(conMarca(u"duro"_s) == u"2" && v.d.Busqueda_MarcaNombre == u"duro");
+            v.escribe("txtMarca", u"duro"_s);
+            v.aprieta("cmdAceptar"); // searches for it first
+            QVERIFY(v.d.isVisible() && v.codigos() == u"2" && v.d.Busqueda_MarcaNombre == u"duro");
             v.escribe("txtDescripcion", {});
             QVERIFY(conMarca(u"ro"_s) == u"841|2|1" && v.columna(3) == u"ROCA|DUROCANTO|ROCA");
             QVERIFY(conMarca(u" "_s) == u"none" && v.d.Busqueda_MarcaNombre == u"ro");

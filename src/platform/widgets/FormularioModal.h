@@ -43,6 +43,9 @@ protected:
     virtual void aceptar() = 0;
     virtual void cancelar() { reject(); }
 
+    /// Whether every box holds what was typed in it; else says which one does not, and goes there. What found no room must
+    /// neither be stored nor sought as if it were what was scanned.
+    bool completo();
     void keyPressEvent(QKeyEvent *evento) override;
 
 private:

@@ -80,7 +80,7 @@ private Q_SLOTS:
             {u"SELECT 1;DELETE FROM Marcas"_s, u"102 Sólo se admite una sentencia cada vez."_s},
             {u"  "_s, u"102 La sentencia está vacía."_s},
             {u"SELECT \u0001"_s, u"102 Carácter no válido"_s},
-            {u"SELECT x FROM Nada"_s, u"1 La base de datos no ha podido hacerlo (no such table: Nada)."_s},
+            {u"SELECT x FROM Nada"_s, u"1 La base de datos no ha podido hacerlo (no existe la tabla Nada)."_s},
             {u"INSERT INTO Marcas (Codigo) VALUES (1)"_s, u"1555 Ya existe una fila con la misma clave (Marcas.Cod"_s},
             {u"INSERT INTO Marcas (Nombre) VALUES (1)"_s, u"1299 Falta un valor obligatorio (Marcas.Codigo)."_s},
             {u"PRAGMA query_only = 1"_s, {}},
