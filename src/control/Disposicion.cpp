@@ -4,6 +4,7 @@
 
 #include <QLayout>
 #include <QLineEdit>
+#include <QScreen>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -39,7 +40,8 @@ QString corchetesPara(const QWidget &articulo, int twipsDescontados)
 
 QSize preferida(const QLineEdit &caja)
 {
-    return {anchoCaja(caja) + twips::conLetra(AnchoNombre, &caja), caja.sizeHint().height()};
+    const int nombre = std::min(twips::conLetra(AnchoNombre, &caja), caja.screen()->availableSize().width() * 2 / 5);
+    return {anchoCaja(caja) + nombre, caja.sizeHint().height()};
 }
 
 QSize minima(const QLineEdit &caja)
