@@ -36,6 +36,23 @@ void exigirEmpresa(EmpresaBD &empresa)
     etiquetado(u"Base"_s, [&empresa] { return empresa.CodigoArticulos(); });
 }
 
+/// Whether a statement that any database takes goes through.
+bool responde(Conexion &conexion, const QString &sentencia)
+{
+    try {
+        conexion.Abrir(Sentencia::deConsola(sentencia));
+        return true;
+    } catch (const Error &) {
+        return false;
+    }
+}
+
+void exigirTablas(Conexion &conexion)
+{
+    if (!responde(conexion, u"SELECT Codigo FROM Empresas"_s) && responde(conexion, u"SELECT 1"_s))
+        throw Error{0, u"En la base de datos faltan las tablas; --crear las hace en una base vacía."_s, u"Base"_s};
+}
+
 } // namespace
 
 Base::Base(std::unique_ptr<Conexion> conexion, const QString &ruta)
@@ -87,6 +104,8 @@ std::unique_ptr<Base> Base::enServidor(const QString &textoConexion, bool crear,
     if (crear) {
         datos::crearEsquema(base->conexion());
         generarConAviso(base->conexion(), {}, articulos, padre);
+    } else {
+        exigirTablas(base->conexion());
     }
     exigirEmpresa(base->empresa());
     return base;

@@ -14,6 +14,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -50,6 +51,7 @@ Mostrador::Mostrador(const Opciones &opciones)
     setCentralWidget(reparto);
     QMenu *archivo = menuBar()->addMenu(u"&Archivo"_s);
     archivo->addAction(u"&Abrir catálogo…"_s, QKeySequence::Open, this, &Mostrador::elegirBase);
+    archivo->addAction(u"Abrir base del ser&vidor…"_s, this, &Mostrador::elegirServidor);
     archivo->addAction(u"&Nuevo catálogo temporal"_s, this, [this] {
         if (m_documento->puedeDejarse())
             ponerTemporal();
@@ -191,6 +193,17 @@ void Mostrador::elegirBase()
                                                       u"Catálogos (*.nv);;Todos los archivos (*)"_s);
     if (!ruta.isEmpty())
         mensajes::guardar(this, Titulo, [&] { poner(Base::abrirExistente(ruta)); });
+}
+
+void Mostrador::elegirServidor()
+{
+    if (!m_documento->puedeDejarse())
+        return;
+    const QString texto = QInputDialog::getText(
+        this, u"Abrir base del servidor"_s, u"Texto de conexión ODBC:"_s, QLineEdit::Normal,
+        u"DRIVER=FreeTDS;SERVER=;PORT=1433;DATABASE=;UID=;PWD=;TDS_Version=7.4;ClientCharset=UTF-8"_s);
+    if (!texto.isEmpty())
+        mensajes::guardar(this, Titulo, [&] { poner(Base::enServidor(texto, false, 0, this)); });
 }
 
 int Mostrador::conGuion()

@@ -47,6 +47,7 @@ private:
     bool ponerTemporal();
     void empezar();
     void elegirBase();
+    void elegirServidor();
     int conGuion();
     void ponerAjuste(const QString &clave, const QString &valor);
 

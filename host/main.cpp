@@ -22,7 +22,7 @@ int main(int argc, char *argv[])
     try {
         const mostrador::Opciones opciones(QCoreApplication::arguments());
         // Without one the searches open as they were made, which scripts rely on.
-        if (!opciones.hay(u"temporal"_s))
+        if (!opciones.hay(u"temporal"_s) && !opciones.hay(u"guion"_s))
             QCoreApplication::setOrganizationName(u"nvArticulo"_s);
         mostrador::ponerAspecto(opciones.letra(), opciones.hay(u"oscuro"_s));
         if (!opciones.hay(u"help"_s))

@@ -7,7 +7,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QHeaderView>
 #include <QKeySequence>
@@ -41,16 +40,6 @@ void enviar(QWidget *principal, const Tecla &...tecla)
     QTest::sendKeyEvent(QTest::Press, destino, tecla...);
     if (QWidget *despues = conFoco(principal))
         QTest::sendKeyEvent(QTest::Release, despues, tecla...);
-}
-
-/// A hand does not press Enter twice within a tenth of a second; a scanner does.
-void tomarAliento()
-{
-    constexpr qint64 pausa = 120; // ms
-    static QElapsedTimer ultimo;
-    if (ultimo.isValid() && !ultimo.hasExpired(pausa))
-        QTest::qSleep(static_cast<int>(pausa - ultimo.elapsed()));
-    ultimo.start();
 }
 
 } // namespace
@@ -144,8 +133,9 @@ void pulsar(QWidget *principal, const QString &nombre)
     const Qt::KeyboardModifiers modificadores = secuencia[0].keyboardModifiers();
     const bool atras = secuencia[0].key() == Qt::Key_Tab && (modificadores & Qt::ShiftModifier);
     const Qt::Key tecla = atras ? Qt::Key_Backtab : secuencia[0].key();
-    if (tecla == Qt::Key_Return)
-        tomarAliento();
+    // A hand does not take a row within a tenth of a second of the list's coming; a scanner would.
+    if (tecla == Qt::Key_Return && qobject_cast<Rejilla *>(conFoco(principal)))
+        QTest::qSleep(120);
     enviar(principal, tecla, QTest::keyToAscii(tecla), modificadores);
 }
 

@@ -154,12 +154,14 @@ void clsArticulo_CBarra::Insertar()
                  << (Principal ? 1 : 0) << u", '" << m_empresa->Hoy() << u"', " << Unidades << u", "
                  << (Automatico ? 1 : 0) << u")";
         insertar.exigirEnviable();
+        nv::Transaccion transaccion(*m_conexion);
         if (Principal) {
             Sentencia degradar(u"UPDATE Articulos_CBarras SET Principal =0 WHERE Cod_Empresa =");
             degradar << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Principal =1";
             m_conexion->Ejecutar(degradar);
         }
         m_conexion->Ejecutar(insertar);
+        transaccion.confirmar();
     });
 }
 
@@ -206,8 +208,10 @@ void clsArticulo_CBarra::Cambia_Principal(const QString &codigoBarras)
         ascender << empresa << u" AND Cod_Articulo =" << Cod_Articulo << u" AND Cod_Barras = '"
                  << ComoEscrito(codigoBarras) << u"'";
         ascender.exigirEnviable();
+        nv::Transaccion transaccion(*m_conexion);
         m_conexion->Ejecutar(degradar);
         m_conexion->Ejecutar(ascender);
+        transaccion.confirmar();
     });
 }
 

@@ -8,7 +8,7 @@ namespace nv {
 struct ValoresCreacion
 {
     qint16 Marca = 0;
-    qint16 TipoImpuesto = 0; ///< rounded; the column keeps the decimals typed
+    qint16 TipoImpuesto = 0; ///< as its column has it: without the decimals typed
     qint16 Familia_1 = 0;
     qint16 Familia_2 = 0;
     qint16 Familia_3 = 0;

@@ -1,6 +1,7 @@
 #include "control/CajaCodigo.h"
 
 #include "platform/widgets/Aviso.h"
+#include "platform/widgets/Rafaga.h"
 #include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
@@ -32,6 +33,7 @@ CajaCodigo::CajaCodigo(QWidget *padre)
     : CajaTexto(padre)
 {
     setMaxLength(21);
+    connect(this, &QLineEdit::textEdited, this, [this] { m_recuperable.clear(); });
 }
 
 void CajaCodigo::pintarEstado(bool habilitada)
@@ -71,6 +73,7 @@ void CajaCodigo::changeEvent(QEvent *evento)
 void CajaCodigo::decirNoEncontrado(const QString &escrito)
 {
     m_recuperable = escrito;
+    m_noEncontrado.start();
     Aviso::mostrar(this, u"«%1» no existe (Ctrl+Z lo recupera)"_s.arg(escrito));
 }
 
@@ -101,12 +104,15 @@ void CajaCodigo::keyPressEvent(QKeyEvent *evento)
     }
     if (teclas::esIntro(*evento)) {
         evento->accept();
+        // Some scanners send two: the second must not leave the box that the first has emptied.
+        if (text().isEmpty() && m_noEncontrado.isValid() && !m_noEncontrado.hasExpired(Rafaga::Plazo))
+            return;
         Q_EMIT intro();
         return;
     }
     if (evento->matches(QKeySequence::Undo) && text().isEmpty() && !m_recuperable.isEmpty() && !isReadOnly()) {
         evento->accept();
-        teclear(m_recuperable);
+        teclear(std::exchange(m_recuperable, {}));
         return;
     }
     escribir(evento);

@@ -2,6 +2,8 @@
 
 #include "platform/widgets/CajaTexto.h"
 
+#include <QElapsedTimer>
+
 namespace nv {
 
 /// The code box inside the item component: hands every key, character and mouse move to its owner first, by reference,
@@ -54,6 +56,7 @@ private:
     void avisarRaton(SenalRaton senal, const QMouseEvent &evento, Qt::MouseButtons botones);
 
     bool m_habilitada = true;
+    QElapsedTimer m_noEncontrado; ///< since nothing was found
     QString m_recuperable;        ///< what was not found last
     bool m_trasDobleClic = false; ///< the release that ends a double click is no click
 };

@@ -4,6 +4,7 @@
 
 #include <QLayout>
 #include <QLineEdit>
+#include <QScreen>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -39,7 +40,8 @@ QString corchetesPara(const QWidget &articulo, int twipsDescontados)
 
 QSize preferida(const QLineEdit &caja)
 {
-    return {anchoCaja(caja) + twips::conLetra(AnchoNombre, &caja), caja.sizeHint().height()};
+    const int nombre = std::min(twips::conLetra(AnchoNombre, &caja), caja.screen()->availableSize().width() * 2 / 5);
+    return {anchoCaja(caja) + nombre, caja.sizeHint().height()};
 }
 
 QSize minima(const QLineEdit &caja)
@@ -57,7 +59,10 @@ void colocar(QWidget &articulo, QWidget &caja, QWidget &nombre)
         const int ancho = std::min(anchoCaja(caja), articulo.width());
         const int alto = twips::dePixeles(articulo.height(), &articulo);
         caja.setGeometry(0, 0, ancho, articulo.height());
-        nombre.setGeometry(ancho, pixeles((alto - AltoMinimo) / 2), articulo.width() - ancho, pixeles(alto - 90));
+        // Its first line stands beside the code, whose letters it shares.
+        const int linea = std::max(AltoMinimo, twips::dePixeles(nombre.fontMetrics().height(), &articulo));
+        nombre.setGeometry(ancho, pixeles(std::max(0, (alto - linea) / 2)), articulo.width() - ancho,
+                           pixeles(alto - 90));
     } else if (!padre || !padre->layout()) {
         articulo.resize(pixeles(AnchoMinimo), articulo.height());
     }

@@ -29,6 +29,11 @@ qint16 bandera(bool valor)
 
 } // namespace
 
+qint16 tipoImpuesto(const QString &escrito)
+{
+    return nombrado(u"Igic", [&] { return ValEntero16(escrito.section(u'.', 0, 0)); });
+}
+
 DatosCreacion FichaAlta::datos() const
 {
     DatosCreacion datos;
@@ -36,7 +41,7 @@ DatosCreacion FichaAlta::datos() const
     datos.Ref = referencia;
     datos.Proveedor = proveedor;
     datos.Marca = nombrado(u"Marca", [this] { return estrecho<qint16>(marca); });
-    datos.TipoImpuesto = nombrado(u"Igic", [this] { return ValEntero16(impuesto); });
+    datos.TipoImpuesto = tipoImpuesto(impuesto);
     const auto familia = [this](std::size_t i) {
         return nombrado(u"Familia %1"_s.arg(i + 1), [&] { return estrecho<qint16>(familias[i]); });
     };

@@ -13,6 +13,9 @@ namespace nv {
 
 class Conexion;
 
+/// The tax that a number ("1.5") names, without its decimals, which the column does not hold either. Throws Error (6).
+qint16 tipoImpuesto(const QString &escrito);
+
 /// What the fields say of the item that is being created.
 struct FichaAlta
 {

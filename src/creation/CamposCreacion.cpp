@@ -242,8 +242,7 @@ void CamposCreacion::ponerFamilias(const DatosCreacion &datos, ::cEmpresa &empre
 
 void CamposCreacion::mostrarPorcentaje(const ::cEmpresa &empresa)
 {
-    const qint16 tipo = nombrado(u"Igic", [this] { return ValEntero16(textoImpuesto()); });
-    porcentaje->setText(empresa.PorcentajeImpuesto(tipo).textoCorto() + u" %"_s);
+    porcentaje->setText(empresa.PorcentajeImpuesto(tipoImpuesto(textoImpuesto())).textoCorto() + u" %"_s);
 }
 
 std::vector<CamposCreacion::Existente> CamposCreacion::existentes(const ::cEmpresa &empresa) const

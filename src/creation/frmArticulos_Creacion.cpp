@@ -62,8 +62,13 @@ frmArticulos_Creacion::frmArticulos_Creacion(QWidget *padre)
             nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { m_campos.mostrarPorcentaje(*cEmpresa); });
     });
     conectarDescripciones();
-    atajo(Qt::Key_F9, [this] { m_aceptar->click(); });
-    atajo(Qt::Key_F12, [this] { m_cancelar->click(); });
+    for (const auto &[tecla, pulsador] : {std::pair(Qt::Key_F9, m_aceptar), {Qt::Key_F12, m_cancelar}})
+        atajo(tecla, [this, pulsador = pulsador] {
+            if (pulsador->isEnabled())
+                pulsador->click();
+            else
+                nv::Aviso::mostrar(m_campos.codigo, u"Confirme antes el código con Enter"_s);
+        });
     permitirAceptar(false);
 }
 
@@ -228,10 +233,11 @@ bool frmArticulos_Creacion::Validar_Articulo()
             m_campos.campo(campo)->setFocus();
         return false;
     };
+    nv::AltaArticulo &nueva = alta();
     if (!cabeLoElegido())
         return false;
     const nv::FichaAlta ficha = m_campos.ficha();
-    if (const std::optional<nv::FaltaCreacion> primera = alta().falta(ficha))
+    if (const std::optional<nv::FaltaCreacion> primera = nueva.falta(ficha))
         return falta(primera->texto, primera->campo);
     if (!existeLoElegido())
         return false;
@@ -244,7 +250,7 @@ bool frmArticulos_Creacion::Validar_Articulo()
         if (!vivo || !sigue)
             return false;
     }
-    return !alta().referenciaRepetida(ficha) ||
+    return !nueva.referenciaRepetida(ficha) ||
            falta(u"La referencia especificada ya existe."_s, nv::CampoCreacion::Referencia);
 }
 
@@ -292,12 +298,13 @@ void frmArticulos_Creacion::aceptar()
     m_barras->comprobarPendiente();
     if (!vivo)
         return;
-    // A code just typed, or chosen from its list, has no name yet: the user sees it, and whether there is one.
-    for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
-        if (!campo.selector->Asentar() || !vivo)
-            return;
-    }
     const bool hecho = nv::mensajes::guardar(this, u"Error"_s, [&] {
+        alta();
+        // A code just typed, or chosen from its list, has no name yet: the user sees it, and whether there is one.
+        for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
+            if (!campo.selector->Asentar() || !vivo)
+                return;
+        }
         if (!Validar_Articulo())
             return;
         static_cast<DatosCreacion &>(*this) = alta().guardar(m_campos.ficha());
@@ -311,10 +318,10 @@ void frmArticulos_Creacion::aceptar()
         hide();
 }
 
-void frmArticulos_Creacion::cancelar()
+bool frmArticulos_Creacion::cancelada()
 {
     m_barras->olvidar();
-    nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
+    return nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] {
         EliminarF6();
         volverAEmpezar();
         m_cierreFallido = false;
@@ -326,8 +333,22 @@ void frmArticulos_Creacion::cerrar()
     m_barras->olvidar();
     const QPointer<frmArticulos_Creacion> vivo(this);
     const bool borrado = nv::mensajes::guardar(this, nv::mensajes::atencion(), [this] { EliminarF6(); });
-    // With the connection gone for good nobody must be locked in: the second time the form closes all the same.
-    if (vivo && (borrado || std::exchange(m_cierreFallido, true)))
+    if (vivo && borrado)
+        hide();
+    else if (vivo)
+        marcharseSiInsiste();
+}
+
+/// With the connection gone for good, or the disk full, nobody must be locked in: the second time the form closes all the
+/// same, and says what stays behind.
+void frmArticulos_Creacion::marcharseSiInsiste()
+{
+    if (!std::exchange(m_cierreFallido, true))
+        return;
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    nv::mensajes::mostrar(this, nv::mensajes::atencion(),
+                          u"El artículo %1 queda a medio crear en la base de datos."_s.arg(Codigo), Icono::Exclamacion);
+    if (vivo)
         hide();
 }
 
@@ -380,10 +401,11 @@ void frmArticulos_Creacion::keyPressEvent(QKeyEvent *evento)
 
 void frmArticulos_Creacion::reject()
 {
-    if (m_cancelar->isEnabled())
-        cancelar();
-    else
+    const QPointer<frmArticulos_Creacion> vivo(this);
+    if (!m_cancelar->isEnabled())
         cerrar();
+    else if (!cancelada() && vivo)
+        marcharseSiInsiste();
 }
 
 void frmArticulos_Creacion::closeEvent(QCloseEvent *evento)

@@ -67,8 +67,10 @@ private:
     void permitirAceptar(bool valor);
 
     void aceptar() override;
-    void cancelar() override;
+    void cancelar() override { cancelada(); }
+    bool cancelada();
     void cerrar();
+    void marcharseSiInsiste();
     void volverAEmpezar();
 
     nv::CamposCreacion m_campos;

@@ -118,7 +118,7 @@ frmReferencias_Modificar::Falta frmReferencias_Modificar::campoQueFalta()
         falta = {u"Debe especificar la referencia del artículo"_s, m_referencia};
     if (m_articulo->Text().isEmpty())
         falta = {u"Debe especificar el código del artículo"_s, m_articulo};
-    if (m_proveedor->Codigo() == 0)
+    if (m_proveedor->CodigoBuscado() == 0)
         falta = {u"Debe especificar el proveedor del artículo"_s, m_proveedor};
     return falta;
 }
@@ -132,8 +132,8 @@ bool frmReferencias_Modificar::admiteDuplicada()
         return true;
     nv::ComprobadorSencillo sencillo;
     nv::ComprobadorReferencias &regla = Comprobador ? *Comprobador : sencillo;
-    const auto similar =
-        regla.buscar(nv::ranura::exigida(), *cEmpresa, nv::ValEntero32(m_articulo->Codigo()), proveedor, referencia);
+    const qint32 articulo = nv::nombrado(u"Artículo", [this] { return nv::ValEntero32(m_articulo->Codigo()); });
+    const auto similar = regla.buscar(nv::ranura::exigida(), *cEmpresa, articulo, proveedor, referencia);
     if (!similar)
         return true;
     const auto texto = [&](const QString &cierre) {

@@ -73,14 +73,6 @@ void BusquedaBase::MostrarModal()
         m_aspecto.anotar(*this, *m_rejilla, variante());
 }
 
-void BusquedaBase::dimensionar(int ancho, int alto)
-{
-    // The height leaves room for the title bar.
-    const QSize pantalla = screen()->availableGeometry().size();
-    const QSize sitio(pantalla.width(), pantalla.height() * 95 / 100);
-    resize(QSize(ancho, alto).expandedTo(minimumSizeHint()).boundedTo(sitio));
-}
-
 void BusquedaBase::Aceptar()
 {
     if (!puedeAceptar())
@@ -174,7 +166,8 @@ void BusquedaBase::decirResultado()
     const bool cortada = m_tope && filas >= *m_tope;
     QString texto = u"No hay artículos así"_s;
     if (m_tope == 0)
-        texto = u"Articulos_BusquedaCantMax es 0: no se muestra nada"_s;
+        texto = u"Articulos_BusquedaCantMax («%1») no deja mostrar nada"_s.arg(
+            cEmpresa->Valor(u"Articulos_BusquedaCantMax"_s));
     else if (filas > 0)
         texto = (actual > 0 ? u"%1 de %2"_s.arg(actual).arg(filas) : QString::number(filas)) +
                 (cortada || siguenMas() ? u" mostrados"_s

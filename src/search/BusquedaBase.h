@@ -68,8 +68,6 @@ protected:
     /// A search was begun by Enter, here or in the component: a second one that follows the list at once, as some scanners
     /// send it, must not take the first row.
     void trasIntro() { m_conIntro = true; }
-    /// The size that the form opens with, in pixels: within the screen, and nothing of it cut.
-    void dimensionar(int ancho, int alto);
     /// The strip that says that a search is running, for the dialogs that have it.
     void ponerFranja();
     /// The next widget of the tab order: before the grid, and after it.

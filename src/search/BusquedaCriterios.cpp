@@ -177,6 +177,8 @@ void BusquedaCriterios::olvidarApostrofos()
 void BusquedaCriterios::EjecutarBusqueda()
 {
     const QPointer<BusquedaCriterios> vivo(this);
+    if (!completo())
+        return;
     // A code that was typed just now shows what it is before its search does.
     for (QWidget *campo : m_panel->campos()) {
         auto *selector = qobject_cast<SelectorCodigo *>(campo);

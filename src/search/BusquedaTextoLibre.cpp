@@ -3,6 +3,7 @@
 #include "common/Valores.h"
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/cEmpresa.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/EtiquetaElidida.h"
 #include "platform/widgets/Mensajes.h"
 #include "platform/widgets/Teclas.h"
@@ -107,6 +108,7 @@ nvTextBox *BusquedaTextoLibre::nuevaCaja(const QString &nombre, const QString &a
     nueva->setMayusculas(m_configuracion.mayusculas);
     nueva->installEventFilter(this);
     tabularAntes(nueva);
+    m_cajas.append(nueva);
     return nueva;
 }
 
@@ -148,13 +150,14 @@ void BusquedaTextoLibre::encajar()
     const QRect pantalla = screen()->availableGeometry();
     const int bordes = rejilla()->verticalScrollBar()->sizeHint().width() + 2 * rejilla()->frameWidth() +
                        2 * twips::aPixeles(Margen, this);
-    dimensionar(rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this));
+    ajustarTamano({rejilla()->horizontalHeader()->length() + bordes, twips::conLetra(Alto, this)});
     move(pantalla.center() - rect().center());
 }
 
 void BusquedaTextoLibre::alAbrir()
 {
     mostrarRecordados();
+    m_buscado = escrito();
     m_marcadas->setVisible(MultiResultado);
     m_todas->setVisible(MultiResultado);
     mensajes::Fallos fallos;
@@ -222,12 +225,26 @@ QString BusquedaTextoLibre::tituloBusqueda() const
     return u"Recuperar_Registros"_s;
 }
 
+QStringList BusquedaTextoLibre::escrito() const
+{
+    QStringList textos;
+    for (const nvTextBox *caja : m_cajas)
+        textos << caja->text();
+    return textos;
+}
+
 void BusquedaTextoLibre::buscarEscrito()
 {
-    if (!hayCriterios())
+    if (!completo())
         return;
-    if (mensajes::guardar(this, tituloBusqueda(), [this] { recordarEscritos(); }))
-        Recuperar_Registros(m_caja->text());
+    if (!hayCriterios()) {
+        Aviso::mostrar(m_caja, u"Escriba lo que busca"_s);
+        return;
+    }
+    if (!mensajes::guardar(this, tituloBusqueda(), [this] { recordarEscritos(); }))
+        return;
+    m_buscado = escrito();
+    Recuperar_Registros(m_caja->text());
 }
 
 bool BusquedaTextoLibre::Recuperar_Registros(const QString &texto)
@@ -259,7 +276,7 @@ void BusquedaTextoLibre::llenar(const QString &texto)
     const Sentencia sentencia = consulta(texto);
     // Refused, it leaves the former list as it was.
     Registros registros = ranura::exigida().Abrir(sentencia);
-    m_buscado = texto;
+    m_buscado[0] = texto;
     rejilla()->vaciar();
     m_todas->reiniciar();
     std::vector<FilaRejilla> filas;
@@ -282,7 +299,7 @@ int BusquedaTextoLibre::cuantasMarcadas() const
 
 void BusquedaTextoLibre::aceptar()
 {
-    if (hayCriterios() && m_caja->text() != m_buscado)
+    if (hayCriterios() && escrito() != m_buscado)
         buscarEscrito();
     else
         BusquedaBase::aceptar();

@@ -83,11 +83,13 @@ private:
     int cuantasMarcadas() const override;
     void buscarEscrito();
     void llenar(const QString &texto);
+    QStringList escrito() const;
     bool alPulsar(const QKeyEvent &tecla);
     void escribirEnCaja(const QString &texto);
     void encajar();
 
     ConfiguracionTextoLibre m_configuracion;
+    QList<nvTextBox *> m_cajas; ///< the search box, and those that a dialog has beside it
     nvTextBox *m_caja;
     QHBoxLayout *m_criterios;
     FilasMarcadas *m_marcadas;
@@ -96,7 +98,7 @@ private:
     bool m_soloRefPrincipal = true;
     bool m_ajustada = false;
     bool m_buscando = false;
-    QString m_buscado; ///< text of the list on screen
+    QStringList m_buscado; ///< texts of the boxes when the list on screen was sought
 };
 
 } // namespace nv

@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QScreen>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +61,7 @@ frmBusqueda_Articulos_1::frmBusqueda_Articulos_1(QWidget *padre, FabricaPanel cr
     todo->setSpacing(0);
     todo->addLayout(columna(), 1);
     todo->addWidget(m_lado);
-    dimensionar(conLetra(Ancho), conLetra(Alto));
+    dimensionar(Ancho, Alto);
     extender(false);
     connect(rejilla(), &nv::Rejilla::FilaCambiada, this, &frmBusqueda_Articulos_1::refrescarDetalles);
     atajo(Qt::Key_F6, [this] { alternarDetalles(); });
@@ -74,7 +75,10 @@ void frmBusqueda_Articulos_1::montarDetalles()
     divisor->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     divisor->setFixedWidth(px(30));
     // As wide as that and no wider: what is left is the list's.
-    m_panel->setMinimumWidth(nv::twips::conLetra(AnchoDetalles, this));
+    // On a small screen it takes what its figures need.
+    m_panel->setMinimumWidth(
+        std::max(std::min(nv::twips::conLetra(AnchoDetalles, this), screen()->availableSize().width() * 45 / 100),
+                 m_panel->minimumSizeHint().width()));
     m_panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *lado = new QHBoxLayout(m_lado);
     lado->setContentsMargins(0, px(90), px(150), px(75));
@@ -140,7 +144,7 @@ void frmBusqueda_Articulos_1::extender(bool extendida)
 {
     const auto px = [this](int twips) { return nv::twips::aPixeles(twips, this); };
     const int cambio = nv::twips::conLetra(AnchoExtendida - Ancho, this);
-    const int ancho = width() + (extendida ? cambio : 0) - (m_extendida ? cambio : 0);
+    const int antes = width() - std::exchange(m_ganado, 0);
     m_extendida = extendida;
     m_lado->setVisible(extendida);
     QMargins margenes = columna()->contentsMargins();
@@ -148,14 +152,16 @@ void frmBusqueda_Articulos_1::extender(bool extendida)
     columna()->setContentsMargins(margenes);
     rejilla()->setColumnaOculta(CodigoBarras, extendida);
     layout()->activate(); // it would hold the form at the width that it needed before
-    resize(ancho, height());
+    if (extendida)
+        m_ganado = std::max(0, std::min(cambio, screen()->availableSize().width() - antes));
+    resize(antes + m_ganado, height());
 }
 
 /// Centred between the sides of the screen.
 void frmBusqueda_Articulos_1::centrar(int y)
 {
     const QRect pantalla = screen()->availableGeometry();
-    move(pantalla.left() + (pantalla.width() - frameGeometry().width()) / 2, y);
+    move(std::max(pantalla.left(), pantalla.left() + (pantalla.width() - frameGeometry().width()) / 2), y);
 }
 
 /// In the middle of the opener's window.

@@ -39,4 +39,5 @@ private:
     QWidget *m_lado;
     nv::PanelDetalles *m_panel;
     bool m_extendida = false;
+    int m_ganado = 0; ///< width that the details have brought, as far as the screen goes
 };

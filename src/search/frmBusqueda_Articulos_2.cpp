@@ -6,6 +6,7 @@
 #include "platform/pickers/CascadaFamilias.h"
 #include "platform/pickers/nvAlmacenCons.h"
 #include "platform/pickers/nvProveedor.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvTextBox.h"
 #include "search/piezas/CampoAlternativo.h"
@@ -95,7 +96,7 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
     setLayout(columna());
     m_todos->setObjectName(u"chkCheck"_s);
     pie()->insertWidget(0, m_todos);
-    dimensionar(nv::twips::conLetra(11400, this), nv::twips::conLetra(7500, this));
+    dimensionar(11400, 7500);
 
     nv::Rejilla *lista = rejilla();
     lista->ensanchar(Stock, u"Stock Alm 88"_s);
@@ -260,8 +261,10 @@ QString frmBusqueda_Articulos_2::DevCriterio() const
 
 void frmBusqueda_Articulos_2::Imprimir_Busqueda()
 {
-    if (ultima().vacia())
+    if (ultima().vacia()) {
+        nv::Aviso::mostrar(panel()->nombre(), u"Busque antes lo que quiere imprimir"_s);
         return;
+    }
     try {
         imprimir();
     } catch (const nv::Error &error) {

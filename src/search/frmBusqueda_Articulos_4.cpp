@@ -63,7 +63,7 @@ void frmBusqueda_Articulos_4::ajustarAncho(int columnas)
         lista->verticalScrollBar()->sizeHint().width() + 2 * lista->frameWidth() + nv::twips::aPixeles(150, this);
     for (int c = 0; c < columnas; ++c)
         ancho += lista->columnWidth(c);
-    dimensionar(ancho, nv::twips::conLetra(7200, this));
+    ajustarTamano({ancho, nv::twips::conLetra(7200, this)});
 }
 
 nv::Sentencia frmBusqueda_Articulos_4::consulta(const nv::sql::CriteriosArticulo &criterios)

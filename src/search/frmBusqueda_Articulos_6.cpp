@@ -1,6 +1,7 @@
 #include "search/frmBusqueda_Articulos_6.h"
 
 #include "nvArticulo/Conexion.h"
+#include "nvArticulo/Error.h"
 #include "nvArticulo/cEmpresa.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/Twips.h"
@@ -134,7 +135,7 @@ void frmBusqueda_Articulos_6::mostrarRecordados()
 
 void frmBusqueda_Articulos_6::recordarEscritos()
 {
-    const nv::Moneda medida = medidaEscrita(m_medida->text());
+    const nv::Moneda medida = nv::nombrado(u"Medida", [this] { return medidaEscrita(m_medida->text()); });
     BusquedaTextoLibre::recordarEscritos();
     Busqueda_Medida = medida;
 }

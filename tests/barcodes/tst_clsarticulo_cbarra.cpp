@@ -126,6 +126,9 @@ private Q_SLOTS:
             conductor.responde(u"Sí"_s);
             rompe(u"INSERT"_s, [&] { barra.ModificarPrincipal(); });
             QVERIFY(!barra.Principal);
+            barra = nueva(20, u"Q"_s);
+            barra.Principal = true;
+            rompe(u"INSERT"_s, [&] { barra.Insertar(); });
             rompe(u"DELETE"_s, [&] { barra.Eliminar(u"C2"_s, 20, true); });
         }
         barra.Eliminar(u"B"_s, 20, true); // it is not the main one, whatever its caller thinks

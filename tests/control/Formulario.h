@@ -5,6 +5,7 @@
 #include "nvArticulo/Conexion.h"
 #include "nvArticulo/Motores.h"
 #include "nvArticulo/nvArticulo.h"
+#include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
 
@@ -111,7 +112,7 @@ public:
     QLineEdit *caja() const { return articulo->findChild<QLineEdit *>(QStringLiteral("txtCodigo")); }
 
     EmpresaPrueba empresa;
-    std::unique_ptr<Conexion> conexion = datos::abrirEmbebida(QStringLiteral(":memory:"));
+    std::unique_ptr<Conexion> conexion = catalogoVacio();
     QLineEdit *antes = new QLineEdit(this);
     nvArticulo *articulo = new nvArticulo(this);
     QLineEdit *despues = new QLineEdit(this);

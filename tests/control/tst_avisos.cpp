@@ -118,6 +118,11 @@ private Q_SLOTS:
         QLabel rotulo(u"<b>&Pieza</b>:"_s, &forma);
         rotulo.setBuddy(forma.articulo);
         QCOMPARE(dice(QAccessible::Name), u"Pieza"_s);
+        rotulo.setText(u"&Pieza:"_s);
+        rotulo.show();
+        forma.despues->setFocus();
+        QTest::keyClick(&forma, Qt::Key_P, Qt::AltModifier);
+        QVERIFY(forma.caja()->hasFocus());
         forma.articulo->setAccessibleName(u"Recambio"_s);
         QCOMPARE(dice(QAccessible::Name), u"Recambio"_s);
         forma.articulo->setToolTipText(u"El <código>"_s);
@@ -147,10 +152,18 @@ private Q_SLOTS:
             QCOMPARE(oidos.value(0).value(0).toString(), dice.isEmpty() ? QString() : entrada);
             if (dice != u"sí")
                 continue;
+            const QWidget *queda = forma.focusWidget();
+            QTest::keyClick(forma.focusWidget(), Qt::Key_Return); // of a scanner that sends two
+            QVERIFY(!aviso(forma).isEmpty() && (queda != forma.caja() || forma.caja()->hasFocus()));
             QVERIFY(forma.caja()->text().isEmpty());
             forma.articulo->setFocus();
             QTest::keySequence(forma.caja(), QKeySequence::Undo);
             QVERIFY(forma.caja()->text() == entrada && aviso(forma).isEmpty());
+            teclear(forma.caja(), u"345"_s);
+            forma.caja()->selectAll();
+            QTest::keyClick(forma.caja(), Qt::Key_Delete);
+            QTest::keySequence(forma.caja(), QKeySequence::Undo);
+            QVERIFY2(forma.caja()->text().endsWith(u"345"), "what was typed since");
         }
         Formulario forma; // who has answered a question knows
         forma.conductor.responde(u"No"_s);

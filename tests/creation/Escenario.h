@@ -128,7 +128,7 @@ struct Escenario
     }
 
     EmpresaPrueba empresa;
-    std::unique_ptr<Conexion> conexion = datos::abrirEmbebida(u":memory:"_s);
+    std::unique_ptr<Conexion> conexion = catalogoVacio();
     std::unique_ptr<QWidget> ventana = std::make_unique<QWidget>(); ///< the host's
     QPointer<frmArticulos_Creacion> forma = new frmArticulos_Creacion(ventana.get());
     Conductor conductor;

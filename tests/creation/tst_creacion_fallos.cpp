@@ -81,6 +81,18 @@ private Q_SLOTS:
         }
     }
 
+    void a_second_escape_leaves_whatever_fails_and_says_what_stays()
+    {
+        for (const QString &tecla : {u"Esc"_s, u"cierra"_s}) {
+            Escenario e;
+            QVERIFY(e.corre(
+                u"txtCodigo = 200; Enter; sql PRAGMA query_only = 1; %1; responde Aceptar; visible ? 1; %1; responde"
+                u" Aceptar; responde Aceptar"_s.arg(tecla)));
+            QVERIFY(e.dicho().endsWith(u"El artículo 200 queda a medio crear en la base de datos."));
+            QVERIFY(!e.forma->isVisible() && e.ve(u"200"_s).startsWith(u"0|"));
+        }
+    }
+
     /// In a transaction of the form's own or of the host: what is wrong, what follows, what is left, what is said.
     void failed_accept_leaves_nothing_of_it()
     {
@@ -156,7 +168,7 @@ private Q_SLOTS:
         e.acciones[u"vuelve"_s] = [&] { linea.corte.clear(); };
         QVERIFY(e.corre(uR"(txtCodigo = 200; Enter; corta; F12; responde Aceptar; abierto ? 1; cierra; responde Aceptar
             visible ? 1; vuelve; F12; abierto ? 0; 200 ?; txtCodigo = 200; Enter; corta; cierra; responde Aceptar
-            visible ? 1; cierra; responde Aceptar)"_s));
+            visible ? 1; cierra; responde Aceptar; responde Aceptar)"_s));
         QVERIFY(!e.forma->Aceptado && !e.forma->isVisible());
     }
 

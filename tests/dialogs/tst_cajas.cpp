@@ -17,7 +17,7 @@ class tst_Cajas : public PruebaVentana
 
     /// What is cut of the form while it is up.
     template <class Forma>
-    QString cortado(const std::function<void(Forma &)> &poner = [](Forma &) {})
+    QString cortado(const std::function<void(Forma &)> &poner)
     {
         Forma forma(m_ventana.get());
         poner(forma);
@@ -26,9 +26,6 @@ class tst_Cajas : public PruebaVentana
         conductor.con<Forma>([&](Forma &f) {
             // The item box lays itself out in its own measures, whatever the letter.
             cortados = recortes(&f).filter(QRegularExpression(u"^(?!.* lblNombre )"_s));
-            if (const QString carpeta = qEnvironmentVariable("NV_CAPTURAS"); !carpeta.isEmpty())
-                f.grab().save(u"%1/%2_%3.png"_s.arg(carpeta, QString::fromLatin1(f.metaObject()->className()))
-                                  .arg(QApplication::font().pointSize()));
             f.close();
         });
         forma.MostrarModal();
@@ -42,27 +39,20 @@ private Q_SLOTS:
         frmReferencias_Modificar referencia(nullptr);
         frmCodBarra_Datos barras(nullptr);
         frmArticulos_Creacion alta(nullptr);
-        const std::tuple<QWidget *, QString, QString> casos[] = {
-            {&referencia, u"txtReferencia"_s, u"Articulos_Ref.Ref"_s},
-            {&barras, u"txtCB"_s, u"Articulos_CBarras.Cod_Barras"_s},
-            {&barras, u"txtUnidades"_s, u"Articulos_CBarras.Unidades"_s},
-            {&alta, u"txtCodigo"_s, u"Articulos.Codigo"_s},
-            {&alta, u"txtRef"_s, u"Articulos_Ref.Ref"_s},
-            {&alta, u"txtImpuesto"_s, u"Articulos.TipoImpuesto"_s},
-            {&alta, u"txtCodBarras"_s, u"Articulos_CBarras.Cod_Barras"_s},
-            {&alta, u"txtDescripcion"_s, u"Articulos.Descripcion"_s},
-            {&alta, u"txtDesc_Ticket"_s, u"Articulos.Desc_Ticket"_s},
-            {&alta, u"txtTemporada"_s, u"Temporadas.Codigo"_s},
-        };
-        for (const auto &[forma, nombre, columna] : casos) {
-            const QString tipo = m_base->filas(u"SELECT type FROM pragma_table_info('%1') WHERE name = '%2'"_s.arg(
-                columna.section(u'.', 0, 0), columna.section(u'.', 1)))[0];
+        const QList<QWidget *> formas{&referencia, &barras, &alta};
+        for (const QStringList &c :
+             tabla(u"0→txtReferencia→Articulos_Ref→Ref;1→txtCB→Articulos_CBarras→Cod_Barras;1→txtUnidades→"
+                   u"Articulos_CBarras→Unidades;2→txtCodigo→Articulos→Codigo;2→txtRef→Articulos_Ref→Ref;2→txtImpuesto→"
+                   u"Articulos→TipoImpuesto;2→txtCodBarras→Articulos_CBarras→Cod_Barras;2→txtDescripcion→Articulos→"
+                   u"Descripcion;2→txtDesc_Ticket→Articulos→Desc_Ticket;2→txtTemporada→Temporadas→Codigo"_s)) {
+            const QString tipo =
+                m_base->filas(u"SELECT type FROM pragma_table_info('%1') WHERE name = '%2'"_s.arg(c[2], c[3]))[0];
             const int largo = tipo == u"smallint" ? 5 : tipo == u"INT" ? 10 : tipo.section(u'(', 1).chopped(1).toInt();
-            auto *widget = forma->findChild<QWidget *>(nombre);
+            auto *widget = formas[c[0].toInt()]->findChild<QWidget *>(c[1]);
             auto *caja = qobject_cast<QLineEdit *>(widget);
             caja = caja ? caja : widget->findChild<QLineEdit *>();
             caja->setText(QString(largo + 1, u'9'));
-            QCOMPARE(nombre + QString::number(caja->text().size()), nombre + QString::number(largo));
+            QCOMPARE(c[1] + QString::number(caja->text().size()), c[1] + QString::number(largo));
         }
     }
 
@@ -78,24 +68,19 @@ private Q_SLOTS:
         for (const int puntos : {9, 14, 18}) {
             const auto letra = conLetra(puntos);
             QVERIFY(abrir());
-            QCOMPARE(cortado<frmPLUs>([this](auto &f) { f.cEmpresa = &m_empresa, f.Plu = 4; }), QString());
-            QCOMPARE(cortado<frmReferencia_Articulos>(
-                         [](auto &f) { f.Referencia = u"R"_s, f.EmpresaArticulos = 2, f.EmpresaProveedores = 3; }),
-                     QString());
-            QCOMPARE(cortado<frmAlternativos_Eleccion>(), QString());
-            QCOMPARE(cortado<frmReferencias_Modificar>([this](auto &f) {
-                         f.cEmpresa = &m_empresa, f.Articulo = u"2147483647"_s, f.Proveedor = 1234567;
-                     }),
-                     QString());
-            QCOMPARE(cortado<frmCodBarra_Datos>([this](auto &f) {
-                         f.cEmpresa = &m_empresa, f.Articulo = u"2147483647"_s, f.CodBarras = u"1"_s;
-                     }),
-                     QString());
-            QCOMPARE(cortado<frmArticulos_Creacion>([this](auto &f) {
-                         f.cEmpresa = &m_empresa, f.Conexion = &m_base->conexion(), f.Proveedor = 1234567;
-                         f.TipoImpuesto = 1, f.Marca = 32767, f.CualidadX = f.CualidadY = 3;
-                     }),
-                     QString());
+            const auto empresa = [this](auto &f) { f.cEmpresa = &m_empresa, f.Articulo = u"2147483647"_s; };
+            const QString todo =
+                cortado<frmPLUs>([this](auto &f) { f.cEmpresa = &m_empresa, f.Plu = 4; }) +
+                cortado<frmReferencia_Articulos>(
+                    [](auto &f) { f.Referencia = u"R"_s, f.EmpresaArticulos = 2, f.EmpresaProveedores = 3; }) +
+                cortado<frmAlternativos_Eleccion>([](auto &) {}) +
+                cortado<frmReferencias_Modificar>([&](auto &f) { empresa(f), f.Proveedor = 1234567; }) +
+                cortado<frmCodBarra_Datos>([&](auto &f) { empresa(f), f.CodBarras = u"1"_s; }) +
+                cortado<frmArticulos_Creacion>([this](auto &f) {
+                    f.cEmpresa = &m_empresa, f.Conexion = &m_base->conexion(), f.Proveedor = 1234567;
+                    f.TipoImpuesto = 1, f.Marca = 32767, f.CualidadX = f.CualidadY = 3;
+                });
+            QCOMPARE(todo, QString());
         }
     }
 };

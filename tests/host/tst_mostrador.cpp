@@ -6,6 +6,7 @@
 #include "nvArticulo/Error.h"
 #include "nvArticulo/nvArticulo.h"
 #include "platform/pickers/SelectorCodigo.h"
+#include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/Programa.h"
 
@@ -116,6 +117,11 @@ private Q_SLOTS:
         const QTemporaryDir carpeta;
         QFile archivo(carpeta.filePath(u"no.nv"_s));
         QVERIFY_EXCEPTION_THROWN(Base::abrirExistente(archivo.fileName()), Error);
+        const Lugar vacia(Via::Odbc);
+        const QString queja = vacia.falta().isEmpty()
+                                  ? errorDe([&] { Base::enServidor(vacia.texto(), false, 0, nullptr); }).descripcion
+                                  : u"faltan las tablas; --crear"_s;
+        QVERIFY2(queja.contains(u"faltan las tablas; --crear"), qPrintable(queja));
         QVERIFY(!archivo.exists() && archivo.open(QIODevice::ReadWrite));
         archivo.write(QByteArray(5000, 'x'));
         archivo.close();

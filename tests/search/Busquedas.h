@@ -7,6 +7,7 @@
 #include "support/Conductor.h"
 #include "support/EmpresaPrueba.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -42,6 +43,11 @@ struct Vista
     }
     /// Without its underlined letter.
     QString rotulo(const char *nombre) const { return campo(nombre)->property("text").toString().remove(u'&'); }
+    bool llevaRotulo(const QWidget *campo) const
+    {
+        const auto rotulos = d.findChildren<QLabel *>();
+        return std::any_of(rotulos.begin(), rotulos.end(), [=](const QLabel *r) { return r->buddy() == campo; });
+    }
     Rejilla *lista() const { return d.findChild<Rejilla *>(); }
     bool porCriterios() const { return modelo != 2 && modelo != 5 && modelo < 7; }
     /// The box of the description.

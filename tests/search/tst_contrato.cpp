@@ -43,6 +43,8 @@ private Q_SLOTS:
         m->pedido.GuardarBusqueda = true;
         m->abrir(modelo, [&](const Vista &v) {
             QVERIFY(v.enfocado(v.caja()));
+            for (const auto *caja : v.d.findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly))
+                QVERIFY2(!caja->placeholderText().isEmpty() || v.llevaRotulo(caja), qPrintable(caja->objectName()));
             if (!porCriterios)
                 v.busca(u"  "_s);
             QCOMPARE(m->busquedas(), 0);

@@ -1,4 +1,5 @@
 #include "Busquedas.h"
+#include "platform/widgets/Colores.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "search/piezas/CajaImagen.h"
@@ -7,6 +8,7 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTemporaryDir>
 
 using namespace nv::pruebas;
@@ -76,6 +78,24 @@ private Q_SLOTS:
         QCOMPARE(visto(u"1"_s), u"12,00 2,00 10,00 1000,00 Nota <b>x</b> azul"_s);
         QCOMPARE(visto(u"3"_s), u"4,00 4,00 0,00 0,00 Tornillería fina rojo"_s);
         QCOMPARE(visto(u"24"_s), u"0,00 0,00 0,00 0,00 "_s); // of the item before nothing stays
+        // Red and blue are made to be read on white.
+        const QPalette claro = QApplication::palette();
+        const auto devolver = qScopeGuard([&claro] { QApplication::setPalette(claro); });
+        QApplication::setPalette(
+            QPalette(Qt::white, QColor(45, 45, 45), Qt::gray, Qt::black, Qt::gray, Qt::white, QColor(30, 30, 30)));
+        nv::PanelDetalles oscuro(nullptr);
+        oscuro.preparar(m->empresa, 0);
+        for (const QString &codigo : {u"1"_s, u"3"_s}) {
+            oscuro.DevPropiedades(codigo);
+            auto *cifra = oscuro.findChild<QLabel *>(u"lblDisponible"_s);
+            const QImage imagen = cifra->grab().toImage();
+            const QColor fondo = imagen.pixelColor(4, imagen.height() / 2);
+            double mejor = 1;
+            for (int i = 0; i < imagen.width() * imagen.height(); ++i)
+                mejor = std::max(
+                    mejor, nv::colores::contraste(imagen.pixelColor(i % imagen.width(), i / imagen.width()), fondo));
+            QVERIFY2(qGray(fondo.rgb()) < 128 && mejor > 4, qPrintable(fondo.name()));
+        }
     }
 
     void pictures()
@@ -134,7 +154,8 @@ private Q_SLOTS:
                 QVERIFY(!v.campo("fraExtendido")->isVisible() && !v.lista()->isColumnHidden(5));
                 v.pulsa(Qt::Key_F6);
                 QVERIFY(v.campo("fraExtendido")->isVisible() && v.lista()->isColumnHidden(5));
-                QCOMPARE(v.d.width() - ancho, nv::twips::conLetra(4515, &v.d));
+                QCOMPARE(v.d.width(), std::min(ancho + nv::twips::conLetra(4515, &v.d),
+                                               std::max(v.d.screen()->availableSize().width(), v.d.minimumWidth())));
                 QVERIFY2(v.lista()->width() < lista && v.codigos() == u"2|1", "the list is the same");
                 v.busca(u"TORN"_s);
                 QVERIFY2(v.codigos() == u"2|1|3", "its notes begin so");
@@ -236,6 +257,9 @@ private Q_SLOTS:
             m->empresa.hoy = QDate::fromString(caso[0], Qt::ISODate);
             m->ejecutar(u"DELETE FROM Articulos_Buscar"_s);
             m->abrir(4, [&](const Vista &v) {
+                v.escribe("txtRanking", u"99999999999"_s);
+                v.pulsa(Qt::Key_F9);
+                QVERIFY2(v.lista()->filasDatos() == 0 && v.enfocado("txtRanking"), "not for the part that fits");
                 v.escribe("txtRanking", caso[1]);
                 v.pulsa(Qt::Key_F9);
                 QVERIFY2(v.lista()->filasDatos() == 6 && v.columna(4).startsWith(u"0,00"), "no warehouse, no ranking");

@@ -237,7 +237,7 @@ private Q_SLOTS:
         });
         QCOMPARE(
             m->conductor.cajas().back().texto,
-            u"Error en Imprimir_Busqueda: La base de datos no ha podido hacerlo (no such table: Articulos_CBarras)."_s);
+            u"Error en Imprimir_Busqueda: La base de datos no ha podido hacerlo (no existe la tabla Articulos_CBarras)."_s);
         QCOMPARE(QDir(carpeta.path()).entryList(QDir::Files), QStringList{u"lista.pdf"_s});
     }
 

@@ -54,7 +54,8 @@ private Q_SLOTS:
             QCOMPARE(tras({1, 3}), u"1|0|1"_s);
             QCOMPARE(tras({2}), u"1|1|1 all"_s);
             QCOMPARE(tras({2}), u"1|0|1 all"_s); // in between it keeps what it shows
-            todas->click();
+            todas->setFocus();
+            v.pulsa(Qt::Key_Return);
             QCOMPARE(tras({}), u"0|0|0"_s);
             todas->click();
             QCOMPARE(tras({}), u"1|1|1 all"_s);
@@ -202,8 +203,9 @@ private Q_SLOTS:
             QTest::keyClick(v.lista(), Qt::Key_Home);
             QTest::keyClick(v.lista(), Qt::Key_Return);
         });
-        QVERIFY(m->conductor.cajas().front().texto.contains(u"99999999999999999999 se sale"_s) &&
-                m->conductor.cajas().back().texto.endsWith(u" (BackColorNM)."_s));
+        QVERIFY(
+            m->conductor.cajas().front().texto.contains(u"99999999999999999999 se sale de lo que cabe (Medida)"_s) &&
+            m->conductor.cajas().back().texto.endsWith(u" (BackColorNM)."_s));
         QVERIFY(m->codigo == u"10" && m->copia() == u"1|2|3|10|24|841");
     }
 
@@ -230,7 +232,9 @@ private Q_SLOTS:
             m->empresa.valores[u"OficinaCentral"_s] = u"0"_s; // read again by every search
             QVERIFY(conMarca({}) == u"2|1|3" && v.columna(4) == u"0|1|1");
             QVERIFY(v.lista()->model()->index(0, 4).data(Qt::CheckStateRole).isValid());
-            QVERIFY(conMarca(u"duro"_s) == u"2" && v.d.Busqueda_MarcaNombre == u"duro");
+            v.escribe("txtMarca", u"duro"_s);
+            v.aprieta("cmdAceptar"); // searches for it first
+            QVERIFY(v.d.isVisible() && v.codigos() == u"2" && v.d.Busqueda_MarcaNombre == u"duro");
             v.escribe("txtDescripcion", {});
             QVERIFY(conMarca(u"ro"_s) == u"841|2|1" && v.columna(3) == u"ROCA|DUROCANTO|ROCA");
             QVERIFY(conMarca(u" "_s) == u"none" && v.d.Busqueda_MarcaNombre == u"ro");

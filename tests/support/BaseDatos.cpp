@@ -62,6 +62,20 @@ QStringList filasDe(Conexion &conexion, const QString &sentencia)
     return filasDe(registros);
 }
 
+std::unique_ptr<Conexion> catalogoVacio()
+{
+    static const QString servidor = qEnvironmentVariable("NVARTICULO_FORMAS");
+    static bool hecho = false;
+    if (servidor.isEmpty())
+        return datos::abrirEmbebida(u":memory:"_s);
+    std::unique_ptr<Conexion> conexion = datos::abrirOdbc(servidor);
+    if (std::exchange(hecho, true) || !falla([&] { filasDe(*conexion, u"SELECT Codigo FROM Empresas"_s); }))
+        enCadaTabla(*conexion, u"DELETE FROM "_s);
+    else
+        datos::crearEsquema(*conexion);
+    return conexion;
+}
+
 QList<QStringList> tabla(const QString &filas)
 {
     QList<QStringList> lista;

@@ -28,7 +28,11 @@ inline bool falla(const std::function<void()> &operacion)
     return numeroDeError(operacion) != -1;
 }
 
-/// A catalogue in memory with the whole schema, as empty as a new one.
+/// A catalogue with the whole schema, as empty as a new one: in memory, or, while NVARTICULO_FORMAS names a database of the
+/// server, there. One at a time then.
+std::unique_ptr<Conexion> catalogoVacio();
+
+/// Such a catalogue.
 class BaseDatos
 {
 public:
@@ -43,7 +47,7 @@ public:
     QStringList filas(const QString &sentencia) { return filasDe(conexion(), sentencia); }
 
 private:
-    std::unique_ptr<Conexion> m_conexion = datos::abrirEmbebida(QStringLiteral(":memory:"));
+    std::unique_ptr<Conexion> m_conexion = catalogoVacio();
 };
 
 /// The ways in to a database.

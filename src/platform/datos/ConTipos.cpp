@@ -36,9 +36,7 @@ public:
         i = m_lexemas.salto(i + 1);
         if (insercion && es(i, u"INTO"))
             i = m_lexemas.salto(i + 1);
-        if (i >= m_lexemas.size())
-            return;
-        m_nombre = m_lexemas[i].texto.toString().remove(u'[').remove(u']');
+        m_nombre = nombre(i);
         std::shared_ptr<const TablaTipada> &tabla = tablas[m_nombre];
         if (!tabla)
             tabla = leerTabla(base, m_nombre);
@@ -76,10 +74,17 @@ private:
         return i < m_lexemas.size() ? m_lexemas[i].texto.data() - m_sql.constData() : m_sql.size();
     }
 
+    /// Of a table or a column, which may stand in brackets.
+    QString nombre(std::size_t i) const
+    {
+        return i < m_lexemas.size() ? m_lexemas[i].texto.toString().remove(u'[').remove(u']') : QString();
+    }
+
     const ColumnaTipada *columna(std::size_t i) const
     {
+        const QString buscado = nombre(i);
         for (const ColumnaTipada &una : *m_salida.tabla) {
-            if (es(i, una.nombre))
+            if (una.nombre.compare(buscado, Qt::CaseInsensitive) == 0)
                 return &una;
         }
         return nullptr;
@@ -157,11 +162,11 @@ private:
     void cambiar(std::size_t i)
     {
         for (bool sigue = es(i, u"SET"); sigue;) {
-            const std::size_t nombre = m_lexemas.salto(i + 1);
-            const std::size_t igual = hasta(nombre, [](const Lexema &l) { return l.esSigno(u'='); });
+            const std::size_t destino = m_lexemas.salto(i + 1);
+            const std::size_t igual = hasta(destino, [](const Lexema &l) { return l.esSigno(u'='); });
             i = hasta(igual, [](const Lexema &l) { return l.esSigno(u',') || l.es(u"FROM") || l.es(u"WHERE"); });
             if (igual < i)
-                valor({igual + 1, i}, columna(nombre));
+                valor({igual + 1, i}, columna(destino));
             sigue = i < m_lexemas.size() && m_lexemas[i].esSigno(u',');
         }
     }

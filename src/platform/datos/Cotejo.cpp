@@ -28,11 +28,17 @@ constexpr std::array Familias = {
     Familia{U'X', U""},       Familia{U'Y', U"Ý"},      Familia{U'Z', U""},
 };
 
-using Tabla = std::array<Peso, Latinos>;
-
-constexpr Tabla construirTabla()
+/// The order of the first 256 characters, and of the letters that the server's code page has beyond them.
+struct Orden
 {
-    Tabla tabla{};
+    std::array<Peso, Latinos> tabla{};
+    Peso oe{}; // a letter of its own after o
+};
+
+constexpr Orden construirOrden()
+{
+    Orden orden;
+    auto &tabla = orden.tabla;
     char32_t turno = PrimarioBlanco;
     tabla[U' '] = {turno++, 0};
     const auto poner = [&](char32_t mayuscula, int secundario) {
@@ -58,11 +64,19 @@ constexpr Tabla construirTabla()
         if (familia.base == U'Y')
             tabla[U'ÿ'] = {turno, acento};
         ++turno;
+        if (familia.base == U'O')
+            orden.oe = {turno++, 0};
     }
-    return tabla;
+    return orden;
 }
 
-constexpr Tabla Pesos = construirTabla();
+constexpr Orden OrdenEspanol = construirOrden();
+constexpr auto &Pesos = OrdenEspanol.tabla;
+
+constexpr Peso acentuada(char32_t base)
+{
+    return {Pesos[base].primario, 1};
+}
 
 int signo(std::int64_t diferencia)
 {
@@ -168,7 +182,23 @@ std::optional<std::int64_t> instante(std::string_view texto)
 
 Peso peso(char32_t caracter)
 {
-    return caracter < Latinos ? Pesos[caracter] : Peso{PrimeroDeLosDemas + caracter, 0};
+    if (caracter < Latinos)
+        return Pesos[caracter];
+    switch (caracter) {
+    case U'Š':
+    case U'š':
+        return acentuada(U'S');
+    case U'Ž':
+    case U'ž':
+        return acentuada(U'Z');
+    case U'Œ':
+    case U'œ':
+        return OrdenEspanol.oe;
+    case U'Ÿ':
+        return Pesos[U'ÿ'];
+    default:
+        return {PrimeroDeLosDemas + caracter, 0};
+    }
 }
 
 char32_t extraer(std::string_view &texto)

@@ -9,7 +9,7 @@
 namespace nv::datos {
 
 /// Raised whenever an order below changes: files written under another version have their indices rebuilt.
-inline constexpr int VersionCotejo = 1;
+inline constexpr int VersionCotejo = 2;
 
 inline constexpr char NombreCotejoTexto[] = "NV_TEXTO";
 inline constexpr char NombreCotejoFecha[] = "NV_FECHA";

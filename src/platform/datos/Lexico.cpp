@@ -241,6 +241,7 @@ Lexema primerLexema(QStringView sentencia)
 
 Lexemas::Lexemas(QStringView forma)
 {
+    reserve(static_cast<std::size_t>(forma.size() / 2)); // most are a character and a blank
     for (qsizetype i = 0; i < forma.size();) {
         push_back(siguiente(forma, i));
         i += back().texto.size();

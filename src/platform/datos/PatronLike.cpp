@@ -8,7 +8,8 @@ namespace nv::datos {
 
 namespace {
 
-constexpr unsigned char CabezaLatina = 0xC3; // lead byte of À to ÿ
+constexpr unsigned char CabezaLatina = 0xC3;  // lead byte of À to ÿ
+constexpr unsigned char CabezaTrasera = 0xC5; // of Œ, Š, Ÿ and Ž
 
 using TablaBytes = std::array<unsigned char, 256>;
 
@@ -26,6 +27,16 @@ constexpr TablaBytes construir(unsigned char desde, unsigned char hasta, unsigne
 constexpr TablaBytes Normal = construir('a', 'z', 0);
 constexpr TablaBytes TrasCabeza = construir(0xA0, 0xBE, 0xB7); // all but the division sign
 
+constexpr TablaBytes construirTrasera()
+{
+    TablaBytes tabla = construir(1, 0, 0);
+    for (const unsigned char mayuscula : std::array<unsigned char, 3>{0x92, 0xA0, 0xBD}) // Œ, Š, Ž
+        tabla[mayuscula + 1U] = mayuscula;
+    return tabla;
+}
+
+constexpr TablaBytes TrasTrasera = construirTrasera();
+
 /// Upper case of the letters that the order takes as equal; the length in bytes stays the same.
 void plegar(std::string_view texto, std::string &plegado)
 {
@@ -33,7 +44,14 @@ void plegar(std::string_view texto, std::string &plegado)
     unsigned char anterior = 0;
     for (std::size_t i = 0; i < texto.size(); ++i) {
         const auto byte = static_cast<unsigned char>(texto[i]);
-        plegado[i] = static_cast<char>(anterior == CabezaLatina ? TrasCabeza[byte] : Normal[byte]);
+        const TablaBytes &tabla = anterior == CabezaLatina    ? TrasCabeza
+                                  : anterior == CabezaTrasera ? TrasTrasera
+                                                              : Normal;
+        plegado[i] = static_cast<char>(tabla[byte]);
+        if (anterior == CabezaLatina && byte == 0xBF) { // ÿ
+            plegado[i - 1] = static_cast<char>(CabezaTrasera);
+            plegado[i] = '\xB8';
+        }
         anterior = byte;
     }
 }

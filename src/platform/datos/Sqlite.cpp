@@ -27,6 +27,19 @@ QString restriccion(int codigo, const QString &propio)
     }
 }
 
+/// Of the engine's words those that a damaged or foreign catalogue brings up; the others are for a statement's author.
+QString traducido(const QString &propio)
+{
+    static constexpr std::pair<QStringView, QStringView> palabras[] = {
+        {u"no such table: ", u"no existe la tabla "},
+        {u"no such column: ", u"no existe la columna "},
+        {u"no such function: ", u"no existe la función "}};
+    for (const auto &[suya, nuestra] : palabras)
+        if (propio.startsWith(suya))
+            return nuestra.toString() + propio.sliced(suya.size());
+    return propio;
+}
+
 QString descripcion(int codigo, const QString &propio)
 {
     constexpr int Basico = 0xFF;
@@ -52,8 +65,8 @@ QString descripcion(int codigo, const QString &propio)
     case SQLITE_CONSTRAINT:
         return restriccion(codigo, propio);
     default:
-        // Our functions speak in sentences; the engine's own words, in English, say what a statement's author needs.
-        return propio.endsWith(u'.') ? propio : u"La base de datos no ha podido hacerlo (%1)."_s.arg(propio);
+        // Our functions speak in sentences, the engine in English.
+        return propio.endsWith(u'.') ? propio : u"La base de datos no ha podido hacerlo (%1)."_s.arg(traducido(propio));
     }
 }
 

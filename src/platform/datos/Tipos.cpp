@@ -75,7 +75,8 @@ TipoServidor::TipoServidor(const QString &tipo, const QString &columna)
     } else if (nombre == u"bit") {
         poner(Clase::Bit);
     } else if (nombre == u"money") {
-        poner(Clase::Importe, limites<qint64>());
+        // Some more could be stored, but not read back: the embedded engine's amounts are floating point.
+        poner(Clase::Importe, {-9'199'999'999'999'999'999, 9'199'999'999'999'999'999});
     } else if (nombre == u"smallmoney") {
         poner(Clase::Importe, limites<qint32>());
     } else if (nombre == u"datetime") {
@@ -229,7 +230,7 @@ ValorGuardado TipoServidor::comoImporte(const ValorGuardado &valor) const
             noEs(valor, u"un importe");
     }
     constexpr double Escala = static_cast<double>(Moneda::Escala);
-    if (!(std::abs(importe) * Escala < static_cast<double>(m_maximo)))
+    if (!(std::round(std::abs(importe) * Escala) <= static_cast<double>(m_maximo)))
         noCabe(valor);
     return std::holds_alternative<qint64>(valor) ? valor : ValorGuardado(importe);
 }

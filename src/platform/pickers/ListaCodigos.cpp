@@ -1,6 +1,7 @@
 #include "platform/pickers/ListaCodigos.h"
 
 #include "nvArticulo/Registros.h"
+#include "platform/widgets/Aviso.h"
 #include "platform/widgets/Campos.h"
 #include "platform/widgets/nvTextBox.h"
 
@@ -99,6 +100,8 @@ void ListaCodigos::filtrar()
     m_lista->vaciar();
     m_lista->anadir(std::move(visibles));
     m_lista->setFilaActual(fila);
+    if (m_lista->filasDatos() == 0 && isVisible())
+        Aviso::mostrar(m_filtro, u"No hay ninguno así"_s);
 }
 
 bool ListaCodigos::eventFilter(QObject *objeto, QEvent *evento)

@@ -1,5 +1,8 @@
 #include "platform/widgets/Aviso.h"
 
+#include "platform/widgets/Rafaga.h"
+#include "platform/widgets/Teclas.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
@@ -44,6 +47,7 @@ void Aviso::mostrar(QWidget *campo, const QString &texto)
     aviso->setText(texto);
     aviso->adjustSize();
     aviso->colocar(*campo);
+    aviso->m_dicho.start();
     aviso->show();
     aviso->raise();
     qApp->installEventFilter(aviso);
@@ -63,7 +67,10 @@ void Aviso::colocar(const QWidget &campo)
 
 bool Aviso::eventFilter(QObject *objeto, QEvent *evento)
 {
-    const bool tecla = evento->type() == QEvent::KeyPress && !esSoloModificador(*static_cast<QKeyEvent *>(evento));
+    const auto *pulsada = evento->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(evento) : nullptr;
+    // The second Enter of a scanner that sends two is no answer.
+    const bool eco = pulsada && teclas::esIntro(*pulsada) && !m_dicho.hasExpired(Rafaga::Plazo);
+    const bool tecla = pulsada && !eco && !esSoloModificador(*pulsada);
     if (tecla || evento->type() == QEvent::MouseButtonPress) {
         qApp->removeEventFilter(this);
         hide();

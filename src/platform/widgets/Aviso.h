@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 
@@ -21,6 +22,8 @@ protected:
 private:
     explicit Aviso(QWidget *ventana);
     void colocar(const QWidget &campo);
+
+    QElapsedTimer m_dicho;
 };
 
 } // namespace nv

@@ -34,8 +34,15 @@ private:
     /// setText leaves the box unmodified: that is how a program's text is told from the user's.
     State delPrograma(QString &texto, int &cursor) const
     {
-        const auto impropio = [](QChar c) { return c.category() == QChar::Other_Control || c == QChar::LineSeparator; };
-        if (std::any_of(texto.cbegin(), texto.cend(), impropio))
+        const auto impropio = [](QChar c) {
+            const QChar::Category clase = c.category();
+            return clase == QChar::Other_Control || clase == QChar::Other_Format || clase == QChar::Separator_Line ||
+                   clase == QChar::Separator_Paragraph;
+        };
+        const auto raro = [](QChar c) { return c.isSpace() && c != u' '; };
+        // A program's own blanks may mean something; no other kind does.
+        if (std::any_of(texto.cbegin(), texto.cend(), impropio) ||
+            (!texto.isEmpty() && (raro(texto.front()) || raro(texto.back()))))
             texto = lineaLimpia(texto);
         texto.truncate(m_caja->m_maximo);
         cursor = std::min(cursor, static_cast<int>(texto.size()));
@@ -44,14 +51,7 @@ private:
 
     State delUsuario(const QString &anterior, QString &texto, int &cursor) const
     {
-        const qsizetype comun = std::min(anterior.size(), texto.size());
-        qsizetype inicio = 0;
-        while (inicio < comun && anterior[inicio] == texto[inicio])
-            ++inicio;
-        qsizetype final = 0;
-        while (final < comun - inicio && anterior[anterior.size() - 1 - final] == texto[texto.size() - 1 - final])
-            ++final;
-        const qsizetype longitud = texto.size() - inicio - final;
+        const auto [inicio, longitud] = insertada(anterior, texto);
         QString insertado = texto.mid(inicio, longitud);
         if (!m_caja->m_tecleando)
             insertado = lineaLimpia(insertado);
@@ -66,6 +66,32 @@ private:
         return m_caja->vale(texto, anterior) ? Acceptable : Invalid;
     }
 
+    struct Tramo
+    {
+        qsizetype inicio;
+        qsizetype longitud;
+    };
+
+    /// What is new in the text: what stands in the place of the selection, where that is what happened; else wherever the
+    /// two differ.
+    Tramo insertada(const QString &anterior, const QString &texto) const
+    {
+        const qsizetype desde = m_caja->m_desde;
+        const qsizetype tras = anterior.size() - desde - m_caja->m_seleccionados;
+        const qsizetype nuevos = texto.size() - desde - tras;
+        if (tras >= 0 && nuevos >= 0 && QStringView(anterior).first(desde) == QStringView(texto).first(desde) &&
+            QStringView(anterior).last(tras) == QStringView(texto).last(tras))
+            return {desde, nuevos};
+        const qsizetype comun = std::min(anterior.size(), texto.size());
+        qsizetype inicio = 0;
+        while (inicio < comun && anterior[inicio] == texto[inicio])
+            ++inicio;
+        qsizetype final = 0;
+        while (final < comun - inicio && anterior[anterior.size() - 1 - final] == texto[texto.size() - 1 - final])
+            ++final;
+        return {inicio, texto.size() - inicio - final};
+    }
+
     CajaTexto *m_caja;
     mutable QString m_anterior;
 };
@@ -75,8 +101,18 @@ CajaTexto::CajaTexto(QWidget *padre)
 {
     setValidator(new Filtro(this));
     connect(this, &QLineEdit::textChanged, this, [this] { m_incompleto = false; });
+    // Told once a change is over: while it is looked at, this is still where it came in.
+    connect(this, &QLineEdit::cursorPositionChanged, this, &CajaTexto::anotarLugar);
+    connect(this, &QLineEdit::selectionChanged, this, &CajaTexto::anotarLugar);
+    connect(this, &QLineEdit::textChanged, this, &CajaTexto::anotarLugar);
     // From the context menu, which no event of the box surrounds: its text must have been put back by then.
     connect(this, &QLineEdit::inputRejected, this, &CajaTexto::atenderRechazo, Qt::QueuedConnection);
+}
+
+void CajaTexto::anotarLugar()
+{
+    m_seleccionados = selectionLength();
+    m_desde = hasSelectedText() ? selectionStart() : cursorPosition();
 }
 
 bool CajaTexto::rechazaIncompleto()
@@ -150,16 +186,23 @@ void CajaTexto::focusInEvent(QFocusEvent *evento)
 {
     QLineEdit::focusInEvent(evento);
     m_clicDelFoco = evento->reason() == Qt::MouseFocusReason && seleccionaAlEntrar();
+    if (evento->reason() == Qt::ActiveWindowFocusReason)
+        m_vuelta.start();
 }
 
 void CajaTexto::mousePressEvent(QMouseEvent *evento)
 {
     if (evento->button() != Qt::LeftButton)
         m_clicDelFoco = false;
-    if (!m_clicDelFoco)
+    // The click that brings the window back leaves the box as it was, with what is selected or half typed.
+    constexpr int delClic = 200; // ms
+    if (m_vuelta.isValid() && !m_vuelta.hasExpired(delClic) && evento->button() == Qt::LeftButton)
+        m_clicDelFoco = true;
+    else if (!m_clicDelFoco)
         QLineEdit::mousePressEvent(evento);
     else
         selectAll();
+    m_vuelta.invalidate();
 }
 
 void CajaTexto::mouseMoveEvent(QMouseEvent *evento)

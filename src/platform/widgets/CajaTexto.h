@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QLineEdit>
 
 namespace nv {
@@ -46,8 +47,12 @@ private:
     template <class Accion>
     void tecleando(Accion &&accion);
     void atenderRechazo();
+    void anotarLugar();
 
     int m_maximo = 32767;
+    qsizetype m_desde = 0; ///< where a text goes in, and how many characters give way to it
+    qsizetype m_seleccionados = 0;
+    QElapsedTimer m_vuelta; ///< since the window came back with the focus here
     bool m_tecleando = false;
     qsizetype m_rechazado = 0; ///< length of the text that was too long just now
     bool m_rechazoTecleado = false;

@@ -1,5 +1,7 @@
 #include "platform/widgets/DescarteTeclas.h"
 
+#include "platform/widgets/Rafaga.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QTimer>
@@ -8,7 +10,7 @@ namespace nv {
 
 namespace {
 
-constexpr int EnCola = 20; // ms
+constexpr int EnCola = Rafaga::Plazo; // ms; a scanner's line feed comes up to that much after what it opened
 
 } // namespace
 

@@ -4,8 +4,8 @@
 
 namespace nv {
 
-/// Drops the keyboard events that the window system still holds, for as long as it takes to drain them: what was typed
-/// before a box or a list appeared must not answer it. Goes away by itself; owned by `duenno`.
+/// Drops the keys that the window system brings in the first tenth of a second: what was typed before a box or a list
+/// appeared, or is the end of the scan that opened it, must not answer it. Goes away by itself; owned by `duenno`.
 class DescarteTeclas : public QObject
 {
     Q_OBJECT

@@ -67,6 +67,12 @@ FormularioModal::FormularioModal(QWidget *padre)
 void FormularioModal::ejecutar()
 {
     ponerMnemonicos(*this);
+    // Large letters on a small screen: the room between the fields goes before any of them.
+    if (sizeHint().height() > screen()->availableSize().height() * 95 / 100) {
+        for (QLayout *reparto : findChildren<QLayout *>())
+            reparto->setSpacing(std::min(reparto->spacing(), 1));
+        adjustSize();
+    }
     exec();
 }
 
@@ -77,7 +83,14 @@ void FormularioModal::atajo(Qt::Key tecla, std::function<void()> accion)
 
 void FormularioModal::dimensionar(int ancho, int alto)
 {
-    resize(QSize(twips::conLetra(ancho, this), twips::conLetra(alto, this)).boundedTo(screen()->availableSize()));
+    ajustarTamano({twips::conLetra(ancho, this), twips::conLetra(alto, this)});
+}
+
+void FormularioModal::ajustarTamano(QSize pixeles)
+{
+    // The height leaves room for the title bar.
+    const QSize pantalla = screen()->availableSize();
+    resize(pixeles.expandedTo(minimumSizeHint()).boundedTo({pantalla.width(), pantalla.height() * 95 / 100}));
 }
 
 void FormularioModal::atajosAceptarCancelar()
@@ -102,16 +115,21 @@ QHBoxLayout *FormularioModal::botonera(const QString &aceptar, const QString &ca
     return fila;
 }
 
-/// What a box could not hold must not be stored as if it were what was scanned.
-void FormularioModal::aceptarCompleto()
+bool FormularioModal::completo()
 {
     for (CajaTexto *caja : findChildren<CajaTexto *>()) {
         if (caja->isVisible() && caja->rechazaIncompleto()) {
             caja->setFocus();
-            return;
+            return false;
         }
     }
-    aceptar();
+    return true;
+}
+
+void FormularioModal::aceptarCompleto()
+{
+    if (completo())
+        aceptar();
 }
 
 void FormularioModal::reject()

@@ -31,6 +31,8 @@ protected:
     void atajo(Qt::Key tecla, std::function<void()> accion);
     /// In twips, for the standard letter; grows with a larger one, as far as the screen goes.
     void dimensionar(int ancho, int alto);
+    /// In pixels: nothing of the form is cut unless the screen is too small.
+    void ajustarTamano(QSize pixeles);
     /// F9 and F12.
     void atajosAceptarCancelar();
     QPushButton *boton(const QString &texto, const QString &nombre, std::function<void()> accion);
@@ -41,6 +43,9 @@ protected:
     virtual void aceptar() = 0;
     virtual void cancelar() { reject(); }
 
+    /// Whether every box holds what was typed in it; else says which one does not, and goes there. What found no room must
+    /// neither be stored nor sought as if it were what was scanned.
+    bool completo();
     void keyPressEvent(QKeyEvent *evento) override;
 
 private:

@@ -1,11 +1,13 @@
 #include "search/piezas/FilasMarcadas.h"
 
 #include "platform/widgets/Rejilla.h"
+#include "platform/widgets/Teclas.h"
 #include "platform/widgets/Twips.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -122,6 +124,7 @@ CasillaTodas::CasillaTodas(Rejilla *rejilla, FilasMarcadas *marcadas)
     m_casilla->setAccessibleName(u"Marcar todos los artículos"_s);
     // A click leaves the focus in the list.
     m_casilla->setFocusPolicy(Qt::TabFocus);
+    m_casilla->installEventFilter(this);
     m_casilla->adjustSize();
     m_casilla->hide();
     connect(m_casilla, &QCheckBox::toggled, marcadas, [marcadas](bool todas) { marcadas->marcarTodas(todas); });
@@ -130,6 +133,15 @@ CasillaTodas::CasillaTodas(Rejilla *rejilla, FilasMarcadas *marcadas)
     connect(titulos, &QHeaderView::sectionResized, this, &CasillaTodas::colocar);
     connect(titulos, &QHeaderView::geometriesChanged, this, &CasillaTodas::colocar);
     connect(rejilla->horizontalScrollBar(), &QScrollBar::valueChanged, this, &CasillaTodas::colocar);
+}
+
+/// In the heading the form does not get to see the key, and the list would take it.
+bool CasillaTodas::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (evento->type() != QEvent::KeyPress || !teclas::esIntro(*static_cast<QKeyEvent *>(evento)))
+        return QObject::eventFilter(objeto, evento);
+    m_casilla->click();
+    return true;
 }
 
 int CasillaTodas::anchoColumna() const

@@ -72,6 +72,9 @@ public:
     /// For new rows, none of them marked.
     void reiniciar() { poner(false); }
 
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+
 private:
     void alMarcar();
     void poner(bool marcada);

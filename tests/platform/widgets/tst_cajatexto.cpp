@@ -47,6 +47,22 @@ private Q_SLOTS:
         QVERIFY(!m_caja->hasSelectedText() && m_caja->cursorPosition() == 0);
     }
 
+    void click_that_brings_the_window_back_leaves_the_box_as_it_was()
+    {
+        m_caja->setText(u"77"_s);
+        m_caja->setFocus();
+        m_caja->selectAll();
+        QWidget otra;
+        otra.show();
+        otra.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&otra));
+        m_ventana->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_ventana.get()));
+        QTest::mouseClick(m_caja, Qt::LeftButton, {}, QPoint(30, m_caja->height() / 2));
+        QTest::keyClicks(m_caja, u"84"_s);
+        QCOMPARE(m_caja->text(), u"84"_s);
+    }
+
     void texts_from_elsewhere_become_one_clean_line()
     {
         const std::pair<QString, QString> casos[] = {
@@ -66,6 +82,23 @@ private Q_SLOTS:
             }
             m_caja->setText(crudo);
             QCOMPARE(m_caja->text(), limpio);
+        }
+        // Over what is selected, with which it shares its beginning or its end.
+        for (const auto &[antes, pegado, queda] : {std::tuple(u"12"_s, u"12\n34"_s, u"12"_s),
+                                                   {u"12"_s, u"1\n55"_s, u"1"_s},
+                                                   {u"12"_s, u"99\n2"_s, u"99"_s},
+                                                   {u"5"_s, u"12\n5"_s, u"12"_s},
+                                                   {u"77"_s, u"7\n12"_s, u"7"_s}}) {
+            for (const auto &traer : {&PruebaCajaTexto::pegar, &PruebaCajaTexto::porMenu}) {
+                m_caja->setText(antes);
+                m_caja->selectAll();
+                (this->*traer)(pegado);
+                QCOMPARE(m_caja->text(), queda);
+            }
+        }
+        for (const QString &raro : {u"\u00a012"_s, u"12\u200b"_s, u"\ufeff12"_s, u"12\u2029"_s}) {
+            m_caja->setText(raro);
+            QCOMPARE(m_caja->text(), u"12"_s);
         }
         m_caja->setText(u" ROCA "_s);
         QCOMPARE(m_caja->text(), u" ROCA "_s); // a program's blanks may mean something

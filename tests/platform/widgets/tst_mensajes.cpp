@@ -53,7 +53,9 @@ private Q_SLOTS:
             encolarTecla(m_ventana.get(), c[0] == u"No" ? Qt::Key_S : Qt::Key_N, c[0] == u"No" ? u"s"_s : u"n"_s);
             Conductor conductor;
             conductor.con<QMessageBox>([&](QMessageBox &caja) {
-                QTest::qWait(130);
+                QTest::qWait(50);
+                encolarTecla(&caja, Qt::Key_Return); // the line feed of the scan that opened it
+                QTest::qWait(80);
                 QVERIFY(caja.isVisible());
                 const QString nombre = c[1].mid(c[2].isEmpty() ? 1 : 0);
                 const Qt::Key tecla = QKeySequence(nombre.left(9))[0].key();
