@@ -129,8 +129,9 @@ private Q_SLOTS:
             QSKIP("no ODBC driver of Qt");
         m_conexion = sobreOdbc(base.driver()->handle().value<void *>());
         llenar();
-        QCOMPARE(filas(u"SELECT Codigo, CAST('02/11/2026' AS datetime) AS Día FROM #Lista"_s).last().section(u'|', 1),
-                 u"02/11/2026"_s);
+        const QString fila =
+            u"SELECT CAST('CAÑERÍAS' AS varchar(8)), CAST('€€' AS char(2)), CAST('02/11/2026' AS datetime)"_s;
+        QCOMPARE(filas(fila).last(), u"CAÑERÍAS|€€|02/11/2026"_s); // with as many letters as a column has room for
         QCOMPARE(filas(u"SELECT Codigo FROM #Lista"_s).size(), 32768);
         m_conexion.reset();
     }
