@@ -15,6 +15,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QScreen>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +28,7 @@ frmCodBarra_Datos::frmCodBarra_Datos(QWidget *padre)
 {
     setWindowTitle(u"Códigos de Barras"_s);
     m_articulo->setObjectName(u"txtArticulo"_s);
-    m_articulo->setMinimumWidth(nv::twips::conLetra(6500, this));
+    m_articulo->setMinimumWidth(std::min(nv::twips::conLetra(6500, this), screen()->availableSize().width() * 3 / 5));
     m_codBarras->setObjectName(u"txtCB"_s);
     m_codBarras->setMaxLength(nv::largos::CodigoBarras);
     m_codBarras->setMaximumWidth(nv::twips::conLetra(2600, this));

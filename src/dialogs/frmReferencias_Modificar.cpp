@@ -15,7 +15,9 @@
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using nv::mensajes::Icono;
@@ -29,7 +31,7 @@ frmReferencias_Modificar::frmReferencias_Modificar(QWidget *padre)
 {
     setWindowTitle(u"Referencias"_s);
     m_articulo->setObjectName(u"txtArticulo"_s);
-    m_articulo->setMinimumWidth(nv::twips::conLetra(6500, this));
+    m_articulo->setMinimumWidth(std::min(nv::twips::conLetra(6500, this), screen()->availableSize().width() * 3 / 5));
     m_proveedor->setObjectName(u"txtProv"_s);
     m_referencia->setObjectName(u"txtReferencia"_s);
     m_referencia->setMaxLength(nv::largos::Referencia);
