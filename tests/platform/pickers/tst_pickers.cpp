@@ -7,6 +7,7 @@
 #include "platform/pickers/nvProveedor.h"
 #include "platform/pickers/nvTemporada.h"
 #include "platform/widgets/nvTextBox.h"
+#include "support/Contraste.h"
 #include "support/Ventana.h"
 
 #include <QLabel>
@@ -60,6 +61,13 @@ private Q_SLOTS:
             QVERIFY(c[5].isEmpty() || (nombre->palette().color(QPalette::WindowText).red() > 99) != s.Existe());
         }
         auto *nombre = m_proveedor->findChild<QLabel *>(u"nombre"_s);
+        {
+            const auto noche = enOscuro();
+            m_proveedor->setCodigo(9);
+            QVERIFY(!m_proveedor->Cargar() && contrasteVisto(*nombre) > 4);
+        }
+        m_proveedor->setCodigo(7);
+        m_proveedor->Cargar();
         const int justo = nombre->fontMetrics().horizontalAdvance(nombre->text());
         for (const int falta : {0, 9}) {
             nombre->resize(justo - falta, 20);
@@ -152,7 +160,8 @@ private Q_SLOTS:
         // Typed into the box, and then into the grid; keys; what is in the box then.
         for (const QStringList &c :
              tabla(u"→→Up Up Return→12Botones;→→PgUp Down Return→70001Cinturón y Piel;→→Return→7Hilos <Cía>;"
-                   u"→→Esc→7Hilos <Cía>;nadie→→Return Ctrl+A Del PgUp Return→12Botones;"
+                   u"→→Esc→7Hilos <Cía>;→→Up F12→7Hilos <Cía>;→→Up F9→70001Cinturón y Piel;nadie→→Return Ctrl+A Del "
+                   u"PgUp Return→12Botones;"
                    u"PIEL→→Return→70001Cinturón y Piel;CI→n→Return→70001Cinturón y Piel"_s)) {
             Conductor conductor;
             conductor.con<nv::ListaCodigos>([&](nv::ListaCodigos &lista) {
