@@ -113,6 +113,7 @@ private Q_SLOTS:
         Formulario forma;
         teclear(forma.caja(), u"8412"_s);
         QVERIFY(forma.caja()->hasFocus() && contrasteVisto(*forma.caja()) > 10);
+        forma.despues->setFocus();
         forma.articulo->setEnabled(false);
         QVERIFY(contrasteVisto(*forma.caja()) > 10);
     }

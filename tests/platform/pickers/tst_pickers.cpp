@@ -61,18 +61,17 @@ private Q_SLOTS:
             QVERIFY(c[5].isEmpty() || (nombre->palette().color(QPalette::WindowText).red() > 99) != s.Existe());
         }
         auto *nombre = m_proveedor->findChild<QLabel *>(u"nombre"_s);
-        {
-            const auto noche = enOscuro();
-            m_proveedor->setCodigo(9);
-            QVERIFY(!m_proveedor->Cargar() && contrasteVisto(*nombre) > 4);
-        }
-        m_proveedor->setCodigo(7);
-        m_proveedor->Cargar();
         const int justo = nombre->fontMetrics().horizontalAdvance(nombre->text());
         for (const int falta : {0, 9}) {
             nombre->resize(justo - falta, 20);
             QCOMPARE(ayuda(nombre, {3, 3}), falta == 0 ? QString() : u"<p>Hilos &lt;Cía&gt;</p>"_s);
         }
+        const auto noche = enOscuro();
+        nvProveedor oscuro;
+        oscuro.setcEmpresa(&m_empresa);
+        oscuro.setCodigo(9);
+        oscuro.resize(300, 24);
+        QVERIFY(!oscuro.Cargar() && contrasteVisto(*oscuro.findChild<QLabel *>(u"nombre"_s)) > 4);
     }
 
     void families_know_only_the_children_of_the_levels_above()
