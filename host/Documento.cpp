@@ -448,8 +448,7 @@ std::optional<Moneda> Documento::unidadesEscritas()
         if (escrito.section(u',', 0, 0).remove(u'-').size() <= CifrasUnidades)
             return unidades;
         queja = u"Demasiadas unidades: %1."_s.arg(escrito);
-    } catch (const Error &) {
-    }
+    } catch (const Error &) {}
     m_unidades->setFocus();
     m_unidades->selectAll();
     decir(m_unidades, queja);
