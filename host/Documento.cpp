@@ -207,7 +207,7 @@ void Documento::ponerContexto()
 {
     if (!m_articulo)
         return;
-    m_articulo->Cliente = m_cliente->Codigo();
+    m_articulo->Cliente = codigoDe(*m_cliente);
     m_articulo->AlmacenStock = static_cast<qint16>(m_almacen->currentData().toInt());
 }
 
@@ -236,14 +236,20 @@ bool Documento::leidoSinPreguntar()
     if (lectura.hallazgo == LecturaCallada::eHallazgo::Articulo)
         return false;
     const bool varios = lectura.hallazgo == LecturaCallada::eHallazgo::Varios;
-    m_lineas->anadirEnEspera(leido, varios ? u"VARIOS ARTÍCULOS"_s : u"SIN ARTÍCULO"_s);
+    dejarEnEspera(leido, varios ? u"VARIOS ARTÍCULOS"_s : u"SIN ARTÍCULO"_s,
+                  !lectura.error.isEmpty() ? lectura.error
+                  : varios                 ? u"«%1» es de varios artículos."_s.arg(leido)
+                                           : u"«%1» no existe."_s.arg(leido));
+    return true;
+}
+
+void Documento::dejarEnEspera(const QString &leido, const QString &motivo, const QString &dicho)
+{
+    m_lineas->anadirEnEspera(leido, motivo);
     siguienteArticulo();
-    decir(m_articulo, !lectura.error.isEmpty() ? lectura.error
-                      : varios                 ? u"«%1» es de varios artículos."_s.arg(leido)
-                                               : u"«%1» no existe."_s.arg(leido));
+    decir(m_articulo, dicho);
     // Nobody looks at the screen while he scans.
     QApplication::beep();
-    return true;
 }
 
 void Documento::alResolver()
@@ -334,17 +340,34 @@ void Documento::asentar(int fila, const QString &codigo, const QString &descripc
 
 void Documento::empezar(const QString &caracteres)
 {
-    // Found, but not yet a line: what begins now is the next one.
-    if (m_articulo->Existe() && !anadirActual())
-        return;
-    m_articulo->setFocus();
-    m_articulo->setText(caracteres);
+    if (alArticulo())
+        m_articulo->setText(caracteres);
 }
 
 void Documento::leer(const QString &codigo)
 {
-    empezar(codigo);
-    pulsarEnCaja(Qt::Key_Return, u"\r"_s);
+    if (!alArticulo())
+        return;
+    // The box would cut it, and the rest may be some other item's.
+    auto &caja = *qobject_cast<CajaTexto *>(m_articulo->focusProxy());
+    if (codigo.size() <= caja.maxLength()) {
+        m_articulo->setText(codigo);
+        pulsarEnCaja(Qt::Key_Return, u"\r"_s);
+    } else if (m_escaner->isChecked()) {
+        dejarEnEspera(codigo.trimmed(), u"SIN ARTÍCULO"_s, u"«%1» no existe."_s.arg(codigo.trimmed()));
+    } else {
+        Q_EMIT Aviso(u"«%1» es demasiado largo."_s.arg(codigo));
+        caja.avisarLargo(codigo.size());
+    }
+}
+
+/// The focus where the next item begins. What is found, but not yet a line, becomes one first.
+bool Documento::alArticulo()
+{
+    if (m_articulo->Existe() && !anadirActual())
+        return false;
+    m_articulo->setFocus();
+    return true;
 }
 
 void Documento::pulsarEnCaja(Qt::Key tecla, const QString &texto)
@@ -407,17 +430,29 @@ bool Documento::anadirActual()
         decir(m_articulo, u"Indique primero un artículo."_s);
         return false;
     }
-    Moneda unidades;
-    try {
-        unidades = Moneda::deTexto(m_unidades->text().trimmed().replace(u',', u'.'));
-    } catch (const Error &) {
-        m_unidades->setFocus();
-        decir(m_unidades, u"Las unidades no son un número."_s);
+    const std::optional<Moneda> unidades = unidadesEscritas();
+    if (!unidades)
         return false;
-    }
-    m_lineas->anadir(linea(m_articulo->Codigo(), descripcionActual(), unidades));
+    m_lineas->anadir(linea(m_articulo->Codigo(), descripcionActual(), *unidades));
     siguienteArticulo();
     return true;
+}
+
+/// None, and said, when they are no number or one that somebody has scanned.
+std::optional<Moneda> Documento::unidadesEscritas()
+{
+    const QString escrito = m_unidades->text().trimmed();
+    QString queja = u"Las unidades no son un número."_s;
+    try {
+        const Moneda unidades = Moneda::deTexto(QString(escrito).replace(u',', u'.'));
+        if (escrito.section(u',', 0, 0).remove(u'-').size() <= CifrasUnidades)
+            return unidades;
+        queja = u"Demasiadas unidades: %1."_s.arg(escrito);
+    } catch (const Error &) {}
+    m_unidades->setFocus();
+    m_unidades->selectAll();
+    decir(m_unidades, queja);
+    return std::nullopt;
 }
 
 /// Nothing in the box that is not a line yet.

@@ -63,17 +63,19 @@ private:
 
     void alTecla(qint16 &codigo);
     bool leidoSinPreguntar();
+    void dejarEnEspera(const QString &leido, const QString &motivo, const QString &dicho);
     void alResolver();
     void pedirArticulo(int fila, bool buscando);
     void asentar(int fila, const QString &codigo, const QString &descripcion);
     void anadirVarios();
+    bool alArticulo();
     bool anadirActual();
+    std::optional<Moneda> unidadesEscritas();
     LineaArticulo linea(const QString &codigo, const QString &descripcion, Moneda unidades);
     QString descripcionActual() const;
     void pulsarEnCaja(Qt::Key tecla, const QString &texto);
     bool asentarActual();
     bool nadaEnEspera();
-    bool puedeVaciarse();
     void alVaciar();
     void finalizar();
     void vaciar();

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "platform/pickers/SelectorCodigo.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
+#include <algorithm>
 #include <initializer_list>
+#include <limits>
 
 /// What every form of the host is put together with.
 namespace mostrador::formas {
@@ -22,6 +26,12 @@ inline QLabel *rotulo(const QString &texto, QWidget *de)
     auto *nuevo = new QLabel(texto);
     nuevo->setBuddy(de);
     return nuevo;
+}
+
+/// 0 for any; a number that no code can be is one that nothing has.
+inline qint32 codigoDe(const nv::SelectorCodigo &selector)
+{
+    return static_cast<qint32>(std::min<qint64>(selector.CodigoBuscado(), std::numeric_limits<qint32>::max()));
 }
 
 /// One beside the other; a null takes the room that is left.

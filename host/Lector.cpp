@@ -15,7 +15,7 @@ namespace mostrador {
 
 /// Characters in a burst that no hand types.
 constexpr qsizetype Lectura = 3;
-constexpr qsizetype LecturaEnCampo = 5; ///< of figures, which a field might want
+constexpr qsizetype LecturaEnCampo = 4; ///< of figures, which a field might want
 
 Lector::Lector(QWidget *ventana)
     : QObject(ventana)

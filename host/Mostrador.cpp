@@ -48,7 +48,12 @@ Mostrador::Mostrador(const Opciones &opciones)
     reparto->addWidget(crearLateral());
     reparto->setStretchFactor(0, 1);
     reparto->setSizes({800, 380});
-    setCentralWidget(reparto);
+    // Large letters want more than some screens have.
+    auto *vista = new QScrollArea;
+    vista->setWidget(reparto);
+    vista->setWidgetResizable(true);
+    vista->setFrameShape(QFrame::NoFrame);
+    setCentralWidget(vista);
     QMenu *archivo = menuBar()->addMenu(u"&Archivo"_s);
     archivo->addAction(u"&Abrir catálogo…"_s, QKeySequence::Open, this, &Mostrador::elegirBase);
     archivo->addAction(u"Abrir base del ser&vidor…"_s, this, &Mostrador::elegirServidor);
@@ -74,7 +79,8 @@ Mostrador::Mostrador(const Opciones &opciones)
     connect(lector, &Lector::Leido, m_documento, &Documento::leer);
     connect(lector, &Lector::Acabada, m_documento, &Documento::setRafaga);
     const QSize habitual(1180, 720); // at the toolkit's usual letters
-    resize((habitual * (font().pointSizeF() / 9)).boundedTo(screen()->availableSize()).expandedTo(habitual));
+    const QSize deseado = (habitual * (font().pointSizeF() / 9)).expandedTo(habitual);
+    resize(deseado.boundedTo(screen()->availableSize()));
     poner(nullptr);
 }
 

@@ -75,7 +75,7 @@ QWidget *PanelAjustes::grupoArticulo()
         columna->addWidget(propiedad(nombre));
     m_proveedor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     connect(m_proveedor, &SelectorCodigo::Cambio, this,
-            [this] { escribir([this] { m_articulo->setProveedor(m_proveedor->Codigo()); }); });
+            [this] { escribir([this] { m_articulo->setProveedor(codigoDe(*m_proveedor)); }); });
     columna->addLayout(enFila({rotulo(u"&Proveedor:"_s, m_proveedor->caja()), m_proveedor}));
     return grupo;
 }
@@ -157,7 +157,7 @@ void PanelAjustes::releer()
         m_modelo->setCurrentIndex(m_base->empresa().ValorEntero16(ClaveModelo));
         for (const auto &leer : m_lecturas)
             leer();
-        if (m_proveedor->Codigo() != m_articulo->Proveedor())
+        if (codigoDe(*m_proveedor) != m_articulo->Proveedor())
             m_proveedor->setCodigo(m_articulo->Proveedor());
         m_proveedor->Cargar();
     });

@@ -1,4 +1,5 @@
 #include "Formulario.h"
+#include "support/Contraste.h"
 #include "support/Programa.h"
 
 #include <QAccessible>
@@ -104,6 +105,17 @@ private Q_SLOTS:
             forma.articulo->setEnabled(false);
             QCOMPARE(fondo(), u"#e0e0e0"_s);
         }
+    }
+
+    void letters_of_the_box_are_read_on_a_dark_screen_too()
+    {
+        const auto noche = enOscuro();
+        Formulario forma;
+        teclear(forma.caja(), u"8412"_s);
+        QVERIFY(forma.caja()->hasFocus() && contrasteVisto(*forma.caja()) > 10);
+        forma.despues->setFocus();
+        forma.articulo->setEnabled(false);
+        QVERIFY(contrasteVisto(*forma.caja()) > 10);
     }
 
     void screen_readers_hear_the_label_that_leads_to_the_box()

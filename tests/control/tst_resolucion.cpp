@@ -156,6 +156,7 @@ private Q_SLOTS:
             .NUEVA → txtArticulo=77 txtProv=8 F9  →         → 12|ABC|1 12|COMUN|1 77|COMUN|1 77|NUEVA|0   → ¡ Atención !
             .NUEVA → txtArticulo=1234 txtProv=8 F9 →        → 12|ABC|1 12|COMUN|1 77|COMUN|1 1234|NUEVA|1 → ¡ Atención !
             .NUEVA → txtArticulo=77 txtProv=7 txtReferencia=ABC F9 → Sí → 12|COMUN|1 77|ABC|0 77|COMUN|1  → Confirmar
+            .NUEVA → txtArticulo=12 txtProv=7 txtReferencia=ABC F9 → → 12|ABC|1 12|COMUN|1 77|COMUN|1    → ¡ Atención !
             .NUEVA → txtArticulo=77 txtProv=7 F12 →         → =                 → ¡ Atención !)"_s)) {
             const QString consulta =
                 entrada.startsWith(u'/')

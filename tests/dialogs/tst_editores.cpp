@@ -152,6 +152,38 @@ private Q_SLOTS:
             QCOMPARE(u"%1|%2|%3"_s.arg(dialogo.Articulo, dialogo.CodBarras).arg(dialogo.Unidades), c[5]);
         }
     }
+
+    void what_cannot_be_attached_stays_as_it_was_typed()
+    {
+        const auto probar = [this](auto dialogo, const QString &campo) {
+            using Dialogo = std::remove_pointer_t<decltype(dialogo.get())>;
+            int veces = 0;
+            dialogo->cEmpresa = &m_empresa;
+            dialogo->Articulo = u"1"_s;
+            dialogo->AlAceptar = [&veces](Dialogo &) { return ++veces > 1; };
+            Conductor conductor;
+            conductor.con<Dialogo>([&](Dialogo &f) {
+                auto *escrito = f.template findChild<QLineEdit *>(campo);
+                auto *articulo = f.template findChild<QWidget *>(u"txtArticulo"_s);
+                teclear(articulo->focusProxy(), u"12"_s); // whose name has gone with the first letter
+                QVERIFY(articulo->property("Nombre").toString().isEmpty());
+                pulsar(&f, u"Backspace"_s);
+                escrito->setText(u"84"_s);
+                pulsar(&f, u"F9"_s);
+                QVERIFY(veces == 1 && f.isVisible() && escrito->text() == u"84" && escrito->hasFocus());
+                pulsar(&f, u"F9"_s);
+                QVERIFY(veces == 2 && !f.isVisible());
+            });
+            dialogo->MostrarModal();
+            QVERIFY(conductor.terminado() && dialogo->Aceptado);
+        };
+        auto referencia = std::make_unique<frmReferencias_Modificar>(m_ventana.get());
+        referencia->Proveedor = 7;
+        probar(std::move(referencia), u"txtReferencia"_s);
+        auto barras = std::make_unique<frmCodBarra_Datos>(m_ventana.get());
+        barras->CodBarras = u"85"_s;
+        probar(std::move(barras), u"txtCB"_s);
+    }
 };
 
 NV_PRUEBA(tst_Editores)

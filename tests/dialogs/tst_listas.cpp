@@ -105,6 +105,17 @@ private Q_SLOTS:
         QCOMPARE(conductor.cajas().front().icono, QMessageBox::Critical);
     }
 
+    void values_that_cannot_be_read_are_not_offered()
+    {
+        m_base->ejecutar(u"DROP TABLE Alternativos_Valores"_s);
+        frmAlternativos_Eleccion dialogo(nullptr);
+        dialogo.Ids = u",3,"_s;
+        Conductor conductor;
+        conductor.responde(u"Aceptar"_s);
+        dialogo.MostrarModal();
+        QVERIFY(conductor.terminado() && !dialogo.Aceptado && dialogo.Ids == u",3,");
+    }
+
     void values_are_chosen_by_identifier()
     {
         // The identifiers that come in, what they choose; the keys; whether accepted, identifiers and texts then.

@@ -9,12 +9,14 @@
 #include "support/BaseDatos.h"
 #include "support/Conductor.h"
 #include "support/Programa.h"
+#include "support/Recortes.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +103,15 @@ private Q_SLOTS:
         m_mostrador->reiniciar(5);
         QVERIFY(m_mostrador->documento().articulo()->Modelo() == 5 && widget<QCheckBox>("chkVital").isChecked());
         QVERIFY(!widget<QCheckBox>("chkPermisoReferencias").isChecked());
+    }
+
+    void the_window_is_no_larger_than_the_screen()
+    {
+        const auto grande = conLetra(24);
+        m_mostrador = std::make_unique<Mostrador>(m_opciones);
+        m_mostrador->show();
+        const QSize pantalla = m_mostrador->screen()->availableSize();
+        QCOMPARE(m_mostrador->size().expandedTo(pantalla), pantalla);
     }
 
     void without_a_catalogue_the_window_still_works()

@@ -2,6 +2,8 @@
 #include "support/Programa.h"
 #include "support/Recortes.h"
 
+#include <QSizeGrip>
+
 using namespace nv::pruebas;
 
 /// What every search dialog promises to the component that opens it, and to who stands before it.
@@ -43,6 +45,8 @@ private Q_SLOTS:
         m->pedido.GuardarBusqueda = true;
         m->abrir(modelo, [&](const Vista &v) {
             QVERIFY(v.enfocado(v.caja()));
+            const auto *tirador = v.d.findChild<QSizeGrip *>();
+            QVERIFY(tirador && tirador->isVisible() && v.d.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
             for (const auto *caja : v.d.findChildren<QLineEdit *>(Qt::FindDirectChildrenOnly))
                 QVERIFY2(!caja->placeholderText().isEmpty() || v.llevaRotulo(caja), qPrintable(caja->objectName()));
             if (!porCriterios)
@@ -332,6 +336,11 @@ private Q_SLOTS:
             v.aprieta("cmdAceptar");
             QVERIFY(!v.d.isVisible());
         });
+        m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"0"_s;
+        m->abrir(modelo, [](const Vista &v) {
+            v.busca(u"T"_s);
+            QVERIFY(v.campo<QLabel>("lblResultado")->text().endsWith(u" es 0: no se muestra nada"));
+        });
     }
 
     void letters_of_any_size_are_whole_and_a_wider_window_is_for_the_descriptions()
@@ -341,6 +350,7 @@ private Q_SLOTS:
             m->abrir(modelo, [this](const Vista &v) {
                 v.busca(u"TORN"_s);
                 QCOMPARE(recortes(&v.d).join(u'\n'), QString());
+                QCOMPARE(v.lista()->fontMetrics().height(), v.d.fontMetrics().height());
                 v.d.resize(3900, 700); // wider than all columns of any
                 QCoreApplication::processEvents();
                 const int descripcion = v.columnaCodigo() + 1, antes = v.lista()->columnWidth(descripcion);

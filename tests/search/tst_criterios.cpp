@@ -60,6 +60,18 @@ private Q_SLOTS:
         }
     }
 
+    void the_name_of_a_code_is_there_before_its_search()
+    {
+        m->abrir(modelo, [this](const Vista &v) {
+            QString visto;
+            m->alBuscar = [&] { visto = nombre(v, "txtProveedor"); };
+            v.escribe("txtProveedor", u"7"_s);
+            v.pulsa(Qt::Key_F9);
+            m->alBuscar = {};
+            QCOMPARE(visto, u"HIERROS"_s);
+        });
+    }
+
     void alt_and_the_letter_of_a_label_lead_to_its_field()
     {
         m->abrir(modelo, [](const Vista &v) {

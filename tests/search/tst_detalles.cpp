@@ -1,9 +1,10 @@
 #include "Busquedas.h"
-#include "platform/widgets/Colores.h"
 #include "platform/widgets/Twips.h"
 #include "platform/widgets/nvCheckBox.h"
 #include "search/piezas/CajaImagen.h"
 #include "search/piezas/PanelDetalles.h"
+#include "search/piezas/PanelSurtido.h"
+#include "support/Contraste.h"
 #include "support/Programa.h"
 
 #include <QLabel>
@@ -79,23 +80,14 @@ private Q_SLOTS:
         QCOMPARE(visto(u"3"_s), u"4,00 4,00 0,00 0,00 Tornillería fina rojo"_s);
         QCOMPARE(visto(u"24"_s), u"0,00 0,00 0,00 0,00 "_s); // of the item before nothing stays
         // Red and blue are made to be read on white.
-        const QPalette claro = QApplication::palette();
-        const auto devolver = qScopeGuard([&claro] { QApplication::setPalette(claro); });
-        QApplication::setPalette(
-            QPalette(Qt::white, QColor(45, 45, 45), Qt::gray, Qt::black, Qt::gray, Qt::white, QColor(30, 30, 30)));
-        nv::PanelDetalles oscuro(nullptr);
+        const auto noche = enOscuro();
+        nv::PanelSurtido oscuro(nullptr);
         oscuro.preparar(m->empresa, 0);
         for (const QString &codigo : {u"1"_s, u"3"_s}) {
             oscuro.DevPropiedades(codigo);
-            auto *cifra = oscuro.findChild<QLabel *>(u"lblDisponible"_s);
-            const QImage imagen = cifra->grab().toImage();
-            const QColor fondo = imagen.pixelColor(4, imagen.height() / 2);
-            double mejor = 1;
-            for (int i = 0; i < imagen.width() * imagen.height(); ++i)
-                mejor = std::max(
-                    mejor, nv::colores::contraste(imagen.pixelColor(i % imagen.width(), i / imagen.width()), fondo));
-            QVERIFY2(qGray(fondo.rgb()) < 128 && mejor > 4, qPrintable(fondo.name()));
+            QVERIFY(contrasteVisto(*oscuro.findChild<QLabel *>(u"lblDisponible"_s)) > 4);
         }
+        QVERIFY(contrasteVisto(*oscuro.findChild<QLabel *>(u"lblSurtObligatorio"_s)) > 4);
     }
 
     void pictures()
@@ -263,6 +255,9 @@ private Q_SLOTS:
                 v.escribe("txtRanking", caso[1]);
                 v.pulsa(Qt::Key_F9);
                 QVERIFY2(v.lista()->filasDatos() == 6 && v.columna(4).startsWith(u"0,00"), "no warehouse, no ranking");
+                v.escribe("txtAlmacen", u"4294967298"_s);
+                v.pulsa(Qt::Key_F9);
+                QVERIFY2(v.codigos().isEmpty() || caso[1] == u"0", "no warehouse can have that number");
                 v.escribe("txtAlmacen", u"2"_s);
                 for (int vez = 0; vez < 2; ++vez) {
                     v.pulsa(Qt::Key_F9);

@@ -126,6 +126,18 @@ private Q_SLOTS:
         QCOMPARE(m->codigo, u"3"_s); // where one is wanted the others do not count
     }
 
+    void what_the_limit_has_cut_is_sorted_no_further()
+    {
+        m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"2"_s;
+        m->abrir(1, [](const Vista &v) {
+            v.busca(u"T"_s);
+            titulo(v, 2);
+            for (const int fila : {2, 1})
+                v.lista()->setFilaActual(fila);
+            QCOMPARE(v.campo<QLabel>("lblResultado")->text(), u"1 de 2 mostrados, hay más sin ordenar"_s);
+        });
+    }
+
     void rows_that_come_later_are_marked_and_stay_last()
     {
         m->articulosZZ(250);

@@ -7,6 +7,7 @@
 #include "platform/pickers/nvProveedor.h"
 #include "platform/pickers/nvTemporada.h"
 #include "platform/widgets/nvTextBox.h"
+#include "support/Contraste.h"
 #include "support/Ventana.h"
 
 #include <QLabel>
@@ -65,6 +66,12 @@ private Q_SLOTS:
             nombre->resize(justo - falta, 20);
             QCOMPARE(ayuda(nombre, {3, 3}), falta == 0 ? QString() : u"<p>Hilos &lt;Cía&gt;</p>"_s);
         }
+        const auto noche = enOscuro();
+        nvProveedor oscuro;
+        oscuro.setcEmpresa(&m_empresa);
+        oscuro.setCodigo(9);
+        oscuro.resize(300, 24);
+        QVERIFY(!oscuro.Cargar() && contrasteVisto(*oscuro.findChild<QLabel *>(u"nombre"_s)) > 4);
     }
 
     void families_know_only_the_children_of_the_levels_above()
@@ -152,7 +159,8 @@ private Q_SLOTS:
         // Typed into the box, and then into the grid; keys; what is in the box then.
         for (const QStringList &c :
              tabla(u"→→Up Up Return→12Botones;→→PgUp Down Return→70001Cinturón y Piel;→→Return→7Hilos <Cía>;"
-                   u"→→Esc→7Hilos <Cía>;nadie→→Return Ctrl+A Del PgUp Return→12Botones;"
+                   u"→→Esc→7Hilos <Cía>;→→Up F12→7Hilos <Cía>;→→Up F9→70001Cinturón y Piel;nadie→→Return Ctrl+A Del "
+                   u"PgUp Return→12Botones;"
                    u"PIEL→→Return→70001Cinturón y Piel;CI→n→Return→70001Cinturón y Piel"_s)) {
             Conductor conductor;
             conductor.con<nv::ListaCodigos>([&](nv::ListaCodigos &lista) {
