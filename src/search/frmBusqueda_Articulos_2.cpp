@@ -18,7 +18,6 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
@@ -117,8 +116,7 @@ frmBusqueda_Articulos_2::frmBusqueda_Articulos_2(QWidget *padre)
             elegidos << codigo;
         aspecto().guardar(u"Almacenes"_s, elegidos);
     });
-    connect(lista->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
-            &frmBusqueda_Articulos_2::decirResultado);
+    connect(m_orden, &nv::OrdenRejilla::Ordenada, this, &frmBusqueda_Articulos_2::decirResultado);
 }
 
 void frmBusqueda_Articulos_2::montarPestanas()

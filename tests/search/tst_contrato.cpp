@@ -339,7 +339,7 @@ private Q_SLOTS:
         m->empresa.valores[u"Articulos_BusquedaCantMax"_s] = u"0"_s;
         m->abrir(modelo, [](const Vista &v) {
             v.busca(u"T"_s);
-            QVERIFY(v.campo<QLabel>("lblResultado")->text().endsWith(u" es 0: no se muestra nada"));
+            QVERIFY(v.campo<QLabel>("lblResultado")->text().endsWith(u"(«0») no deja mostrar nada"));
         });
     }
 

@@ -71,6 +71,7 @@ void OrdenRejilla::ordenarPor(int columna)
         [orden = menor(columna, anotado->second)](int filaA, int filaB) { return orden(filaA - 1, filaB - 1); });
     m_rejilla->horizontalHeader()->setSortIndicator(columna, anotado->second);
     m_rejilla->horizontalHeader()->setSortIndicatorShown(true);
+    Q_EMIT Ordenada();
 }
 
 MenorFila OrdenRejilla::menor(int columna, Qt::SortOrder sentido) const

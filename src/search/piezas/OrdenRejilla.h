@@ -34,6 +34,9 @@ public:
     /// Ascending without a column.
     Qt::SortOrder sentido() const;
 
+Q_SIGNALS:
+    void Ordenada(); ///< by hand, just now
+
 private:
     void ordenarPor(int columna);
     MenorFila menor(int columna, Qt::SortOrder sentido) const;
