@@ -161,13 +161,15 @@ void BusquedaTextoLibre::alAbrir()
     m_marcadas->setVisible(MultiResultado);
     m_todas->setVisible(MultiResultado);
     mensajes::Fallos fallos;
-    const bool ajustada = fallos.paso([this] { ajustar(); });
+    const bool busca = !Busqueda_Descripcion.isEmpty();
+    mensajes::Fallos deBusqueda; // which reads again what has failed, and says so if it still does
+    (busca ? deBusqueda : fallos).paso([this] { ajustar(); });
     fallos.paso([this] { leerParametro(); });
     ordenarTabulacion(false);
     encajar();
     m_caja->setFocus();
     m_caja->selectAll();
-    if (!fallos.mostrar(this, windowTitle()) || !ajustada || Busqueda_Descripcion.isEmpty())
+    if (!fallos.mostrar(this, windowTitle()) || !busca)
         return;
     // The grid is then the first in the tab order of a form that is about to appear.
     if (Recuperar_Registros(Busqueda_Descripcion) && rejilla()->filasDatos() > 0)

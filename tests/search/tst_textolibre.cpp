@@ -99,6 +99,23 @@ private Q_SLOTS:
                 QVERIFY(v.columna(3) == u"4|3" && v.columna(5) == u"9,00|10,50");
             }
         });
+        // Of a failure that has passed meanwhile the automatic search knows nothing.
+        struct Vuelve : nv::OyenteSentencias
+        {
+            void sentencia(const nv::SucesoSentencia &suceso) override
+            {
+                if (!suceso.error.isEmpty())
+                    base.devolver(u"Almacenes"_s);
+            }
+            CatalogoBusquedas &base;
+            explicit Vuelve(CatalogoBusquedas &b)
+                : base(b)
+            {}
+        } vuelve(*m);
+        m->quitar(u"Almacenes"_s);
+        m->conexion().escuchar(&vuelve);
+        m->abrir(2, recordando(u"TORN"_s, 2), [](const Vista &v) { QCOMPARE(v.codigos(), u"2|1"_s); });
+        m->conexion().dejarDeEscuchar(&vuelve);
     }
 
     void prices_have_the_decimals_of_their_tariff_and_the_taxes_declared()
