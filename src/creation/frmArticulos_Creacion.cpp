@@ -1,4 +1,5 @@
 #include "creation/frmArticulos_Creacion.h"
+#include "creation/CodigosElegidos.h"
 
 #include "common/Valores.h"
 #include "creation/ComprobacionBarras.h"
@@ -234,12 +235,12 @@ bool frmArticulos_Creacion::Validar_Articulo()
         return false;
     };
     nv::AltaArticulo &nueva = alta();
-    if (!cabeLoElegido())
+    if (!nv::cabeLoElegido(*this, m_campos.existentes(*cEmpresa)))
         return false;
     const nv::FichaAlta ficha = m_campos.ficha();
     if (const std::optional<nv::FaltaCreacion> primera = nueva.falta(ficha))
         return falta(primera->texto, primera->campo);
-    if (!existeLoElegido())
+    if (!nv::existeLoElegido(*this, m_campos.existentes(*cEmpresa)))
         return false;
     if (nv::recortado(ficha.descripcion).isEmpty()) {
         const bool sigue = nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
@@ -252,44 +253,6 @@ bool frmArticulos_Creacion::Validar_Articulo()
     }
     return !nueva.referenciaRepetida(ficha) ||
            falta(u"La referencia especificada ya existe."_s, nv::CampoCreacion::Referencia);
-}
-
-/// False when one of them has a code that nothing can have.
-bool frmArticulos_Creacion::cabeLoElegido()
-{
-    for (const auto &[selector, nombre, maximo] : m_campos.existentes(*cEmpresa)) {
-        if (!maximo || selector->CodigoBuscado() <= *maximo)
-            continue;
-        const QPointer<SelectorCodigo> vivo(selector);
-        nv::mensajes::mostrar(
-            this, u"Validando artículo..."_s,
-            u"%1 %2 no existe: los códigos llegan a %3."_s.arg(nombre, selector->Texto()).arg(*maximo),
-            Icono::Exclamacion);
-        if (vivo)
-            vivo->setFocus();
-        return false;
-    }
-    return true;
-}
-
-/// Asks about each code that there is not. False when the user goes back to one.
-bool frmArticulos_Creacion::existeLoElegido()
-{
-    for (const nv::CamposCreacion::Existente &campo : m_campos.existentes(*cEmpresa)) {
-        const QPointer<SelectorCodigo> selector(campo.selector);
-        const bool ninguno = selector->Texto().isEmpty() || (campo.maximo && selector->CodigoBuscado() == 0);
-        if (ninguno || selector->Existe())
-            continue;
-        const bool sigue =
-            nv::mensajes::preguntar(this, u"Confirmar operación.."_s,
-                                    u"%1 %2 no existe. ¿Desea continuar?"_s.arg(campo.nombre, selector->Texto()),
-                                    Respuesta::No) == Respuesta::Si;
-        if (selector && !sigue)
-            selector->setFocus();
-        if (!selector || !sigue)
-            return false;
-    }
-    return true;
 }
 
 void frmArticulos_Creacion::aceptar()

@@ -62,8 +62,6 @@ private:
     void alPulsarF6();
     void confirmarCodigo();
     void rechazarCodigo(const QString &motivo);
-    bool cabeLoElegido();
-    bool existeLoElegido();
     void permitirAceptar(bool valor);
 
     void aceptar() override;
