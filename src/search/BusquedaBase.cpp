@@ -134,6 +134,7 @@ void BusquedaBase::ordenarTabulacion(bool rejillaPrimero)
 bool BusquedaBase::buscar(const std::function<void()> &busqueda)
 {
     const QPointer<BusquedaBase> vivo(this);
+    const bool conIntro = std::exchange(m_conIntro, false);
     const bool hecha = mensajes::guardar(this, tituloBusqueda(), [&] {
         const PunteroEspera espera;
         const FranjaMensaje::Aviso aviso(m_franja);
@@ -141,13 +142,16 @@ bool BusquedaBase::buscar(const std::function<void()> &busqueda)
         if (!vivo)
             return;
         busqueda();
-        if (vivo)
-            m_tope = limite();
+        if (!vivo)
+            return;
+        m_tope = limite();
+        // Read here, where a failure is shown, for whoever says later how many rows there are.
+        m_ajusteTope = m_tope == 0 ? cEmpresa->Valor(u"Articulos_BusquedaCantMax"_s) : QString();
     });
     if (!hecha || !vivo)
         return false;
     m_buscado = true;
-    if (std::exchange(m_conIntro, false))
+    if (conIntro)
         m_trasIntro.start();
     else
         m_trasIntro.invalidate();
@@ -166,8 +170,7 @@ void BusquedaBase::decirResultado()
     const bool cortada = m_tope && filas >= *m_tope;
     QString texto = u"No hay artículos así"_s;
     if (m_tope == 0)
-        texto = u"Articulos_BusquedaCantMax («%1») no deja mostrar nada"_s.arg(
-            cEmpresa->Valor(u"Articulos_BusquedaCantMax"_s));
+        texto = u"Articulos_BusquedaCantMax («%1») no deja mostrar nada"_s.arg(m_ajusteTope);
     else if (filas > 0)
         texto = (actual > 0 ? u"%1 de %2"_s.arg(actual).arg(filas) : QString::number(filas)) +
                 (cortada || siguenMas() ? u" mostrados"_s

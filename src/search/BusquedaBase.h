@@ -102,6 +102,7 @@ private:
     Rejilla *m_rejilla;
     EtiquetaElidida *m_resultado;
     std::optional<qint32> m_tope; ///< row limit of the last search
+    QString m_ajusteTope;         ///< how the setting reads that lets no row through
     bool m_buscado = false;
     bool m_conIntro = false; ///< the search that comes was begun by Enter
     AspectoBusqueda m_aspecto;

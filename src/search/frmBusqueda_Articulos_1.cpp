@@ -7,6 +7,7 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QScreen>
 #include <utility>
 
@@ -99,17 +100,19 @@ void frmBusqueda_Articulos_1::alternarDetalles()
 {
     extender(!m_extendida);
     centrar(y());
-    refrescarDetalles();
     // For a customer they are shown whatever was wanted last.
     if (Cliente <= 0)
         aspecto().guardar(u"Detalles"_s, m_extendida);
+    refrescarDetalles(); // last: it may show a box, and the window go with it
 }
 
 void frmBusqueda_Articulos_1::restaurarAspecto()
 {
+    const QPointer<frmBusqueda_Articulos_1> vivo(this);
     if (m_extendida != (Cliente > 0))
         alternarDetalles();
-    BusquedaCriterios::restaurarAspecto();
+    if (vivo)
+        BusquedaCriterios::restaurarAspecto();
 }
 
 void frmBusqueda_Articulos_1::cargarPropios(nv::mensajes::Fallos &fallos)

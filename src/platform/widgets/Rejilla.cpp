@@ -2,11 +2,11 @@
 
 #include "platform/widgets/DelegadoRejilla.h"
 #include "platform/widgets/ModeloRejilla.h"
+#include "platform/widgets/TitulosRejilla.h"
 #include "platform/widgets/Twips.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -31,31 +31,6 @@ QPalette conFranjas(QPalette paleta)
                            mezcla(base.blue(), tinte.blue())));
     return paleta;
 }
-
-/// Headings that show that the keys are theirs: no row is current, but the grid has the focus.
-class TitulosRejilla : public QHeaderView
-{
-public:
-    explicit TitulosRejilla(Rejilla *rejilla)
-        : QHeaderView(Qt::Horizontal, rejilla)
-        , m_rejilla(rejilla)
-    {}
-
-protected:
-    void paintSection(QPainter *pintor, const QRect &lugar, int columna) const override
-    {
-        pintor->save(); // the style leaves its clip behind
-        QHeaderView::paintSection(pintor, lugar, columna);
-        pintor->restore();
-        if (!m_rejilla->hasFocus() || m_rejilla->filaActual() != 0)
-            return;
-        const int grosor = std::max(2, lugar.height() / 6);
-        pintor->fillRect(lugar.adjusted(0, lugar.height() - grosor, 0, 0), palette().highlight());
-    }
-
-private:
-    Rejilla *m_rejilla;
-};
 
 } // namespace
 
